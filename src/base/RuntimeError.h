@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+/// The faults that end an operation. The numbers are those that users and support know from error reports.
+enum class Fault {
+    Overflow = 6,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    FileNotFound = 53,
+    FileFault = 75,
+    InvalidUseOfNull = 94,
+    NoCurrentRecord = 3021,
+    ItemNotFound = 3265,
+    NotOpen = 3704,
+    AlreadyOpen = 3705,
+    RowNotFound = 3197,
+    MissingValue = 3314,
+    Syntax = 3075,
+    DiskFull = 3026,
+    Locked = 3045,
+    CannotOpen = 3051,
+    NotADatabase = 3343,
+    Damaged = 3049,
+    Engine = 3000,
+};
+
+/// A failed operation: what went wrong, in words for the user, and the statement or field that it happened in.
+/// It is the only exception of the program. Where nobody is meant to deal with it, it ends the process with an error
+/// report. No text of it holds the database password.
+class RuntimeError : public std::exception {
+public:
+    explicit RuntimeError(Fault fault, const QString &source = {});
+    RuntimeError(Fault fault, const QString &text, const QString &source);
+
+    [[nodiscard]] Fault fault() const { return m_fault; }
+    [[nodiscard]] int number() const { return static_cast<int>(m_fault); }
+    [[nodiscard]] const QString &text() const { return m_text; }
+    [[nodiscard]] const QString &source() const { return m_source; }
+
+    /// The whole report: number, text, and the source where there is one.
+    [[nodiscard]] QString report() const;
+    [[nodiscard]] const char *what() const noexcept override { return m_what.constData(); }
+
+private:
+    Fault m_fault;
+    QString m_text;
+    QString m_source;
+    QByteArray m_what;
+};

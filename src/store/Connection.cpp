@@ -1,0 +1,344 @@
+#include "store/Connection.h"
+
+#include "base/RuntimeError.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+#include <sqlite3.h>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QByteArrayView password("bluepaperwindow");
+constexpr int busyMilliseconds = 2000;
+constexpr qsizetype mostStatements = 400;
+
+// Set explicitly, with the values that both major versions of the library can read (see docs/decisions/0002).
+// Older versions pass over the names that they do not know.
+constexpr auto cipherSettings = "PRAGMA cipher_page_size = 4096;"
+                                "PRAGMA kdf_iter = 64000;"
+                                "PRAGMA cipher_hmac_algorithm = HMAC_SHA1;"
+                                "PRAGMA cipher_kdf_algorithm = PBKDF2_HMAC_SHA1;";
+constexpr auto durability = "PRAGMA journal_mode = DELETE;"
+                            "PRAGMA synchronous = FULL;";
+
+std::string_view textOf(sqlite3_value *value)
+{
+    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(value));
+    return {text ? text : "", static_cast<size_t>(sqlite3_value_bytes(value))};
+}
+
+int folded(void *, int sizeA, const void *a, int sizeB, const void *b)
+{
+    return jetsql::compareFolded({static_cast<const char *>(a), static_cast<size_t>(sizeA)},
+        {static_cast<const char *>(b), static_cast<size_t>(sizeB)});
+}
+
+void like(sqlite3_context *context, int, sqlite3_value **arguments)
+{
+    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
+        return sqlite3_result_null(context);
+    const auto asText = [](sqlite3_value *value) {
+        const auto text = textOf(value);
+        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    };
+    sqlite3_result_int(context, jetsql::isLike(asText(arguments[1]), asText(arguments[0])) ? 1 : 0);
+}
+
+/// month(..), day(..), year(..): the two or four digits at the place that the stored form gives them.
+void datePart(sqlite3_context *context, int, sqlite3_value **arguments)
+{
+    const auto *place = static_cast<const std::pair<int, int> *>(sqlite3_user_data(context));
+    const auto text = textOf(arguments[0]);
+    if (text.size() < 10)
+        return sqlite3_result_null(context);
+    int number = 0;
+    for (const char c : text.substr(static_cast<size_t>(place->first), static_cast<size_t>(place->second)))
+        number = number * 10 + (c - '0');
+    sqlite3_result_int(context, number);
+}
+
+constexpr std::pair yearPlace{0, 4};
+constexpr std::pair monthPlace{5, 2};
+constexpr std::pair dayPlace{8, 2};
+
+/// sum(..) that is exact for money: adds ten-thousandths as whole numbers as long as every value is one.
+struct Sum {
+    qint64 exact;
+    double plain;
+    qint64 count;
+    bool inexact;
+    bool fractional;
+};
+
+void sumStep(sqlite3_context *context, int, sqlite3_value **arguments)
+{
+    auto *sum = static_cast<Sum *>(sqlite3_aggregate_context(context, sizeof(Sum)));
+    if (!sum || sqlite3_value_type(arguments[0]) == SQLITE_NULL)
+        return;
+    const double value = sqlite3_value_double(arguments[0]);
+    sum->plain += value;
+    ++sum->count;
+    sum->fractional = sum->fractional || sqlite3_value_numeric_type(arguments[0]) != SQLITE_INTEGER;
+    const double units = std::nearbyint(value * Currency::Scale);
+    const bool money = std::fabs(units) < 9e18 && units / Currency::Scale == value;
+    if (!money || qAddOverflow(sum->exact, static_cast<qint64>(units), &sum->exact))
+        sum->inexact = true;
+}
+
+void sumResult(sqlite3_context *context)
+{
+    const auto *sum = static_cast<Sum *>(sqlite3_aggregate_context(context, 0));
+    if (!sum || sum->count == 0)
+        sqlite3_result_null(context);
+    else if (sum->inexact)
+        sqlite3_result_double(context, sum->plain);
+    else if (sum->fractional)
+        sqlite3_result_double(context, Currency::fromTenThousandths(sum->exact).toDouble());
+    else
+        sqlite3_result_int64(context, sum->exact / Currency::Scale);
+}
+
+void addDialect(sqlite3 *database)
+{
+    constexpr int pure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+    const auto part = [database](const char *name, const std::pair<int, int> &place) {
+        sqlite3_create_function_v2(
+            database, name, 1, pure, const_cast<std::pair<int, int> *>(&place), datePart, nullptr, nullptr, nullptr);
+    };
+    sqlite3_create_collation_v2(database, "FOLDED", SQLITE_UTF8, nullptr, folded, nullptr);
+    sqlite3_create_function_v2(database, "like", 2, pure, nullptr, like, nullptr, nullptr, nullptr);
+    sqlite3_create_function_v2(database, "sum", 1, pure, nullptr, nullptr, sumStep, sumResult, nullptr);
+    part("year", yearPlace);
+    part("month", monthPlace);
+    part("day", dayPlace);
+}
+
+Fault faultOf(int code, bool proven)
+{
+    switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return Fault::Locked;
+    case SQLITE_CORRUPT: return Fault::Damaged;
+    case SQLITE_NOTADB: return proven ? Fault::Damaged : Fault::NotADatabase;
+    case SQLITE_FULL: return Fault::DiskFull;
+    case SQLITE_CANTOPEN: return Fault::CannotOpen;
+    case SQLITE_READONLY:
+    case SQLITE_IOERR:
+    case SQLITE_PERM: return Fault::FileFault;
+    case SQLITE_CONSTRAINT: return Fault::MissingValue;
+    case SQLITE_ERROR: return Fault::Syntax;
+    default: return Fault::Engine;
+    }
+}
+
+int bindValue(sqlite3_stmt *statement, int place, const Value &value)
+{
+    const auto bindText = [statement, place](const QString &text) {
+        const QByteArray utf8 = text.toUtf8();
+        return sqlite3_bind_text(statement, place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+    };
+    const auto &data = value.data();
+    if (const auto *whole = std::get_if<qint64>(&data))
+        return sqlite3_bind_int64(statement, place, *whole);
+    if (const auto *number = std::get_if<double>(&data))
+        return sqlite3_bind_double(statement, place, *number);
+    if (const auto *amount = std::get_if<Currency>(&data))
+        return sqlite3_bind_double(statement, place, amount->toDouble());
+    if (const auto *text = std::get_if<QString>(&data))
+        return bindText(*text);
+    if (const auto *moment = std::get_if<QDateTime>(&data))
+        return bindText(jetsql::storedDate(*moment));
+    return sqlite3_bind_null(statement, place);
+}
+
+} // namespace
+
+Connection::Connection() = default;
+
+Connection::~Connection()
+{
+    close();
+}
+
+void Connection::open(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.exists())
+        throw RuntimeError(Fault::FileNotFound, path);
+    if (!file.isFile() || !file.isReadable() || !file.isWritable())
+        throw RuntimeError(Fault::CannotOpen, u"The file cannot be opened for reading and writing."_s, path);
+    openHandle(path, SQLITE_OPEN_READWRITE);
+    auto closeOnFailure = qScopeGuard([this] { close(); });
+    proveReadable(path);
+    closeOnFailure.dismiss();
+}
+
+void Connection::create(const QString &path)
+{
+    if (QFileInfo::exists(path))
+        throw RuntimeError(Fault::FileFault, u"The file exists already."_s, path);
+    openHandle(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    m_proven = true;
+    sqlite3_exec(m_database, durability, nullptr, nullptr, nullptr);
+}
+
+void Connection::openHandle(const QString &path, int flags)
+{
+    if (isOpen())
+        throw RuntimeError(Fault::AlreadyOpen, path);
+    sqlite3 *handle = nullptr;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &handle, flags, nullptr);
+    if (code != SQLITE_OK) {
+        sqlite3_close(handle);
+        throw RuntimeError(Fault::CannotOpen, path);
+    }
+    m_database = handle;
+    m_proven = false;
+    sqlite3_extended_result_codes(handle, 1);
+    sqlite3_busy_timeout(handle, busyMilliseconds);
+    sqlite3_key(handle, password.data(), static_cast<int>(password.size()));
+    sqlite3_exec(handle, cipherSettings, nullptr, nullptr, nullptr);
+    addDialect(handle);
+}
+
+void Connection::proveReadable(const QString &path)
+{
+    const auto number = [&](const QByteArray &sql) {
+        Statement statement(*this, sql, {}, path);
+        return statement.step() ? sqlite3_column_int64(statement.handle(), 0) : 0;
+    };
+    if (number("select count(*) from sqlite_master where type='table' and name='Settings' collate nocase") == 0)
+        throw RuntimeError(Fault::NotADatabase, path);
+    // A copy that was cut short still has a readable beginning; what its first page promises must be there.
+    if (QFileInfo(path).size() < number("PRAGMA page_count") * number("PRAGMA page_size"))
+        throw RuntimeError(Fault::Damaged, path);
+    m_proven = true;
+    number("select count(*) from Settings");
+    sqlite3_exec(m_database, durability, nullptr, nullptr, nullptr);
+}
+
+void Connection::close()
+{
+    for (sqlite3_stmt *statement : std::as_const(m_statements))
+        sqlite3_finalize(statement);
+    m_statements.clear();
+    sqlite3_close_v2(m_database);
+    m_database = nullptr;
+    m_groupDepth = 0;
+    ++m_writeCount;
+}
+
+int Connection::execute(const QString &statement)
+{
+    const auto translation = jetsql::translate(statement);
+    return run(translation.sql, translation.values, statement);
+}
+
+void Connection::define(const QString &sql)
+{
+    run(sql.toUtf8(), {}, sql);
+}
+
+int Connection::run(const QByteArray &sql, const std::vector<Value> &values, const QString &source)
+{
+    Statement statement(*this, sql, values, source);
+    while (statement.step()) { }
+    return rowsChanged();
+}
+
+int Connection::rowsChanged() const
+{
+    return sqlite3_changes(m_database);
+}
+
+qint64 Connection::lastRowNumber() const
+{
+    return sqlite3_last_insert_rowid(m_database);
+}
+
+sqlite3_stmt *Connection::prepared(const QByteArray &sql, const QString &source)
+{
+    if (!isOpen())
+        throw RuntimeError(Fault::NotOpen, source);
+    if (sqlite3_stmt *known = m_statements.value(sql))
+        return known;
+    if (m_statements.size() >= mostStatements) {
+        for (auto it = m_statements.begin(); it != m_statements.end();) {
+            const bool busy = sqlite3_stmt_busy(it.value()) != 0;
+            if (!busy)
+                sqlite3_finalize(it.value());
+            it = busy ? std::next(it) : m_statements.erase(it);
+        }
+    }
+    sqlite3_stmt *statement = nullptr;
+    const int code = sqlite3_prepare_v2(m_database, sql.constData(), static_cast<int>(sql.size()), &statement, nullptr);
+    if (code != SQLITE_OK)
+        fail(code, source);
+    m_statements.insert(sql, statement);
+    return statement;
+}
+
+void Connection::fail(int code, const QString &source) const
+{
+    const Fault fault = faultOf(code, m_proven);
+    const QString said = QString::fromUtf8(sqlite3_errmsg(m_database));
+    if (fault == Fault::Syntax || fault == Fault::MissingValue || fault == Fault::Engine)
+        throw RuntimeError(fault, said, source);
+    throw RuntimeError(fault, source);
+}
+
+Connection::Statement::Statement(
+    Connection &connection, const QByteArray &sql, const std::vector<Value> &values, const QString &source)
+    : m_connection(connection), m_handle(connection.prepared(sql, source)), m_source(source)
+{
+    // A text from outside may hold "?" nowhere: every literal was taken out, so the counts agree or the statement is
+    // wrong.
+    if (sqlite3_bind_parameter_count(m_handle) != static_cast<int>(values.size()))
+        throw RuntimeError(Fault::Syntax, source);
+    for (size_t i = 0; i < values.size(); ++i) {
+        const int code = bindValue(m_handle, static_cast<int>(i) + 1, values[i]);
+        if (code != SQLITE_OK)
+            m_connection.fail(code, source);
+    }
+    if (!sqlite3_stmt_readonly(m_handle))
+        ++m_connection.m_writeCount;
+}
+
+Connection::Statement::~Statement()
+{
+    sqlite3_reset(m_handle);
+}
+
+bool Connection::Statement::step()
+{
+    const int code = sqlite3_step(m_handle);
+    if (code != SQLITE_ROW && code != SQLITE_DONE)
+        m_connection.fail(code, m_source);
+    return code == SQLITE_ROW;
+}
+
+void WriteGroup::run(Connection &connection, const std::function<void()> &body)
+{
+    const bool outermost = connection.m_groupDepth == 0;
+    if (outermost)
+        connection.run("begin immediate", {}, u"begin"_s);
+    ++connection.m_groupDepth;
+    const auto leave = [&] {
+        --connection.m_groupDepth;
+        // The engine gives a group up by itself when the disk fails under it; then there is nothing left to commit.
+        if (outermost && !sqlite3_get_autocommit(connection.m_database))
+            connection.run("commit", {}, u"commit"_s);
+    };
+    try {
+        body();
+    } catch (const RuntimeError &) {
+        leave();
+        throw;
+    }
+    leave();
+}

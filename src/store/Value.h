@@ -1,0 +1,43 @@
+#pragma once
+
+#include "base/Currency.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <variant>
+
+/// A value of the database: Null, a whole number, a floating number, money, text, or a date with an optional time of
+/// day. Dates carry no time zone. The readers convert where nothing is lost in sense (a number text into a number, a
+/// number into a text) and throw RuntimeError otherwise: InvalidUseOfNull for Null, TypeMismatch, Overflow.
+class Value {
+public:
+    Value() = default;
+    Value(int number) : m_data(static_cast<qint64>(number)) { }
+    Value(qint64 number) : m_data(number) { }
+    Value(double number) : m_data(number) { }
+    Value(Currency amount) : m_data(amount) { }
+    Value(const QString &text) : m_data(text) { }
+    Value(QDate date);
+    Value(const QDateTime &moment) : m_data(moment) { }
+    Value(bool) = delete;
+    Value(const char *) = delete;
+
+    [[nodiscard]] bool isNull() const { return std::holds_alternative<std::monostate>(m_data); }
+
+    [[nodiscard]] qint32 toInt() const;
+    [[nodiscard]] qint64 toInt64() const;
+    [[nodiscard]] double toDouble() const;
+    [[nodiscard]] Currency toCurrency() const;
+    [[nodiscard]] QString toText() const;
+    [[nodiscard]] QDate toDate() const;
+    [[nodiscard]] QDateTime toDateTime() const;
+
+    using Data = std::variant<std::monostate, qint64, double, Currency, QString, QDateTime>;
+    [[nodiscard]] const Data &data() const { return m_data; }
+
+    friend bool operator==(const Value &, const Value &) = default;
+
+private:
+    Data m_data;
+};

@@ -1,0 +1,62 @@
+#include "support/StoreFile.h"
+
+#include "base/session.h"
+#include "store/DataEnvironment.h"
+#include "store/schema.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Connection &newShop(const QTemporaryDir &folder)
+{
+    session::ProgramFolder = folder.path();
+    session::DBPath = session::defaultDatabasePath();
+    CreateDatabase([] {
+        renewDE();
+        DE().CN.open(session::DBPath);
+    });
+    return DE().CN;
+}
+
+} // namespace
+
+StoreFile::StoreFile() : connection(newShop(folder)) { }
+
+StoreFile::~StoreFile()
+{
+    renewDE();
+}
+
+void StoreFile::addAccount(const QString &title, QDate birthday, int type)
+{
+    Recordset rows(connection);
+    rows.open(u"Select * from Accounts"_s);
+    rows.addNew();
+    rows.set(u"Title", title);
+    rows.set(u"Type", type);
+    rows.set(u"dob", birthday);
+    rows.update();
+}
+
+void StoreFile::addPosting(int accountID, const Value &date, double amount, int status)
+{
+    Recordset rows(connection);
+    rows.open(u"Select * from Postings where id=0"_s);
+    rows.addNew();
+    rows.set(u"AccID", accountID);
+    rows.set(u"Vtype", 1);
+    rows.set(u"Date", date);
+    rows.set(u"particulars", u"Sales"_s);
+    rows.set(u"Remark", QString());
+    rows.set(u"Amount", amount);
+    rows.set(u"Status", status);
+    rows.update();
+}
+
+int StoreFile::count(const QString &table)
+{
+    Recordset rows(connection);
+    rows.open(u"Select count(*) from "_s + table);
+    return rows.value(0).toInt();
+}

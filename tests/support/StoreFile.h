@@ -1,0 +1,21 @@
+#pragma once
+
+#include "store/Connection.h"
+#include "store/Recordset.h"
+
+#include <QTemporaryDir>
+
+/// A new shop database in a folder of its own, made by the program's own creation and opened beside the data
+/// environment.
+struct StoreFile {
+    StoreFile();
+    ~StoreFile();
+
+    void addAccount(const QString &title, QDate birthday = {}, int type = 0);
+    void addPosting(int accountID, const Value &date, double amount, int status = 0);
+    [[nodiscard]] int count(const QString &table);
+    [[nodiscard]] QString path() const { return folder.filePath(QStringLiteral("data15.mdb")); }
+
+    QTemporaryDir folder;
+    Connection &connection;
+};
