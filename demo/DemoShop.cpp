@@ -1,0 +1,305 @@
+#include "DemoShop.h"
+
+#include "base/session.h"
+#include "base/values.h"
+#include "demoData.h"
+#include "jobcards/JobCardStore.h"
+#include "jobcards/clsJobCardData.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "store/settings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int cardCount = 320;
+constexpr int clientCount = 72;
+const QDate firstDay(2011, 4, 1);
+const QDate lastDay(2011, 9, 30);
+
+enum AccountType { Client = 0, Worker = 1, Ledger = 2 };
+enum Nature { Income = 0, Expenses = 1 };
+enum RowState { Pending = 0, Completed = 1, Delivered = 2 };
+
+} // namespace
+
+void DemoShop::fill()
+{
+    WriteGroup::run(DE().CN, [this] {
+        addShop();
+        addItems();
+        addAccounts();
+        addWorkers();
+        addClients();
+        bookCards();
+        SaveSetting(setting::WorkingDate, DateText(lastDay));
+        SaveSetting(setting::DeliveryMargin, u"10"_s);
+        SaveSetting(setting::TagLine, u"Made to measure since 1962"_s);
+        SaveSetting(setting::SmsTitle, u"Kovrel"_s);
+    });
+}
+
+int DemoShop::pick(int low, int high)
+{
+    // Not a distribution of the library: those differ from one library to the next.
+    return low + static_cast<int>(m_random() % static_cast<unsigned>(high - low + 1));
+}
+
+QString DemoShop::pickFrom(std::span<const QString> texts)
+{
+    return texts[static_cast<size_t>(pick(0, static_cast<int>(texts.size()) - 1))];
+}
+
+void DemoShop::addShop()
+{
+    Recordset &shop = DE().rsSHOP;
+    shop.reopen(u"Select * from Shop"_s);
+    shop.addNew();
+    shop.set(u"Name", u"Kovrel Tailors"_s);
+    shop.set(u"Address1", u"12, Station Road"_s);
+    shop.set(u"Address2", u"Opposite Clock Tower"_s);
+    shop.set(u"Address3", u"Jaipur 302001"_s);
+    shop.set(u"Contacts", u"0141 555 0142, 98290 55501"_s);
+    shop.update();
+    shop.close();
+}
+
+void DemoShop::addItems()
+{
+    Recordset &items = DE().rsITEMS;
+    items.reopen(u"Select * from Items"_s);
+    for (const demoData::Item &item : demoData::items()) {
+        QStringList lines;
+        for (const demoData::Measure &measure : item.measures)
+            lines += measure.fixed.isEmpty() ? measure.label : measure.label + u'=' + measure.fixed;
+        items.addNew();
+        items.set(u"Name", item.name);
+        items.set(u"Fees", item.fees);
+        items.set(u"WorkerFees", item.workerFees);
+        items.set(u"ItemDetails", lines.join(u"\r\n"_s));
+        items.set(u"ProdcutionCap", QString::number(item.capacity));
+        items.set(u"OpPendingOrders", u"0"_s);
+        items.set(u"isInventory", item.inventory ? 1 : 0);
+        items.update();
+    }
+    items.close();
+}
+
+void DemoShop::addAccount(const QString &title, int type, int nature)
+{
+    Recordset &accounts = DE().rsaccounts;
+    accounts.reopen(u"Select * from accounts where id=0"_s);
+    accounts.addNew();
+    accounts.set(u"Title", title);
+    accounts.set(u"Type", type);
+    accounts.set(u"Nature", nature);
+    if (type != Ledger) {
+        accounts.set(u"Address", u"%1, %2"_s.arg(pick(1, 180)).arg(pickFrom(demoData::streets())));
+        accounts.set(u"City", u"Jaipur"_s);
+        accounts.set(u"State", u"Rajasthan"_s);
+        accounts.set(u"Mobile", u"98%1"_s.arg(pick(10000000, 99999999)));
+    }
+    if (type == Client) {
+        accounts.set(u"Key", QString::number(m_clients.size() + 1));
+        accounts.set(u"DOB", QDate(pick(1945, 1995), pick(1, 12), pick(1, 28)));
+    }
+    accounts.update();
+    accounts.close();
+}
+
+void DemoShop::addAccounts()
+{
+    addAccount(u"State Bank"_s, Ledger, Income);
+    addAccount(u"Shop Rent"_s, Ledger, Expenses);
+    addAccount(u"Electricity"_s, Ledger, Expenses);
+}
+
+void DemoShop::addWorkers()
+{
+    for (const QString &name : demoData::workers()) {
+        addAccount(name, Worker, Income);
+        m_workers += name;
+    }
+}
+
+void DemoShop::addClients()
+{
+    while (m_clients.size() < clientCount) {
+        const QString name = pickFrom(demoData::firstNames()) + u' ' + pickFrom(demoData::lastNames());
+        if (m_clients.contains(name))
+            continue;
+        addAccount(name, Client, Income);
+        m_clients += name;
+    }
+}
+
+void DemoShop::bookCards()
+{
+    const qint64 days = firstDay.daysTo(lastDay);
+    for (int i = 0; i < cardCount; ++i) {
+        QDate day = firstDay.addDays(i * days / (cardCount - 1));
+        // The shop is closed on Sundays.
+        if (day.dayOfWeek() == Qt::Sunday)
+            day = day.addDays(-1);
+        bookCard(day);
+    }
+}
+
+QString DemoShop::measured(const QString &client, const QString &item, const QString &label, int from, int to)
+{
+    QString &value = m_measurements[client + u'/' + item + u'/' + label];
+    if (value.isEmpty()) {
+        const QString whole = QString::number(pick(from, to));
+        value = whole + pickFrom(std::array<QString, 4>{QString(), u".25"_s, u".5"_s, u".75"_s});
+    }
+    return value;
+}
+
+void DemoShop::addRows(clsJobCardData &rows, const QString &client)
+{
+    const auto items = demoData::items();
+    for (int count = pick(1, 3); count > 0; --count) {
+        const demoData::Item &item = items[static_cast<size_t>(pick(0, static_cast<int>(items.size()) - 1))];
+        QStringList labels;
+        QStringList values;
+        for (const demoData::Measure &measure : item.measures) {
+            labels += measure.label;
+            values += measure.fixed.isEmpty() ? measured(client, item.name, measure.label, measure.from, measure.to)
+                                              : measure.fixed;
+        }
+        JobCardRow row;
+        row.ItemName = item.name;
+        row.ItemID = Int16(GetItemID(item.name));
+        row.isInv = item.inventory ? -1 : 0;
+        row.Qty = Int16(item.fees < 1000 ? pick(1, 4) : 1);
+        row.Fees = item.fees;
+        row.Amount = row.Fees * row.Qty;
+        row.Remarks = pickFrom(demoData::cloths());
+        row.ItemDetails = labels.join(u"\r\n"_s);
+        row.ItemDetailsValue = values.join(u"\r\n"_s);
+        row.Color = QString::number(pick(0x202020, 0xf0f0f0));
+        row.ClientRemarks = pickFrom(demoData::clientNotes());
+        rows.AddNewRow(row);
+    }
+}
+
+void DemoShop::bookCard(QDate day)
+{
+    clsJobCardData rows;
+    const QString client = m_clients.at(pick(0, static_cast<int>(m_clients.size()) - 1));
+    addRows(rows, client);
+    double total = 0;
+    for (int i = 1; i <= rows.RowCount(); ++i)
+        total += rows.Amount(i);
+    // Most pay a part in round notes when they order.
+    const double advance = chance(75) ? std::floor(total * pick(2, 6) / 1000) * 100 : 0;
+    const QDate delivery = day.addDays(pick(7, 15));
+    JobCard card;
+    card.JobIDText = QString::number(JobCardStore::GetNewNum());
+    card.JobDate = day;
+    card.ClientTitle = client;
+    card.ReceiptAccountTitle = chance(85) ? u"Cash"_s : u"State Bank"_s;
+    card.DeliveryDate = delivery;
+    card.TrialDate = delivery.addDays(-3);
+    card.TotalText = Money(total);
+    card.ReceivedText = NumberText(advance);
+    card.Cancelled = chance(2);
+    card.CancelReason = card.Cancelled ? u"Client moved away"_s : QString();
+    JobCardStore store;
+    store.SaveNew(card, rows);
+    if (card.Cancelled)
+        return;
+    produce(store.CurrentJobID(), delivery);
+    if (delivery < lastDay.addDays(-2))
+        settle(store.CurrentJobID(), client, delivery, total - advance);
+}
+
+void DemoShop::produce(int jobID, QDate delivery)
+{
+    Recordset &records = DE().rsJOBS_DETAIL;
+    records.reopen(u"Select * from jobs_detail where JobID="_s + QString::number(jobID));
+    const QDate assigned = delivery.addDays(-6);
+    const QDate finished = delivery.addDays(-1);
+    for (; !records.eof(); records.moveNext()) {
+        if (assigned > lastDay || records.integer(u"isInventory") != 0)
+            continue;
+        const QString worker = m_workers.at(pick(0, static_cast<int>(m_workers.size()) - 1));
+        records.set(u"WorkerID", GetAccountID(worker));
+        records.set(u"WorkerName", worker);
+        records.set(u"CuttingStatus", 1);
+        records.set(u"CuttingDate", assigned);
+        if (finished > lastDay)
+            continue;
+        records.set(u"CompletedDate", finished);
+        records.set(u"DoneByWorker", Completed);
+        records.set(u"Loc", u"Rack %1"_s.arg(pick(1, 6)));
+        if (chance(70))
+            records.set(u"Score", pick(2, 5));
+    }
+    records.updateBatch();
+    records.close();
+}
+
+void DemoShop::settle(int jobID, const QString &client, QDate day, double due)
+{
+    // Nine in ten collect; of those most pay in full, some a part, and a few leave a deposit for the next order.
+    if (!chance(90))
+        return;
+    Recordset &job = DE().rsJobs2;
+    job.reopen(u"Select * from jobs where id="_s + QString::number(jobID));
+    job.set(u"ClientDeliveryDate", day);
+    job.set(u"JobFinished", 1);
+    job.set(u"appeared", 1);
+    job.set(u"appearedDate", job.date(u"TrialDate"));
+    job.update();
+    job.close();
+    Recordset &records = DE().rsJOBS_DETAIL;
+    records.reopen(u"Select * from jobs_detail where JobID="_s + QString::number(jobID));
+    for (; !records.eof(); records.moveNext()) {
+        records.set(u"DelToCustDate", day);
+        records.set(u"DoneByWorker", Delivered);
+    }
+    records.updateBatch();
+    records.close();
+    const int manner = pick(1, 100);
+    if (manner <= 84)
+        receive(client, day, due);
+    else if (manner <= 94)
+        receive(client, day, std::floor(due / 200) * 100);
+    else
+        receive(client, day, due + 500);
+}
+
+void DemoShop::receive(const QString &client, QDate day, double amount)
+{
+    if (amount <= 0)
+        return;
+    constexpr int voucher = 2;
+    const qint32 clientID = GetAccountID(client);
+    const qint32 cashID = GetAccountID(u"Cash"_s);
+    Recordset &postings = DE().rspostings;
+    postings.reopen(u"Select * from Postings where vtype=2 and sr=1 order by vID"_s);
+    postings.moveLast();
+    const int number = postings.eof() ? 1 : postings.integer(u"vid") + 1;
+    struct Leg {
+        qint32 account;
+        qint32 otherSide;
+        double amount;
+    };
+    int serial = 0;
+    for (const Leg &leg : {Leg{clientID, cashID, amount}, Leg{cashID, clientID, -amount}}) {
+        postings.addNew();
+        postings.set(u"vType", voucher);
+        postings.set(u"VID", number);
+        postings.set(u"Sr", ++serial);
+        postings.set(u"particulars", u"Receipt"_s);
+        postings.set(u"Date", day);
+        postings.set(u"accID", leg.account);
+        postings.set(u"refID", leg.otherSide);
+        postings.set(u"Remark", QString());
+        postings.set(u"Amount", leg.amount);
+        postings.update();
+    }
+    postings.close();
+}

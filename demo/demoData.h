@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+#include <span>
+#include <vector>
+
+/// What the demo shop sells and whom it knows.
+namespace demoData {
+
+/// A measurement field with the range, in inches, that its values come from. A field without a range starts with
+/// `fixed`.
+struct Measure {
+    QString label;
+    int from = 0;
+    int to = 0;
+    QString fixed = {};
+};
+
+struct Item {
+    QString name;
+    int fees;
+    int workerFees;
+    bool inventory;
+    /// Pieces a day, for the forecast of delivery dates.
+    int capacity;
+    std::vector<Measure> measures;
+};
+
+[[nodiscard]] std::span<const Item> items();
+[[nodiscard]] std::span<const QString> workers();
+[[nodiscard]] std::span<const QString> firstNames();
+[[nodiscard]] std::span<const QString> lastNames();
+[[nodiscard]] std::span<const QString> streets();
+[[nodiscard]] std::span<const QString> cloths();
+[[nodiscard]] std::span<const QString> clientNotes();
+
+} // namespace demoData

@@ -1,0 +1,225 @@
+#include "jobcards/JobCardStore.h"
+
+#include "base/session.h"
+#include "base/values.h"
+#include "jobcards/clsJobCardData.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "store/settings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int jobCardVoucher = 1;
+constexpr int cancelledWithItsCard = 4;
+
+/// The columns that a card gives to each of its rows, at every save.
+void setSharedColumns(Recordset &record, const JobCard &card, qint32 jobID, const clsJobCardData &rows, int index)
+{
+    const QString color = rows.Color(index);
+    record.set(u"DATE", card.JobDate);
+    record.set(u"JobID", jobID);
+    record.set(u"ItemSr", index);
+    record.set(u"ClintID", GetAccountID(card.ClientTitle));
+    record.set(u"ClintName", card.ClientTitle);
+    record.set(u"ItemID", rows.ItemID(index));
+    record.set(u"isInventory", rows.isInv(index));
+    record.set(u"ItemName", rows.ItemName(index));
+    record.set(u"Remarks", rows.Remarks(index));
+    record.set(u"QNT", rows.Qty(index));
+    record.set(u"FEES", rows.Fees(index));
+    record.set(u"Amount", rows.Amount(index));
+    record.set(u"img1", rows.img1(index));
+    record.set(u"img2", rows.img2(index));
+    record.set(u"Color", color.isEmpty() ? Value() : Value(color));
+    record.set(u"ItemDetails", rows.ItemDetails(index));
+    record.set(u"ItemDetailsValue", rows.ItemDetailsValue(index));
+    record.set(u"ClientRemarks", rows.ClientRemarks(index));
+}
+
+} // namespace
+
+void JobCardStore::openSaved(int jobID)
+{
+    m_oldJobID = Int16(jobID);
+    m_currentJobID = jobID;
+    m_saved = true;
+}
+
+qint32 JobCardStore::GetNewNum()
+{
+    Recordset &jobs = DE().rsJobs2;
+    jobs.reopen(u"Select * from JOBS order by ID"_s);
+    jobs.moveLast();
+    const qint32 last = jobs.eof() ? Int32(Val(GetSetting(setting::FirstJobNumber))) - 1 : jobs.integer(u"ID");
+    jobs.close();
+    return last + 1;
+}
+
+bool JobCardStore::isDuplicate(const QString &jobIDText) const
+{
+    const double number = Val(jobIDText);
+    if (m_saved && number == m_oldJobID)
+        return false;
+    return GetFieldValueNum(u"*"_s, u"jobs"_s, u"ID"_s, number, DE().rsJobs2).toDouble() > 0;
+}
+
+void JobCardStore::SaveNew(const JobCard &card, clsJobCardData &rows)
+{
+    WriteGroup::run(DE().CN, [&] {
+        DE().rsJobs2.reopen(u"Select * from jobs where id="_s + NumberText(Val(card.JobIDText)));
+        writeCard(card, true);
+        m_saved = true;
+        for (int i = 1; i <= rows.RowCount(); ++i)
+            addRow(card, rows, i, true);
+        writePostings(card);
+        if (card.Cancelled)
+            markRowsCancelled();
+    });
+}
+
+void JobCardStore::SaveEdit(const JobCard &card, clsJobCardData &rows)
+{
+    WriteGroup::run(DE().CN, [&] {
+        DE().rsJobs2.reopen(u"Select * from jobs where id="_s + QString::number(m_currentJobID));
+        writeCard(card, false);
+        for (int i = 1; i <= rows.RowCount(); ++i) {
+            if (rows.Sr(i) > 0)
+                overwriteRow(card, rows, i);
+            else
+                addRow(card, rows, i, false);
+        }
+        if (!m_removedRowIDs.isEmpty()) {
+            DE().CN.execute(u"Delete from jobs_detail where Id="_s + m_removedRowIDs);
+            m_removedRowIDs.clear();
+        }
+        DE().CN.execute(u"Delete from Postings where vid="_s + QString::number(m_currentJobID) + u"and vtype=1"_s);
+        writePostings(card);
+        if (card.Cancelled)
+            markRowsCancelled();
+    });
+    session::NeedRefresh = true;
+}
+
+void JobCardStore::writeCard(const JobCard &card, bool added)
+{
+    Recordset &job = DE().rsJobs2;
+    if (added)
+        job.addNew();
+    const double number = Val(card.JobIDText);
+    job.set(u"ID", number);
+    m_oldJobID = Int16(number);
+    m_currentJobID = Int32(number);
+    job.set(u"DATE", card.JobDate);
+    job.set(u"ClintID", GetAccountID(card.ClientTitle));
+    job.set(u"ClintName", card.ClientTitle);
+    job.set(u"DeliveryDate", card.DeliveryDate);
+    job.set(u"TrialDate", card.TrialDate);
+    job.set(u"AmountDue", card.TotalText);
+    job.set(u"AmountPaid", card.ReceivedText);
+    job.set(u"JobFinished", card.Delivered ? 1 : 0);
+    job.set(u"Remark", card.Remark);
+    if (Val(card.ReceivedText) > 0)
+        job.set(u"CashAccID", GetAccountID(card.ReceiptAccountTitle));
+    job.set(u"Status", card.Cancelled ? 1 : 0);
+    job.set(u"CancelReason", card.CancelReason);
+    job.update();
+    job.close();
+}
+
+void JobCardStore::addRow(const JobCard &card, clsJobCardData &rows, int index, bool readNumberBack)
+{
+    Recordset &record = DE().rsJOBS_DETAIL;
+    record.reopen(u"Select * from jobs_detail where id=0"_s);
+    record.addNew();
+    setSharedColumns(record, card, m_currentJobID, rows, index);
+    record.set(u"WorkerID", 0);
+    record.set(u"JobDelDate", card.DeliveryDate);
+    for (const QStringView date : {u"CompletedDate", u"DelToCustDate", u"AltDate"})
+        record.set(date, Value());
+    record.set(u"DoneByWorker", 0);
+    // From the present item master: what the row says of wages never counts.
+    record.set(u"WorkerWagesDue", GetItemWorkerFees(rows.ItemName(index)) * rows.Qty(index));
+    record.set(u"CuttingDate", card.JobDate);
+    record.set(u"CuttingStatus", 0);
+    record.update();
+    if (readNumberBack)
+        rows.SetSr(index, Int16(record.integer(u"ID")));
+    record.close();
+}
+
+void JobCardStore::overwriteRow(const JobCard &card, const clsJobCardData &rows, int index)
+{
+    Recordset &record = DE().rsJOBS_DETAIL;
+    record.reopen(u"Select * from jobs_detail where id="_s + QString::number(rows.Sr(index)));
+    setSharedColumns(record, card, m_currentJobID, rows, index);
+    record.update();
+    record.close();
+}
+
+void JobCardStore::writePostings(const JobCard &card)
+{
+    struct Leg {
+        QString particulars;
+        qint32 account;
+        qint32 otherSide;
+        double amount;
+    };
+    const qint32 client = GetAccountID(card.ClientTitle);
+    const qint32 sales = GetAccountID(u"Sales"_s);
+    const double total = Val(card.TotalText);
+    const double received = Val(card.ReceivedText);
+    std::vector<Leg> legs{{u"Sales"_s, client, sales, -total}, {u"Sales"_s, sales, client, total}};
+    if (received > 0) {
+        const qint32 receiptAccount = GetAccountID(card.ReceiptAccountTitle);
+        legs.push_back({u"Receipt"_s, receiptAccount, client, -received});
+        legs.push_back({u"Receipt"_s, client, receiptAccount, received});
+    }
+    Recordset &postings = DE().rspostings;
+    postings.reopen(u"Select * from Postings where id=0"_s);
+    int serial = 0;
+    for (const Leg &leg : legs) {
+        postings.addNew();
+        postings.set(u"VID", m_currentJobID);
+        postings.set(u"vType", jobCardVoucher);
+        postings.set(u"Sr", ++serial);
+        postings.set(u"Date", card.JobDate);
+        postings.set(u"particulars", leg.particulars);
+        postings.set(u"accID", leg.account);
+        postings.set(u"refID", leg.otherSide);
+        postings.set(u"Remark", u"Job Card # :"_s + QString::number(m_currentJobID));
+        postings.set(u"Amount", leg.amount);
+        postings.set(u"Status", card.Cancelled ? 1 : 0);
+        postings.update();
+    }
+    postings.close();
+}
+
+void JobCardStore::markRowsCancelled()
+{
+    Recordset &records = DE().rsJOBS_DETAIL;
+    records.reopen(u"Select * from jobs_detail where JobID="_s + QString::number(m_currentJobID));
+    for (; !records.eof(); records.moveNext())
+        records.set(u"DoneByWorker", cancelledWithItsCard);
+    records.updateBatch();
+    records.close();
+}
+
+void JobCardStore::deleteCard()
+{
+    const QString number = QString::number(m_currentJobID);
+    WriteGroup::run(DE().CN, [&number] {
+        DE().CN.execute(u"Delete from Jobs where id="_s + number);
+        DE().CN.execute(u"Delete from Jobs_detail where jobid="_s + number);
+        DE().CN.execute(u"Delete from Postings where vid="_s + number + u" and vtype=1"_s);
+    });
+    session::NeedRefresh = true;
+}
+
+void JobCardStore::noteRemovedRow(int rowID)
+{
+    if (!m_removedRowIDs.isEmpty())
+        m_removedRowIDs += u',';
+    m_removedRowIDs += QString::number(rowID);
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+class clsJobCardData;
+
+/// What a save of a job card receives, whatever screen or tool collected it.
+struct JobCard {
+    /// The number as shown; its numeric value counts.
+    QString JobIDText;
+    QDate JobDate;
+    QString ClientTitle;
+    /// The account that took the advance; may be empty where the advance is 0.
+    QString ReceiptAccountTitle;
+    QDate DeliveryDate;
+    QDate TrialDate;
+    /// Total of the card's rows. It is what the column AmountDue holds.
+    QString TotalText;
+    /// The advance, kept as typed.
+    QString ReceivedText;
+    bool Delivered = false;
+    bool Cancelled = false;
+    QString Remark;
+    QString CancelReason;
+};
+
+/// One open job card in the database: its number, its rows and its postings.
+///
+/// Each write is on the disk when a save returns. Nothing undoes what was written before a failure. Every failure is a
+/// RuntimeError: a client or account title that stands nowhere (NoCurrentRecord), a number above 32767 (Overflow,
+/// before anything is written).
+class JobCardStore {
+public:
+    /// A card that was never saved.
+    JobCardStore() = default;
+    /// The card saved under `jobID`. Throws Overflow above 32767.
+    void openSaved(int jobID);
+
+    /// "N" while the card was never saved, "E" afterwards.
+    [[nodiscard]] QString EditMode() const { return m_saved ? QStringLiteral("E") : QStringLiteral("N"); }
+    [[nodiscard]] qint32 CurrentJobID() const { return m_currentJobID; }
+
+    /// The next job number: one more than the highest, or the start number of the settings where there is no card yet.
+    [[nodiscard]] static qint32 GetNewNum();
+
+    /// Whether a save under that number would meet another card. The card's own number is no duplicate.
+    [[nodiscard]] bool isDuplicate(const QString &jobIDText) const;
+
+    /// Writes a card for the first time: the card, its rows in order, the postings. Each of `rows` gets its row number.
+    void SaveNew(const JobCard &card, clsJobCardData &rows);
+
+    /// Rewrites a saved card. Rows with a row number are overwritten, but for all that production and wages have put
+    /// there; rows without one are added and, by rule, keep the number 0 in `rows`. The postings are replaced. With
+    /// more than one saved row removed since the last save the delete statement is wrong and fails (Syntax), after the
+    /// card and its rows are written and before the postings are.
+    void SaveEdit(const JobCard &card, clsJobCardData &rows);
+
+    /// Deletes the card with its rows and postings, unasked and whatever became of them.
+    void deleteCard();
+
+    /// Notes that the row with that number, 0 for one never saved, was taken off the card.
+    void noteRemovedRow(int rowID);
+    void forgetRemovedRows() { m_removedRowIDs.clear(); }
+
+private:
+    void writeCard(const JobCard &card, bool added);
+    void addRow(const JobCard &card, clsJobCardData &rows, int index, bool readNumberBack);
+    void overwriteRow(const JobCard &card, const clsJobCardData &rows, int index);
+    void writePostings(const JobCard &card);
+    void markRowsCancelled();
+
+    bool m_saved = false;
+    qint32 m_currentJobID = 0;
+    qint16 m_oldJobID = 0;
+    QString m_removedRowIDs;
+};

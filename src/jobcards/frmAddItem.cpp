@@ -1,0 +1,475 @@
+#include "jobcards/frmAddItem.h"
+
+#include "base/RuntimeError.h"
+#include "base/values.h"
+#include "devices/shell.h"
+#include "jobcards/ItemDetails.h"
+#include "jobcards/PictureBox.h"
+#include "jobcards/clsJobCardData.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "ui/Command.h"
+#include "ui/entryKeys.h"
+#include "ui/frmMsg.h"
+#include "ui/kvComboBox.h"
+#include "ui/kvTextBox.h"
+#include "ui/kvTextBoxMultiLine.h"
+#include "ui/modAutoSearch.h"
+
+#include <QBoxLayout>
+#include <QColorDialog>
+#include <QFile>
+#include <QGridLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int plainText = 2;
+constexpr int largestQuantity = std::numeric_limits<qint16>::max();
+/// Far above any bill, and safely inside what money columns and their sums hold.
+constexpr double largestAmount = 1e9;
+const QString lineEnd = u"\r\n"_s;
+
+/// The lines of a measurement text; an empty text has none.
+QStringList linesOf(const QString &text)
+{
+    return text.isEmpty() ? QStringList() : text.split(lineEnd);
+}
+
+/// Colours are numbered red first: red + 256 green + 65536 blue.
+QColor colorOf(double number)
+{
+    const auto bits = static_cast<unsigned>(Int32(number));
+    return {static_cast<int>(bits & 0xff), static_cast<int>((bits >> 8) & 0xff), static_cast<int>((bits >> 16) & 0xff)};
+}
+
+double numberOf(const QColor &color)
+{
+    return color.red() + 256.0 * color.green() + 65536.0 * color.blue();
+}
+
+void addLabelled(QGridLayout *grid, int row, const QString &caption, QWidget *field)
+{
+    auto *label = new QLabel(caption);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(field, row, 1);
+}
+
+} // namespace
+
+frmAddItem::frmAddItem() : Screen(u"frmAddItem"_s, u"Item"_s)
+{
+    buildForm();
+    connectCommands();
+    setComboEntries(*cmbItems, FillComboAll(u"Name"_s, u"Name"_s, u"Items"_s, DE().rsITEMS));
+    showColor(numberOf(Qt::white));
+    setEntryKeys(EnterMovesOn);
+    keepEnter(cmbItems);
+}
+
+void frmAddItem::buildForm()
+{
+    auto *columns = new QHBoxLayout;
+    columns->addLayout(buildOrder(), 5);
+    columns->addLayout(buildCloth(), 4);
+    auto *commands = new QHBoxLayout;
+    Command2 = new Command(u"Command2"_s, u"Clean Form"_s);
+    Command1 = new Command(u"Command1"_s, u"&OK"_s);
+    Command1->setDefault(true);
+    commands->addWidget(Command2);
+    commands->addStretch();
+    commands->addWidget(Command1);
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(columns);
+    whole->addLayout(commands);
+    resize(940, 610);
+
+    QWidget *const order[]{cmbItems, txtQnt, txtFees, ItemDetails1, txtRemark, txtClientRemark, picColor, opIsInv,
+        Command3, Command7, Command6, Command4, Command8, Command5, Command2, Command1};
+    for (size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+QLayout *frmAddItem::buildOrder()
+{
+    lblClint = new QLabel;
+    lblClint->setObjectName(u"lblClint"_s);
+    lblClint->setTextFormat(Qt::PlainText);
+    cmbItems = new kvComboBox(u"cmbItems"_s);
+    installAutoSearch(cmbItems);
+    lblLast = new QLabel;
+    lblLast->setObjectName(u"lblLast"_s);
+    txtQnt = new kvTextBox(u"txtQnt"_s, plainText);
+    txtQnt->setText(u"1"_s);
+    txtQnt->setAlignment(Qt::AlignRight);
+    txtFees = new kvTextBox(u"txtFees"_s, plainText);
+    txtFees->setText(u"0"_s);
+    txtFees->setAlignment(Qt::AlignRight);
+    ItemDetails1 = new ::ItemDetails(u"ItemDetails1"_s);
+    auto *fields = new QGridLayout;
+    fields->setColumnStretch(1, 1);
+    addLabelled(fields, 0, u"Client :"_s, lblClint);
+    addLabelled(fields, 1, u"Item :"_s, cmbItems);
+    fields->addWidget(lblLast, 2, 1);
+    addLabelled(fields, 3, u"Quantity :"_s, txtQnt);
+    addLabelled(fields, 4, u"Fees :"_s, txtFees);
+    auto *column = new QVBoxLayout;
+    column->addLayout(fields);
+    column->addWidget(ItemDetails1, 1);
+    return column;
+}
+
+QLayout *frmAddItem::buildCloth()
+{
+    txtRemark = new kvTextBox(u"txtRemark"_s);
+    txtClientRemark = new kvTextBoxMultiLine(u"txtClientRemark"_s);
+    txtClientRemark->setMaximumHeight(84);
+    picColor = new QPushButton;
+    picColor->setObjectName(u"picColor"_s);
+    picColor->setAccessibleName(u"Cloth Color"_s);
+    picColor->setAutoDefault(false);
+    picColor->setFixedSize(64, 28);
+    auto *colorNote = new QLabel(u" [Click Box to set color]"_s);
+    auto *colorRow = new QWidget;
+    auto *colorLayout = new QHBoxLayout(colorRow);
+    colorLayout->setContentsMargins({});
+    colorLayout->addWidget(picColor);
+    colorLayout->addWidget(colorNote);
+    colorLayout->addStretch();
+    opIsInv = new QRadioButton(u"Mark as Inventory"_s);
+    opIsInv->setObjectName(u"opIsInv"_s);
+    opIsInv->setAutoExclusive(false);
+
+    auto *fields = new QGridLayout;
+    fields->setColumnStretch(1, 1);
+    addLabelled(fields, 0, u"Cloth Remark"_s, txtRemark);
+    addLabelled(fields, 1, u"Cllient Note :"_s, txtClientRemark);
+    addLabelled(fields, 2, u"Cloth Color :"_s, colorRow);
+    fields->addWidget(opIsInv, 3, 1);
+
+    pic1 = new PictureBox(u"pic1"_s);
+    pic2 = new PictureBox(u"pic2"_s);
+    picPath1 = new kvTextBox(u"picPath1"_s, plainText);
+    picPath2 = new kvTextBox(u"picPath2"_s, plainText);
+    Command3 = new Command(u"Command3"_s, u"Web Cam"_s);
+    Command7 = new Command(u"Command7"_s, u"Hand Note"_s);
+    Command6 = new Command(u"Command6"_s, u"Clear"_s);
+    Command4 = new Command(u"Command4"_s, u"Web Cam"_s);
+    Command8 = new Command(u"Command8"_s, u"Insert Image"_s);
+    Command5 = new Command(u"Command5"_s, u"Clear"_s);
+    for (Command *later : {Command3, Command4, Command7, Command8})
+        later->setComesLater(u"This command comes with a later version."_s);
+    auto *images = new QHBoxLayout;
+    images->addLayout(buildImage(u"Image 1"_s, pic1, picPath1, {Command3, Command7, Command6}));
+    images->addLayout(buildImage(u"Image 2"_s, pic2, picPath2, {Command4, Command8, Command5}));
+
+    auto *column = new QVBoxLayout;
+    column->addLayout(fields);
+    column->addLayout(images, 1);
+    return column;
+}
+
+QLayout *frmAddItem::buildImage(
+    const QString &caption, PictureBox *picture, kvTextBox *path, const std::vector<Command *> &commands)
+{
+    path->setReadOnly(true);
+    path->setFocusPolicy(Qt::NoFocus);
+    picture->setToolTip(u"Double click to open"_s);
+    auto *column = new QVBoxLayout;
+    column->addWidget(new QLabel(caption));
+    column->addWidget(picture, 1);
+    column->addWidget(path);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(4);
+    for (Command *command : commands)
+        row->addWidget(command);
+    column->addLayout(row);
+    return column;
+}
+
+void frmAddItem::connectCommands()
+{
+    const auto filter = [this](kvTextBox *box, const std::function<int(int)> &accept) {
+        connect(box, &kvTextBox::keyPress, this, [accept](int &key) { key = accept(key); });
+    };
+    filter(txtQnt, [](int key) { return DigitKeysOnly(key); });
+    filter(txtFees, [this](int key) { return DecimalKeysOnly(txtFees->Text(), key); });
+
+    connect(cmbItems, &kvComboBox::gotFocus, this, [this] { SelectComboEntry(*cmbItems); });
+    connect(cmbItems, &QComboBox::activated, this, [this] { itemChosen(); });
+    connect(cmbItems, &kvComboBox::keyPress, this, [this](int &key) {
+        if (key != keys::Enter)
+            return;
+        key = keys::Swallowed;
+        itemConfirmed();
+    });
+    connect(txtClientRemark, &kvTextBoxMultiLine::keyPress, this, [this](int &key) {
+        const bool enter = key == keys::Enter;
+        if (enter && m_enterBefore) {
+            key = keys::Swallowed;
+            Command1->setFocus(Qt::TabFocusReason);
+        }
+        m_enterBefore = enter && !m_enterBefore;
+    });
+
+    connect(picColor, &QPushButton::clicked, this, &frmAddItem::chooseColor);
+    // A single option has no other to go to: once on, only loading an item turns it off.
+    connect(opIsInv, &QRadioButton::clicked, this, [this] { opIsInv->setChecked(true); });
+    connect(pic1, &PictureBox::doubleClicked, this, [this] {
+        if (!picPath1->Text().isEmpty())
+            shell::openFile(picPath1->Text());
+    });
+    connect(pic2, &PictureBox::doubleClicked, this, [this] {
+        if (!picPath2->Text().isEmpty())
+            shell::openFile(picPath2->Text());
+    });
+    connect(Command5, &Command::clicked, this, [this] { clearImage(pic2, picPath2); });
+    connect(Command6, &Command::clicked, this, [this] { clearImage(pic1, picPath1); });
+    connect(Command2, &Command::clicked, this, &frmAddItem::cleanForm);
+    connect(Command1, &Command::clicked, this, &frmAddItem::confirm);
+}
+
+bool frmAddItem::keyPreview(QKeyEvent *event)
+{
+    if (!txtClientRemark->hasFocus())
+        m_enterBefore = false;
+    return Screen::keyPreview(event);
+}
+
+void frmAddItem::activated()
+{
+    QFont font(u"Verdana"_s, lblClint->font().pointSize());
+    font.setBold(true);
+    lblClint->setFont(font);
+}
+
+void frmAddItem::ItemDetails(clsJobCardData &Rows, int ClientID, bool &Cancelled)
+{
+    ItemCancelled = true;
+    ItemEditMode = u"N"_s;
+    m_rows = &Rows;
+    m_clientID = ClientID;
+    lblClint->setText(GetAccountTitle(ClientID));
+    cmbItems->setFocus();
+    exec();
+    Cancelled = ItemCancelled;
+}
+
+void frmAddItem::EditItemDetails(clsJobCardData &Rows, int ClientID, int Index, bool &Cancelled)
+{
+    ItemCancelled = true;
+    ItemEditMode = u"E"_s;
+    m_clientID = ClientID;
+    RowIndex = Index;
+    m_rows = &Rows;
+    lblClint->setText(GetAccountTitle(ClientID));
+    LoadEditItems(Rows.ItemDetails(Index), Rows.ItemDetailsValue(Index));
+    txtFees->setText(NumberText(Rows.Fees(Index)));
+    txtQnt->setText(QString::number(Rows.Qty(Index)));
+    txtRemark->setText(Rows.Remarks(Index));
+    showImage(pic1, picPath1, Rows.img1(Index));
+    showImage(pic2, picPath2, Rows.img2(Index));
+    showColor(Value(Rows.Color(Index)).toDouble());
+    cmbItems->setText(Rows.ItemName(Index));
+    txtClientRemark->setText(Rows.ClientRemarks(Index));
+    opIsInv->setChecked(Rows.isInv(Index) != 0);
+    cmbItems->setFocus();
+    exec();
+    Cancelled = ItemCancelled;
+}
+
+void frmAddItem::itemChosen()
+{
+    if (cmbItems->Text().isEmpty())
+        return;
+    const qint32 item = GetItemID(cmbItems->Text());
+    LoadLastConfig(item, m_clientID);
+    txtFees->setText(NumberText(GetItemFees(item)));
+}
+
+void frmAddItem::itemConfirmed()
+{
+    if (cmbItems->Text().isEmpty()) {
+        reject();
+        return;
+    }
+    SelectComboEntry(*cmbItems);
+    ItemDetails1->ClearList();
+    itemChosen();
+    ItemDetails1->SetFocusToList();
+}
+
+void frmAddItem::LoadLastConfig(int ItemID, int ClientID)
+{
+    ItemDetails1->ClearList();
+    Recordset &orders = DE().rsJOBS_DETAIL;
+    orders.reopen(u"Select * from JOBS_DETAIL where ItemID="_s + QString::number(ItemID) + u" and ClintID="_s
+        + QString::number(ClientID));
+    if (orders.eof()) {
+        orders.close();
+        LoadEmptyItems(ItemID);
+        return;
+    }
+    orders.moveLast();
+    const QStringList labels = linesOf(orders.text(u"ItemDetails"));
+    const QString valuesText = orders.text(u"ItemDetailsValue");
+    const QStringList values = valuesText.isEmpty() ? QStringList{u"NA"_s} : valuesText.split(lineEnd);
+    lblLast->setText(u"Previous JOB : "_s + DayMonthYear(orders.date(u"DATE")));
+    if (!orders.isNull(u"ClientRemarks"))
+        txtClientRemark->setText(orders.text(u"ClientRemarks"));
+    opIsInv->setChecked(orders.integer(u"isInventory") != 0);
+    orders.close();
+    if (labels.size() > values.size())
+        throw RuntimeError(Fault::SubscriptOutOfRange, labels.at(values.size()));
+    for (qsizetype i = 0; i < labels.size(); ++i)
+        addSplitLine(labels.at(i) + u'=' + values.at(i));
+}
+
+void frmAddItem::LoadEmptyItems(int ItemID)
+{
+    ItemDetails1->ClearList();
+    lblLast->setText(u"No Previous record found!"_s);
+    Recordset &items = DE().rsItems2;
+    items.reopen(u"Select * from Items where id="_s + QString::number(ItemID));
+    QStringList lines;
+    if (!items.eof()) {
+        lines = linesOf(items.text(u"ItemDetails"));
+        if (!items.isNull(u"isInventory"))
+            opIsInv->setChecked(items.integer(u"isInventory") != 0);
+    }
+    items.close();
+    for (const QString &line : std::as_const(lines)) {
+        if (!line.isEmpty())
+            addSplitLine(line);
+    }
+    txtClientRemark->setText({});
+}
+
+void frmAddItem::addSplitLine(const QString &line)
+{
+    const QStringList parts = line.split(u'=');
+    ItemDetails1->AddFeild(parts.at(0), parts.value(1));
+}
+
+void frmAddItem::LoadEditItems(const QString &labels, const QString &values)
+{
+    ItemDetails1->ClearList();
+    const QStringList labelLines = linesOf(labels);
+    const QStringList valueLines = linesOf(values);
+    for (qsizetype i = 0; i < valueLines.size(); ++i) {
+        if (i >= labelLines.size())
+            throw RuntimeError(Fault::SubscriptOutOfRange, valueLines.at(i));
+        ItemDetails1->AddFeild(labelLines.at(i), valueLines.at(i));
+    }
+}
+
+void frmAddItem::cleanForm()
+{
+    clearImage(pic2, picPath2);
+    clearImage(pic1, picPath1);
+    if (!cmbItems->Text().isEmpty() && SelectComboEntry(*cmbItems) >= 0)
+        LoadEmptyItems(GetItemID(cmbItems->Text()));
+}
+
+void frmAddItem::chooseColor()
+{
+    const QColor chosen = QColorDialog::getColor(colorOf(m_color), this);
+    if (chosen.isValid() && numberOf(chosen) > 0)
+        showColor(numberOf(chosen));
+}
+
+void frmAddItem::showColor(double number)
+{
+    m_color = number;
+    picColor->setStyleSheet(u"background: %1; border: 1px solid #555"_s.arg(colorOf(number).name()));
+}
+
+void frmAddItem::showImage(PictureBox *picture, kvTextBox *path, const QString &file)
+{
+    // A file that is there and is no picture keeps its path: saving the row must not forget it.
+    if (file.isEmpty() || !QFile::exists(file))
+        return;
+    path->setText(file);
+    if (!picture->load(file))
+        picture->clearPicture();
+}
+
+void frmAddItem::clearImage(PictureBox *picture, kvTextBox *path)
+{
+    // The file goes at once; one that cannot be deleted is left, and the box is emptied all the same.
+    if (!QFile::exists(path->Text()))
+        return;
+    QFile::remove(path->Text());
+    picture->clearPicture();
+    path->setText({});
+}
+
+void frmAddItem::measurementTexts(QString &labels, QString &values) const
+{
+    QStringList labelLines;
+    QStringList valueLines;
+    for (int i = 0; i < ItemDetails1->count(); ++i) {
+        QString label;
+        QString value;
+        ItemDetails1->ListItemText(i, label, value);
+        labelLines += label.remove(u'\r');
+        valueLines += value.isEmpty() ? u"NA"_s : value;
+    }
+    labels = labelLines.join(lineEnd);
+    values = valueLines.join(lineEnd);
+}
+
+void frmAddItem::confirm()
+{
+    if (cmbItems->Text().isEmpty() || SelectComboEntry(*cmbItems) < 0)
+        return complain(u"Please Select Item!"_s, cmbItems);
+    const double fees = Val(txtFees->Text());
+    const double quantity = Val(txtQnt->Text());
+    if (fees == 0)
+        return complain(u"Please Enter Fees!"_s, txtFees);
+    if (quantity == 0)
+        return complain(u"Please Enter Quantity!"_s, txtQnt);
+    if (quantity > largestQuantity)
+        return complain(u"Quantity can not be above %1!"_s.arg(largestQuantity), txtQnt);
+    if (fees * quantity > largestAmount)
+        return complain(u"Fees are too high!"_s, txtFees);
+
+    JobCardRow row;
+    row.ItemName = cmbItems->Text();
+    row.ItemID = Int16(GetItemID(row.ItemName));
+    row.isInv = opIsInv->isChecked() ? -1 : 0;
+    row.Qty = Int16(quantity);
+    row.Fees = fees;
+    row.Amount = quantity * fees;
+    row.Remarks = txtRemark->Text();
+    measurementTexts(row.ItemDetails, row.ItemDetailsValue);
+    row.img1 = picPath1->Text();
+    row.img2 = picPath2->Text();
+    row.Color = NumberText(m_color);
+    row.ClientRemarks = txtClientRemark->Text();
+    ItemCancelled = false;
+    if (ItemEditMode == u"N") {
+        m_rows->AddNewRow(row);
+    } else {
+        m_rows->SetItemName(RowIndex, row.ItemName);
+        m_rows->SetItemID(RowIndex, row.ItemID);
+        m_rows->SetQty(RowIndex, row.Qty);
+        m_rows->SetFees(RowIndex, row.Fees);
+        m_rows->SetAmount(RowIndex, row.Amount);
+        m_rows->SetisInv(RowIndex, row.isInv);
+        m_rows->SetRemarks(RowIndex, row.Remarks);
+        m_rows->SetItemDetails(RowIndex, row.ItemDetails);
+        m_rows->SetItemDetailsValue(RowIndex, row.ItemDetailsValue);
+        m_rows->SetImg1(RowIndex, row.img1);
+        m_rows->SetImg2(RowIndex, row.img2);
+        m_rows->SetColor(RowIndex, row.Color);
+        m_rows->SetClientRemarks(RowIndex, row.ClientRemarks);
+    }
+    accept();
+}

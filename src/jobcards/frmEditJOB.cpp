@@ -1,0 +1,583 @@
+#include "jobcards/frmEditJOB.h"
+
+#include "base/session.h"
+#include "base/values.h"
+#include "jobcards/ScrollingText.h"
+#include "jobcards/frmAddItem.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "store/settings.h"
+#include "ui/Command.h"
+#include "ui/DateField.h"
+#include "ui/ListView.h"
+#include "ui/entryKeys.h"
+#include "ui/frmMsg.h"
+#include "ui/kvComboBox.h"
+#include "ui/kvTextBox.h"
+#include "ui/modAutoSearch.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int plainText = 2;
+constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
+enum Column { ItemColumn, RemarkColumn, QuantityColumn, FeesColumn, AmountColumn };
+enum Appeared { NotAppeared = 0, DidAppear = 1, TrialCancelled = 2 };
+
+QLabel *fieldLabel(const QString &caption)
+{
+    auto *label = new QLabel(caption);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return label;
+}
+
+kvTextBox *amountBox(const QString &name, bool shownOnly)
+{
+    auto *box = new kvTextBox(name, plainText);
+    box->setText(Money(0));
+    box->setAlignment(Qt::AlignRight);
+    if (shownOnly) {
+        box->setReadOnly(true);
+        box->setFocusPolicy(Qt::NoFocus);
+    }
+    return box;
+}
+
+/// What the client owes or has to his credit, as the greeting says it. A credit keeps its minus sign.
+QString balanceText(double balance)
+{
+    return Money(-balance) + (balance < 0 ? u" Dr"_s : u" Cr"_s);
+}
+
+} // namespace
+
+frmEditJOB::frmEditJOB() : Screen(u"frmEditJOB"_s, u"Create New Job Card"_s)
+{
+    buildForm();
+    setTabs();
+    connectCommands();
+    setComboEntries(
+        *cmbClient, FillCombo(u"Title"_s, u"Accounts"_s, u" where type="_s + QString::number(0), DE().rsaccounts));
+    setComboEntries(*cmbAccount,
+        FillCombo(
+            u"Title"_s, u"Accounts"_s, u" where type="_s + QString::number(2) + u" and nature=0 "_s, DE().rsaccounts));
+    setEntryKeys(EnterMovesOn | PageKeysMove);
+}
+
+void frmEditJOB::buildForm()
+{
+    auto *whole = new QVBoxLayout(this);
+    whole->addWidget(buildGreeting());
+    whole->addLayout(buildHead());
+    whole->addLayout(buildRows(), 1);
+    whole->addLayout(buildFoot());
+    whole->addLayout(buildCommands());
+    resize(1060, 690);
+}
+
+QWidget *frmEditJOB::buildGreeting()
+{
+    m_greeting = new ScrollingText(u"lblLastvisit"_s);
+    m_greeting->setObjectName(u"greeting"_s);
+    m_greeting->setText(u"Welcome to Corvane"_s);
+    return m_greeting;
+}
+
+QLayout *frmEditJOB::buildHead()
+{
+    txtJOBID = new kvTextBox(u"txtJOBID"_s, plainText);
+    txtJOBID->setReadOnly(true);
+    txtJOBID->setFocusPolicy(Qt::ClickFocus);
+    JobDate = new DateField(u"JobDate"_s);
+    cmbClient = new kvComboBox(u"cmbClient"_s);
+    installAutoSearch(cmbClient);
+    Command9 = new Command(u"Command9"_s, u"&Quick Find"_s);
+    Command9->setComesLater(u"The search for clients comes with a later version."_s);
+    DateDel = new DateField(u"DateDel"_s);
+    DateTrial = new DateField(u"DateTrial"_s);
+    lblDelDate = new QLabel;
+    lblDelDate->setObjectName(u"lblDelDate"_s);
+    lblTrialInfo = new QLabel;
+    lblTrialInfo->setObjectName(u"lblTrialInfo"_s);
+
+    auto *grid = new QGridLayout;
+    grid->addWidget(fieldLabel(u"JOB ID"_s), 0, 0);
+    grid->addWidget(txtJOBID, 0, 1);
+    grid->addWidget(fieldLabel(u"Date :"_s), 0, 2);
+    grid->addWidget(JobDate, 0, 3);
+    grid->addWidget(fieldLabel(u"Delivery Date :"_s), 0, 5);
+    grid->addWidget(DateDel, 0, 6);
+    grid->addWidget(lblDelDate, 0, 7);
+    grid->addWidget(fieldLabel(u"Client Name :"_s), 1, 0);
+    grid->addWidget(cmbClient, 1, 1, 1, 3);
+    grid->addWidget(Command9, 1, 4);
+    grid->addWidget(fieldLabel(u"Trial  Date :"_s), 1, 5);
+    grid->addWidget(DateTrial, 1, 6);
+    grid->addWidget(lblTrialInfo, 1, 7);
+    grid->setColumnStretch(1, 2);
+    grid->setColumnStretch(3, 2);
+    grid->setColumnStretch(6, 2);
+    grid->setColumnStretch(7, 3);
+    return grid;
+}
+
+QLayout *frmEditJOB::buildRows()
+{
+    lvItems = new ListView(u"lvItems"_s,
+        {{u"Item"_s, 30}, {u"Remark"_s, 30}, {u"QTY"_s, 12, true}, {u"FEES"_s, 12, true}, {u"Amount"_s, 12, true}});
+    Command4 = new Command(u"Command4"_s, u"&Add"_s);
+    Command10 = new Command(u"Command10"_s, u"&Copy"_s);
+    Command5 = new Command(u"Command5"_s, u"Remove"_s);
+    Command6 = new Command(u"Command6"_s, u"Clear"_s);
+    auto *commands = new QVBoxLayout;
+    for (Command *command : {Command4, Command10, Command5, Command6})
+        commands->addWidget(command);
+    commands->addStretch();
+    auto *row = new QHBoxLayout;
+    row->addWidget(lvItems, 1);
+    row->addLayout(commands);
+    return row;
+}
+
+QLayout *frmEditJOB::buildFoot()
+{
+    txtRemark = new kvTextBox(u"txtRemark"_s);
+    chJobStatus = new QCheckBox(u"Delivered [All Items has been Delivered to client] "_s);
+    chJobStatus->setObjectName(u"chJobStatus"_s);
+    chStatus = new QCheckBox(u"Cancel Job Card"_s);
+    chStatus->setObjectName(u"chStatus"_s);
+    Command8 = new Command(u"Command8"_s, u"Cancel Reason"_s);
+    picCancel = new QWidget;
+    picCancel->setObjectName(u"picCancel"_s);
+    txtCancel = new kvTextBox(u"txtCancel"_s);
+    Command12 = new Command(u"Command12"_s, u"Hide"_s);
+    auto *reason = new QHBoxLayout(picCancel);
+    reason->setContentsMargins({});
+    reason->addWidget(new QLabel(u"Cancel Reason"_s));
+    reason->addWidget(txtCancel, 1);
+    reason->addWidget(Command12);
+    QSizePolicy keepsItsRoom = picCancel->sizePolicy();
+    keepsItsRoom.setRetainSizeWhenHidden(true);
+    picCancel->setSizePolicy(keepsItsRoom);
+    picCancel->hide();
+
+    auto *remark = new QHBoxLayout;
+    remark->addWidget(fieldLabel(u"Remark:"_s));
+    remark->addWidget(txtRemark, 1);
+    auto *cancel = new QHBoxLayout;
+    cancel->addWidget(chStatus);
+    cancel->addWidget(Command8);
+    cancel->addStretch();
+    auto *state = new QVBoxLayout;
+    state->addLayout(remark);
+    state->addWidget(chJobStatus);
+    state->addLayout(cancel);
+    state->addWidget(picCancel);
+    state->addStretch();
+
+    txtAmountDue = amountBox(u"txtAmountDue"_s, true);
+    txtAmountPaid = amountBox(u"txtAmountPaid"_s, false);
+    txtAmountPaid->setText(u"0"_s);
+    cmbAccount = new kvComboBox(u"cmbAccount"_s);
+    installAutoSearch(cmbAccount);
+    txtAmount = amountBox(u"txtAmount"_s, true);
+    auto *money = new QGridLayout;
+    const std::pair<QString, QWidget *> amounts[]{{u"Total Amount :"_s, txtAmountDue},
+        {u"Amount Received :"_s, txtAmountPaid}, {u"Receipt Account :"_s, cmbAccount}, {u"Amount Due:"_s, txtAmount}};
+    for (const auto &[caption, field] : amounts) {
+        const int row = money->rowCount();
+        money->addWidget(fieldLabel(caption), row, 0);
+        money->addWidget(field, row, 1);
+    }
+    money->setColumnMinimumWidth(1, 200);
+
+    auto *foot = new QHBoxLayout;
+    foot->addLayout(state, 1);
+    foot->addSpacing(24);
+    foot->addLayout(money);
+    return foot;
+}
+
+QLayout *frmEditJOB::buildCommands()
+{
+    Command1 = new Command(u"Command1"_s, u"&Save"_s);
+    Command2 = new Command(u"Command2"_s, u"&Print"_s);
+    Command3 = new Command(u"Command3"_s, u"&New"_s);
+    Command7 = new Command(u"Command7"_s, u"&Delete"_s);
+    Command11 = new Command(u"Command11"_s, u"Pending Orders Status"_s);
+    Command2->setComesLater(u"Printing comes with a later version."_s);
+    Command11->setComesLater(u"The status of pending orders comes with a later version."_s);
+    Command1->setDefault(true);
+    auto *row = new QHBoxLayout;
+    row->addWidget(Command7);
+    row->addWidget(Command11);
+    row->addStretch();
+    for (Command *command : {Command2, Command3, Command1})
+        row->addWidget(command);
+    return row;
+}
+
+void frmEditJOB::setTabs()
+{
+    QWidget *const order[]{JobDate, cmbClient, Command9, DateDel, DateTrial, lvItems, Command4, Command10, Command5,
+        Command6, txtAmountPaid, cmbAccount, txtRemark, chJobStatus, chStatus, Command8, txtCancel, Command12, Command1,
+        Command2, Command3, Command7, Command11};
+    for (size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void frmEditJOB::connectCommands()
+{
+    connect(txtJOBID, &kvTextBox::keyPress, this, [](int &key) { key = DigitKeysOnly(key); });
+    connect(txtAmountPaid, &kvTextBox::keyPress, this,
+        [this](int &key) { key = DecimalKeysOnly(txtAmountPaid->Text(), key); });
+    connect(cmbClient, &kvComboBox::lostFocus, this, &frmEditJOB::greetClient);
+    connect(txtAmountPaid, &kvTextBox::lostFocus, this, &frmEditJOB::leaveReceived);
+    connect(lvItems, &ListView::opened, this, &frmEditJOB::openRow);
+
+    connect(Command1, &Command::clicked, this, &frmEditJOB::save);
+    connect(Command3, &Command::clicked, this, [this] {
+        m_freshWanted = true;
+        reject();
+    });
+    connect(Command4, &Command::clicked, this, &frmEditJOB::addRow);
+    connect(Command5, &Command::clicked, this, &frmEditJOB::removeRow);
+    connect(Command6, &Command::clicked, this, &frmEditJOB::clearRows);
+    connect(Command7, &Command::clicked, this, &frmEditJOB::deleteCard);
+    connect(Command8, &Command::clicked, this, [this] {
+        picCancel->setVisible(picCancel->isHidden());
+        if (picCancel->isVisible())
+            txtCancel->setFocus(Qt::OtherFocusReason);
+    });
+    connect(Command10, &Command::clicked, this, &frmEditJOB::copyRow);
+    connect(Command12, &Command::clicked, this, [this] {
+        chStatus->setFocus(Qt::OtherFocusReason);
+        picCancel->hide();
+    });
+}
+
+bool frmEditJOB::keyPreview(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_I && event->modifiers() == Qt::ControlModifier) {
+        lvItems->setFocus(Qt::ShortcutFocusReason);
+        return true;
+    }
+    return Screen::keyPreview(event);
+}
+
+void frmEditJOB::done(int result)
+{
+    m_store.forgetRemovedRows();
+    Screen::done(result);
+}
+
+void frmEditJOB::ShowAddNew()
+{
+    prepareNew();
+    showCards();
+}
+
+void frmEditJOB::ShowEdit(int JobID, bool &JobDeleted)
+{
+    JobDeleted = false;
+    load(JobID);
+    showCards();
+    JobDeleted = m_jobDeleted;
+}
+
+void frmEditJOB::showCards()
+{
+    exec();
+    // One fresh card after the other, each closed before the next opens: a day of bookings must not pile screens up.
+    for (bool fresh = m_freshWanted; fresh;) {
+        frmEditJOB next;
+        next.prepareNew();
+        next.exec();
+        fresh = next.m_freshWanted;
+    }
+}
+
+void frmEditJOB::prepareNew()
+{
+    m_greeting->setText(u"Welcome to "_s + session::ShopName);
+    JobDate->setDate(session::CurrentDate);
+    DateDel->setDate(session::CurrentDate.addDays(Int32(Val(GetSetting(setting::DeliveryMargin)))));
+    DateTrial->setDate(session::CurrentDate);
+    txtJOBID->setText(QString::number(JobCardStore::GetNewNum()));
+    cmbClient->setFocus();
+    allowManualNumber();
+}
+
+void frmEditJOB::allowManualNumber()
+{
+    if (!settingIsOn(setting::ManualJobNumber))
+        return;
+    txtJOBID->setReadOnly(false);
+    txtJOBID->setFocusPolicy(Qt::StrongFocus);
+    setTabOrder(txtJOBID, JobDate);
+    txtJOBID->setFocus();
+}
+
+void frmEditJOB::load(int jobID)
+{
+    m_greeting->setText(u"Welcome to "_s + session::ShopName);
+    m_store.openSaved(jobID);
+    setWindowTitle(u"Edit JOB Card"_s);
+    cmbClient->setFocus();
+    allowManualNumber();
+
+    Recordset &job = DE().rsJobs2;
+    job.reopen(u"Select * from JOBS where id="_s + QString::number(jobID));
+    txtJOBID->setText(QString::number(job.integer(u"ID")));
+    JobDate->setDate(job.date(u"DATE"));
+    cmbClient->setText(GetAccountTitle(job.integer(u"ClintID")));
+    if (job.integer(u"CashAccID") > 0)
+        cmbAccount->setText(GetAccountTitle(job.integer(u"CashAccID")));
+    DateDel->setDate(job.date(u"DeliveryDate"));
+    DateTrial->setDate(job.date(u"TrialDate"));
+    txtAmountDue->setText(Money(job.number(u"AmountDue")));
+    txtAmountPaid->setText(NumberText(job.number(u"AmountPaid")));
+    chJobStatus->setChecked(job.integer(u"JobFinished") != 0);
+    txtRemark->setText(job.text(u"Remark"));
+    chStatus->setChecked(job.integer(u"Status") != 0);
+    txtCancel->setText(job.text(u"CancelReason"));
+    if (job.integer(u"JobFinished") == 1 && !job.isNull(u"ClientDeliveryDate"))
+        lblDelDate->setText(u"Delivered to Client : "_s + DayMonthYear(job.date(u"ClientDeliveryDate")));
+    showTrialNote(job.integer(u"appeared"), job.isNull(u"appearedDate") ? QDate() : job.date(u"appearedDate"));
+    job.close();
+
+    loadRows(jobID);
+    showAmountDue();
+}
+
+void frmEditJOB::showTrialNote(int appeared, const QDate &appearedDate)
+{
+    if (appeared == DidAppear && appearedDate.isValid())
+        lblTrialInfo->setText(u"Appeared for Trial "_s + DayMonthYear(appearedDate));
+    else if (appeared == NotAppeared)
+        lblTrialInfo->setText(u"Not Appeared for Trial"_s);
+    else if (appeared == TrialCancelled)
+        lblTrialInfo->setText(u"Trial Canceled"_s);
+}
+
+void frmEditJOB::loadRows(int jobID)
+{
+    Recordset &records = DE().rsJOBS_DETAIL;
+    records.reopen(u"Select * from jobs_detail where JOBID="_s + QString::number(jobID) + u" Order by ItemSr"_s);
+    for (; !records.eof(); records.moveNext()) {
+        JobCardRow row;
+        row.Sr = Int16(records.integer(u"ID"));
+        row.ItemID = Int16(records.integer(u"ItemID"));
+        // As the item is called now, which need not be what it was called when the row was written.
+        row.ItemName = GetItemName(row.ItemID);
+        row.isInv = Int16(records.integer(u"isInventory"));
+        row.Qty = Int16(records.integer(u"QNT"));
+        row.Fees = records.number(u"FEES");
+        row.Amount = records.number(u"Amount");
+        row.Remarks = records.text(u"Remarks");
+        row.ItemDetails = records.text(u"ItemDetails");
+        row.ItemDetailsValue = records.text(u"ItemDetailsValue");
+        row.img1 = records.textOrEmpty(u"img1");
+        row.img2 = records.textOrEmpty(u"img2");
+        row.Color = records.textOrEmpty(u"Color");
+        row.ClientRemarks = records.text(u"ClientRemarks");
+        JobRows.AddNewRow(row);
+        showRow(lvItems->list().rowCount(), JobRows.RowCount());
+    }
+    records.close();
+    lvItems->setCurrentRow(0);
+}
+
+void frmEditJOB::showRow(int listRow, int index)
+{
+    ListRow row;
+    row.cells = {JobRows.ItemName(index), JobRows.Remarks(index), QString::number(JobRows.Qty(index)),
+        Money(JobRows.Fees(index)), Money(JobRows.Amount(index))};
+    if (listRow < lvItems->list().rowCount())
+        lvItems->list().setRow(listRow, row);
+    else
+        lvItems->setCurrentRow(lvItems->list().appendRow(row));
+}
+
+void frmEditJOB::DoTotal()
+{
+    const ListModel &rows = lvItems->list();
+    if (rows.rowCount() == 0)
+        return;
+    Currency total;
+    for (int row = 0; row < rows.rowCount(); ++row)
+        total += Currency::fromDouble(Val(rows.cell(row, AmountColumn)));
+    txtAmountDue->setText(Money(total.toDouble()));
+    showAmountDue();
+}
+
+void frmEditJOB::showAmountDue()
+{
+    const Currency due =
+        Currency::fromDouble(Val(txtAmountDue->Text())) - Currency::fromDouble(Val(txtAmountPaid->Text()));
+    txtAmount->setText(Money(due.toDouble()));
+}
+
+void frmEditJOB::leaveReceived()
+{
+    if (Val(txtAmountPaid->Text()) > Val(txtAmountDue->Text()))
+        txtAmountPaid->setText(txtAmountDue->Text());
+    showAmountDue();
+}
+
+void frmEditJOB::greetClient()
+{
+    if (SelectComboEntry(*cmbClient) < 0)
+        return;
+    const QString title = cmbClient->Text();
+    const int ClientID = GetAccountID(title);
+    Recordset &jobs = DE().rsJobs2;
+    jobs.reopen(u"Select * from Jobs where ClintID="_s + QString::number(ClientID));
+    if (jobs.eof()) {
+        jobs.close();
+        m_greeting->setText(u"Welcome "_s + title);
+        return;
+    }
+    jobs.moveLast();
+    const QDate visit = jobs.date(u"DATE");
+    const QString jobNumber = QString::number(jobs.integer(u"ID"));
+    jobs.close();
+    const double balance = GetAccountBalance(ClientID, session::CurrentDate);
+    QString text = u"Welcome back "_s + title + u", Your previous visit was: "_s + DayMonthYear(visit) + u"  ("_s
+        + DateDiffText(visit, session::CurrentDate, false, true);
+    if (balance == 0)
+        text += u"  ago )  , Job # "_s + jobNumber;
+    else
+        text += u"  ago ) , Job # "_s + jobNumber + u" , Due Balance : "_s + balanceText(balance);
+    m_greeting->setText(text);
+    m_greeting->restart();
+}
+
+void frmEditJOB::addRow()
+{
+    if (cmbClient->Text().isEmpty())
+        return complain(u"Please Select Client!"_s, cmbClient);
+    const int ClientID = GetAccountID(cmbClient->Text());
+    bool cancelled = true;
+    frmAddItem().ItemDetails(JobRows, ClientID, cancelled);
+    if (cancelled) {
+        cmbAccount->setFocus();
+        return;
+    }
+    showRow(lvItems->list().rowCount(), JobRows.RowCount());
+    DoTotal();
+}
+
+void frmEditJOB::openRow()
+{
+    const int row = lvItems->currentRow();
+    if (row < 0)
+        return;
+    if (SelectComboEntry(*cmbClient) < 0)
+        return ShowMessage(u"Please Select Client!"_s);
+    const int ClientID = GetAccountID(cmbClient->Text());
+    bool cancelled = true;
+    frmAddItem().EditItemDetails(JobRows, ClientID, row + 1, cancelled);
+    if (cancelled)
+        return;
+    showRow(row, row + 1);
+    DoTotal();
+}
+
+void frmEditJOB::removeRow()
+{
+    const int row = lvItems->currentRow();
+    if (row < 0)
+        return;
+    m_store.noteRemovedRow(JobRows.Sr(row + 1));
+    JobRows.RemoveRow(row + 1);
+    lvItems->list().removeRow(row);
+    lvItems->setCurrentRow(std::min(row, lvItems->list().rowCount() - 1));
+    DoTotal();
+}
+
+void frmEditJOB::copyRow()
+{
+    const int row = lvItems->currentRow();
+    if (row < 0)
+        return;
+    JobRows.Copy(row + 1);
+    showRow(lvItems->list().rowCount(), JobRows.RowCount());
+    DoTotal();
+}
+
+void frmEditJOB::clearRows()
+{
+    // The rows of the card stay and are saved with it: only the list is emptied.
+    m_store.forgetRemovedRows();
+    lvItems->list().clear();
+    DoTotal();
+}
+
+JobCard frmEditJOB::collect() const
+{
+    JobCard card;
+    card.JobIDText = txtJOBID->Text();
+    card.JobDate = JobDate->date();
+    card.ClientTitle = cmbClient->Text();
+    card.ReceiptAccountTitle = cmbAccount->Text();
+    card.DeliveryDate = DateDel->date();
+    card.TrialDate = DateTrial->date();
+    card.TotalText = txtAmountDue->Text();
+    card.ReceivedText = txtAmountPaid->Text();
+    card.Delivered = chJobStatus->isChecked();
+    card.Cancelled = chStatus->isChecked();
+    card.Remark = txtRemark->Text();
+    card.CancelReason = txtCancel->Text();
+    return card;
+}
+
+void frmEditJOB::save()
+{
+    if (cmbClient->Text().isEmpty())
+        return complain(u"Please Select Client!"_s, cmbClient);
+    if (lvItems->list().rowCount() == 0)
+        return complain(u"Please Add Item!"_s, Command4);
+    if (txtAmountPaid->Text().isEmpty())
+        txtAmountPaid->setText(u"0"_s);
+    if (!wholeNumberText(txtAmountPaid->Text()))
+        return complain(u"Amount Received is not a number!"_s, txtAmountPaid);
+    if (Val(txtAmountPaid->Text()) > 0 && SelectComboEntry(*cmbAccount) < 0)
+        return complain(u"Please Select Receipt Account!"_s, cmbAccount);
+    const double number = Val(txtJOBID->Text());
+    if (number < 1 || number > largestJobNumber)
+        return complain(u"Job ID must be a number from 1 to %1!"_s.arg(largestJobNumber), txtJOBID);
+    if (m_store.isDuplicate(txtJOBID->Text()))
+        return complain(u"Duplicate Job ID!"_s, txtJOBID);
+    if (m_store.EditMode() == u"N") {
+        m_store.SaveNew(collect(), JobRows);
+        m_store.forgetRemovedRows();
+        txtJOBID->setText(QString::number(m_store.CurrentJobID()));
+        setWindowTitle(u"Edit JOB Card"_s);
+        ShowMessage(u"New Job Created."_s);
+    } else {
+        m_store.SaveEdit(collect(), JobRows);
+        ShowMessage(u"Job Edited."_s);
+    }
+}
+
+void frmEditJOB::deleteCard()
+{
+    if (m_store.EditMode() == u"N")
+        return;
+    if (AskUser(u"Are you sure to Delete!"_s) != 1)
+        return;
+    m_store.deleteCard();
+    ShowMessage(u"Deleted."_s);
+    m_jobDeleted = true;
+    reject();
+}

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "jobcards/JobCardStore.h"
+#include "jobcards/clsJobCardData.h"
+#include "ui/Screen.h"
+
+class Command;
+class DateField;
+class ListView;
+class QCheckBox;
+class QLabel;
+class ScrollingText;
+class kvComboBox;
+class kvTextBox;
+
+/// The order desk: one screen on which a job card is booked, changed, cancelled or deleted.
+class frmEditJOB : public Screen {
+    Q_OBJECT
+
+public:
+    frmEditJOB();
+
+    /// Opens a fresh card and returns when the screen has closed.
+    void ShowAddNew();
+    /// Opens the card `JobID`. `JobDeleted` tells whether it was deleted. Throws RuntimeError: Overflow for a number
+    /// above 32767, NoCurrentRecord for a card that isn't there.
+    void ShowEdit(int JobID, bool &JobDeleted);
+
+    /// Works the totals out from the list. Does nothing while the list is empty: the totals shown stay.
+    void DoTotal();
+
+protected:
+    bool keyPreview(QKeyEvent *event) override;
+    void done(int result) override;
+
+private:
+    void buildForm();
+    [[nodiscard]] QWidget *buildGreeting();
+    [[nodiscard]] QLayout *buildHead();
+    [[nodiscard]] QLayout *buildRows();
+    [[nodiscard]] QLayout *buildFoot();
+    [[nodiscard]] QLayout *buildCommands();
+    void setTabs();
+    void connectCommands();
+
+    void prepareNew();
+    void load(int jobID);
+    void loadRows(int jobID);
+    void showTrialNote(int appeared, const QDate &appearedDate);
+    void allowManualNumber();
+    void showCards();
+
+    void greetClient();
+    void leaveReceived();
+    void showAmountDue();
+    void addRow();
+    void openRow();
+    void removeRow();
+    void copyRow();
+    void clearRows();
+    void showRow(int listRow, int index);
+    void save();
+    void deleteCard();
+    [[nodiscard]] JobCard collect() const;
+
+    ScrollingText *m_greeting;
+    kvTextBox *txtJOBID;
+    DateField *JobDate;
+    kvComboBox *cmbClient;
+    DateField *DateDel;
+    DateField *DateTrial;
+    QLabel *lblDelDate;
+    QLabel *lblTrialInfo;
+    ListView *lvItems;
+    kvTextBox *txtRemark;
+    kvTextBox *txtAmountDue;
+    kvTextBox *txtAmountPaid;
+    kvTextBox *txtAmount;
+    kvComboBox *cmbAccount;
+    QCheckBox *chJobStatus;
+    QCheckBox *chStatus;
+    QWidget *picCancel;
+    kvTextBox *txtCancel;
+    Command *Command1;
+    Command *Command2;
+    Command *Command3;
+    Command *Command4;
+    Command *Command5;
+    Command *Command6;
+    Command *Command7;
+    Command *Command8;
+    Command *Command9;
+    Command *Command10;
+    Command *Command11;
+    Command *Command12;
+
+    JobCardStore m_store;
+    clsJobCardData JobRows;
+    bool m_jobDeleted = false;
+    /// "&New" was chosen: a fresh card opens when this one has closed.
+    bool m_freshWanted = false;
+};

@@ -1,0 +1,313 @@
+#include "jobcards/JobCardStore.h"
+
+#include "base/session.h"
+#include "base/values.h"
+#include "jobcards/clsJobCardData.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "store/settings.h"
+#include "support/OrderDesk.h"
+#include "support/expectFault.h"
+#include "support/testRegistry.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/// What a job card leaves in the database, save by save.
+class JobCardStoreTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void numbersFollowTheHighestCard();
+    void aNewCardWritesItsRowsAndPostings();
+    void withoutAdvanceThereIsNoReceipt();
+    void wagesComeFromTheItemMaster();
+    void savingAgainChangesNothingButTheSerials();
+    void productionSurvivesAnEdit();
+    void aRowAddedToASavedCardIsInsertedAtEverySave();
+    void aCopiedRowStandsForTheSameRow();
+    void oneRemovedRowGoesTwoFail();
+    void cancellingTakesThePostingsOutAndMarksTheRowsForGood();
+    void anEditToNoAdvanceKeepsTheReceiptAccount();
+    void anotherNumberMovesTheCardButNotItsOldPostings();
+    void takenNumbersAreSeen();
+    void numbersAboveSixteenBitsAreRefusedBeforeAnythingIsWritten();
+    void whatWasWrittenBeforeAFailureStays();
+    void deletingTakesRowsAndPostingsWithIt();
+};
+
+void JobCardStoreTest::numbersFollowTheHighestCard()
+{
+    OrderDesk desk;
+    QCOMPARE(JobCardStore::GetNewNum(), 1);
+    SaveSetting(setting::FirstJobNumber, u"1001"_s);
+    QCOMPARE(JobCardStore::GetNewNum(), 1001);
+    JobCardStore first = desk.book(u"1001"_s);
+    JobCardStore second = desk.book(u"1002"_s);
+    QCOMPARE(JobCardStore::GetNewNum(), 1003);
+    first.deleteCard();
+    QCOMPARE(JobCardStore::GetNewNum(), 1003);
+    second.deleteCard();
+    QCOMPARE(JobCardStore::GetNewNum(), 1001);
+    desk.book(u"7"_s);
+    QCOMPARE(JobCardStore::GetNewNum(), 8);
+}
+
+void JobCardStoreTest::aNewCardWritesItsRowsAndPostings()
+{
+    OrderDesk desk;
+    session::NeedRefresh = false;
+    JobCard card = desk.card(u"5"_s);
+    card.ReceivedText = u"100"_s;
+    clsJobCardData rows = desk.rows(2);
+    JobCardStore store;
+    QCOMPARE(store.EditMode(), u"N"_s);
+    store.SaveNew(card, rows);
+    QCOMPARE(store.EditMode(), u"E"_s);
+    QCOMPARE(store.CurrentJobID(), 5);
+    QVERIFY(!session::NeedRefresh);
+    QCOMPARE(
+        desk.lines(
+            u"Select ID, DATE, ClintID, ClintName, DeliveryDate, ClientDeliveryDate, TrialDate, appeared, AmountDue, "
+            "AmountPaid, JobFinished, Remark, CashAccID, Status, CancelReason from JOBS"_s),
+        QStringList{u"5|10-Apr-2011|5|Asha Rao|17-Apr-2011||12-Apr-2011|0|1600|100|0|By hand|4|0|"_s});
+    QCOMPARE(desk.lines(
+                 u"Select ID, DATE, JobID, ItemSr, ClintID, ItemID, isInventory, ItemName, QNT, FEES, Amount, Remarks, "
+                 "ItemDetails, ItemDetailsValue, WorkerID, WorkerName, JobDelDate, CompletedDate, DoneByWorker, "
+                 "WorkerWagesDue, MarkAsPaid, Score, ClientFeedback, ClientRemarks, CuttingDate, CuttingStatus, color "
+                 "from JOBS_DETAIL order by id"_s),
+        QStringList({
+            u"1|10-Apr-2011|5|1|5|1|-1|Coat|2|400|800|Wool|Chest\r\nWaist|40\r\nNA|0||17-Apr-2011||0|300|0|0||Loose|10-Apr-2011|0|255"_s,
+            u"2|10-Apr-2011|5|2|5|1|-1|Coat|2|400|800|Wool|Chest\r\nWaist|40\r\nNA|0||17-Apr-2011||0|300|0|0||Loose|10-Apr-2011|0|255"_s,
+        }));
+    QCOMPARE(desk.postings(),
+        QStringList({
+            u"5|1|1|10-Apr-2011|5|2|Sales|Job Card # :5|-1600|0|0"_s,
+            u"5|1|2|10-Apr-2011|2|5|Sales|Job Card # :5|1600|0|0"_s,
+            u"5|1|3|10-Apr-2011|4|5|Receipt|Job Card # :5|-100|0|0"_s,
+            u"5|1|4|10-Apr-2011|5|4|Receipt|Job Card # :5|100|0|0"_s,
+        }));
+    QCOMPARE(rows.Sr(1), qint16(1));
+    QCOMPARE(rows.Sr(2), qint16(2));
+    QCOMPARE(GetAccountBalance(5, {2011, 4, 10}), -1500.0);
+}
+
+void JobCardStoreTest::withoutAdvanceThereIsNoReceipt()
+{
+    OrderDesk desk;
+    JobCard card = desk.card(u"1"_s);
+    card.ReceivedText = u"0"_s;
+    card.ReceiptAccountTitle = u"Nobody"_s;
+    card.TotalText = u"0.00"_s;
+    clsJobCardData rows = desk.rows(1);
+    JobCardStore().SaveNew(card, rows);
+    QCOMPARE(desk.postings().size(), 2);
+    QCOMPARE(desk.lines(u"Select CashAccID, AmountPaid from JOBS"_s), QStringList{u"0|0"_s});
+}
+
+void JobCardStoreTest::wagesComeFromTheItemMaster()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(1);
+    rows.SetWorkerWagesDue(1, 9999);
+    rows.SetQty(1, 3);
+    JobCardStore().SaveNew(desk.card(u"1"_s), rows);
+    QCOMPARE(desk.lines(u"Select WorkerWagesDue from JOBS_DETAIL"_s), QStringList{u"450"_s});
+}
+
+void JobCardStoreTest::savingAgainChangesNothingButTheSerials()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(2);
+    JobCardStore store;
+    store.SaveNew(desk.card(u"1"_s), rows);
+    const QStringList records = desk.lines(u"Select * from JOBS_DETAIL"_s);
+    const QStringList postings = desk.postings();
+    session::NeedRefresh = false;
+    store.SaveEdit(desk.card(u"1"_s), rows);
+    QCOMPARE(desk.lines(u"Select * from JOBS_DETAIL"_s), records);
+    QCOMPARE(desk.postings(), postings);
+    QVERIFY(session::NeedRefresh);
+}
+
+void JobCardStoreTest::productionSurvivesAnEdit()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(1);
+    JobCardStore store;
+    store.SaveNew(desk.card(u"1"_s), rows);
+    DE().CN.execute(
+        u"update JOBS_DETAIL set WorkerID=7, WorkerName='Babu', CompletedDate=#15-Apr-2011#, DoneByWorker=1, "
+        "MarkAsPaid=1, Loc='Rack 2', CuttingStatus=1, CuttingDate=#12-Apr-2011#"_s);
+    DE().CN.execute(u"update JOBS set ClientDeliveryDate=#16-Apr-2011#, appeared=1, appearedDate=#13-Apr-2011#"_s);
+    JobCard card = desk.card(u"1"_s);
+    card.DeliveryDate = {2011, 5, 1};
+    card.JobDate = {2011, 4, 11};
+    rows.SetQty(1, 5);
+    rows.SetRemarks(1, u"Silk"_s);
+    store.SaveEdit(card, rows);
+    QCOMPARE(desk.lines(u"Select DATE, QNT, Remarks, WorkerID, WorkerName, JobDelDate, CompletedDate, DoneByWorker, "
+                        "WorkerWagesDue, MarkAsPaid, Loc, CuttingDate, CuttingStatus from JOBS_DETAIL"_s),
+        QStringList{u"11-Apr-2011|5|Silk|7|Babu|17-Apr-2011|15-Apr-2011|1|300|1|Rack 2|12-Apr-2011|1"_s});
+    QCOMPARE(desk.lines(u"Select DeliveryDate, ClientDeliveryDate, appeared, appearedDate from JOBS"_s),
+        QStringList{u"01-May-2011|16-Apr-2011|1|13-Apr-2011"_s});
+}
+
+void JobCardStoreTest::aRowAddedToASavedCardIsInsertedAtEverySave()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(1);
+    JobCardStore store;
+    store.SaveNew(desk.card(u"1"_s), rows);
+    rows.AddNewRow(OrderDesk::row());
+    store.SaveEdit(desk.card(u"1"_s), rows);
+    QCOMPARE(rows.Sr(2), qint16(0));
+    QCOMPARE(desk.lines(u"Select Id, ItemSr from JOBS_DETAIL"_s), QStringList({u"1|1"_s, u"2|2"_s}));
+    store.SaveEdit(desk.card(u"1"_s), rows);
+    QCOMPARE(desk.lines(u"Select Id, ItemSr from JOBS_DETAIL"_s), QStringList({u"1|1"_s, u"2|2"_s, u"3|2"_s}));
+}
+
+void JobCardStoreTest::aCopiedRowStandsForTheSameRow()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(1);
+    JobCardStore store;
+    store.SaveNew(desk.card(u"1"_s), rows);
+    rows.Copy(1);
+    rows.SetRemarks(2, u"the copy"_s);
+    store.SaveEdit(desk.card(u"1"_s), rows);
+    QCOMPARE(desk.lines(u"Select Id, ItemSr, Remarks from JOBS_DETAIL"_s), QStringList{u"1|2|the copy"_s});
+}
+
+void JobCardStoreTest::oneRemovedRowGoesTwoFail()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(4);
+    JobCardStore store;
+    store.SaveNew(desk.card(u"1"_s), rows);
+    const auto remove = [&](int index) {
+        store.noteRemovedRow(rows.Sr(index));
+        rows.RemoveRow(index);
+    };
+    remove(2);
+    store.SaveEdit(desk.card(u"1"_s), rows);
+    QCOMPARE(desk.lines(u"Select Id, ItemSr from JOBS_DETAIL"_s), QStringList({u"1|1"_s, u"3|2"_s, u"4|3"_s}));
+
+    remove(1);
+    remove(1);
+    JobCard card = desk.card(u"1"_s);
+    card.Remark = u"second edit"_s;
+    card.TotalText = u"800.00"_s;
+    const QStringList postings = desk.postings();
+    EXPECT_FAULT(Fault::Syntax, store.SaveEdit(card, rows));
+    // The card and its rows were written before, the postings come after.
+    QCOMPARE(desk.lines(u"Select Remark, AmountDue from JOBS"_s), QStringList{u"second edit|800"_s});
+    QCOMPARE(desk.lines(u"Select Id, ItemSr from JOBS_DETAIL"_s), QStringList({u"1|1"_s, u"3|2"_s, u"4|1"_s}));
+    QCOMPARE(desk.postings(), postings);
+}
+
+void JobCardStoreTest::cancellingTakesThePostingsOutAndMarksTheRowsForGood()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(2);
+    JobCard card = desk.card(u"1"_s);
+    JobCardStore store;
+    store.SaveNew(card, rows);
+    card.Cancelled = true;
+    card.CancelReason = u"Moved away"_s;
+    store.SaveEdit(card, rows);
+    QCOMPARE(desk.lines(u"Select Status, CancelReason from JOBS"_s), QStringList{u"1|Moved away"_s});
+    QCOMPARE(desk.lines(u"Select count(*) from Postings where Status=1"_s), QStringList{u"4"_s});
+    QCOMPARE(desk.lines(u"Select DoneByWorker from JOBS_DETAIL"_s), QStringList({u"4"_s, u"4"_s}));
+    QCOMPARE(GetAccountBalance(5, {2011, 4, 30}), 0.0);
+    card.Cancelled = false;
+    store.SaveEdit(card, rows);
+    QCOMPARE(GetAccountBalance(5, {2011, 4, 30}), -1500.0);
+    QCOMPARE(desk.lines(u"Select DoneByWorker from JOBS_DETAIL"_s), QStringList({u"4"_s, u"4"_s}));
+}
+
+void JobCardStoreTest::anEditToNoAdvanceKeepsTheReceiptAccount()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(1);
+    JobCard card = desk.card(u"1"_s);
+    JobCardStore store;
+    store.SaveNew(card, rows);
+    card.ReceivedText = u"0"_s;
+    card.Delivered = true;
+    store.SaveEdit(card, rows);
+    QCOMPARE(desk.lines(u"Select CashAccID, AmountPaid, JobFinished, ClientDeliveryDate from JOBS"_s),
+        QStringList{u"4|0|1|"_s});
+    QCOMPARE(desk.postings().size(), 2);
+}
+
+void JobCardStoreTest::anotherNumberMovesTheCardButNotItsOldPostings()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(1);
+    JobCardStore store;
+    store.SaveNew(desk.card(u"1"_s), rows);
+    store.SaveEdit(desk.card(u"50"_s), rows);
+    QCOMPARE(store.CurrentJobID(), 50);
+    QCOMPARE(desk.lines(u"Select JOBS.ID, JobID from JOBS, JOBS_DETAIL"_s), QStringList{u"50|50"_s});
+    QCOMPARE(desk.lines(u"Select VID, count(*) from Postings group by VID order by VID"_s),
+        QStringList({u"1|4"_s, u"50|4"_s}));
+}
+
+void JobCardStoreTest::takenNumbersAreSeen()
+{
+    OrderDesk desk;
+    JobCardStore store = desk.book(u"12"_s);
+    QVERIFY(!store.isDuplicate(u"12"_s));
+    QVERIFY(!store.isDuplicate(u"13"_s));
+    QVERIFY(JobCardStore().isDuplicate(u"12"_s));
+    QVERIFY(JobCardStore().isDuplicate(u"12 A"_s));
+    QVERIFY(!JobCardStore().isDuplicate({}));
+}
+
+void JobCardStoreTest::numbersAboveSixteenBitsAreRefusedBeforeAnythingIsWritten()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(1);
+    EXPECT_FAULT(Fault::Overflow, JobCardStore().SaveNew(desk.card(u"32768"_s), rows));
+    QCOMPARE(desk.lines(u"Select * from JOBS"_s), QStringList());
+    QCOMPARE(desk.lines(u"Select * from JOBS_DETAIL"_s), QStringList());
+    EXPECT_FAULT(Fault::Overflow, JobCardStore().openSaved(32768));
+    JobCardStore().SaveNew(desk.card(u"32767"_s), rows);
+    QCOMPARE(desk.lines(u"Select ID from JOBS"_s), QStringList{u"32767"_s});
+}
+
+void JobCardStoreTest::whatWasWrittenBeforeAFailureStays()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(1);
+    JobCard card = desk.card(u"1"_s);
+    card.ClientTitle = u"Nobody"_s;
+    EXPECT_FAULT(Fault::NoCurrentRecord, JobCardStore().SaveNew(card, rows));
+    QCOMPARE(desk.lines(u"Select * from JOBS"_s), QStringList());
+
+    DE().CN.execute(u"Delete from Accounts where Title='Sales'"_s);
+    EXPECT_FAULT(Fault::NoCurrentRecord, JobCardStore().SaveNew(desk.card(u"2"_s), rows));
+    QCOMPARE(desk.lines(u"Select ID from JOBS"_s), QStringList{u"2"_s});
+    QCOMPARE(desk.lines(u"Select JobID from JOBS_DETAIL"_s), QStringList{u"2"_s});
+    QCOMPARE(desk.postings(), QStringList());
+}
+
+void JobCardStoreTest::deletingTakesRowsAndPostingsWithIt()
+{
+    OrderDesk desk;
+    JobCardStore first = desk.book(u"1"_s);
+    desk.book(u"2"_s);
+    DE().CN.execute(u"update Postings set Vtype=2 where VID=1 and sr=4"_s);
+    session::NeedRefresh = false;
+    first.deleteCard();
+    QVERIFY(session::NeedRefresh);
+    QCOMPARE(desk.lines(u"Select ID from JOBS"_s), QStringList{u"2"_s});
+    QCOMPARE(desk.lines(u"Select JobID from JOBS_DETAIL"_s), QStringList{u"2"_s});
+    QCOMPARE(desk.lines(u"Select VID, Vtype, count(*) from Postings group by VID, Vtype order by VID"_s),
+        QStringList({u"1|2|1"_s, u"2|1|4"_s}));
+}
+
+CORVANE_TEST(JobCardStoreTest)
+#include "tst_JobCardStore.moc"

@@ -1,0 +1,98 @@
+#include "support/OrderDesk.h"
+
+#include "base/session.h"
+
+using namespace Qt::StringLiterals;
+
+OrderDesk::OrderDesk()
+{
+    session::CurrentDate = QDate(2011, 4, 10);
+    session::ShopName = u"Kovrel"_s;
+    session::NeedRefresh = false;
+    addAccount(u"Asha Rao"_s);
+    addItem(u"Coat"_s, u"Chest\r\nWaist"_s, 400, 150);
+}
+
+void OrderDesk::addItem(
+    const QString &name, const QString &measurements, double fees, double workerFees, bool inventory)
+{
+    Recordset items(connection);
+    items.open(u"Select * from Items"_s);
+    items.addNew();
+    items.set(u"Name", name);
+    items.set(u"ItemDetails", measurements);
+    items.set(u"Fees", fees);
+    items.set(u"WorkerFees", workerFees);
+    items.set(u"isInventory", inventory ? 1 : 0);
+    items.update();
+}
+
+JobCard OrderDesk::card(const QString &number) const
+{
+    JobCard card;
+    card.JobIDText = number;
+    card.JobDate = {2011, 4, 10};
+    card.ClientTitle = u"Asha Rao"_s;
+    card.ReceiptAccountTitle = u"Cash"_s;
+    card.DeliveryDate = {2011, 4, 17};
+    card.TrialDate = {2011, 4, 12};
+    card.TotalText = u"1600.00"_s;
+    card.ReceivedText = u"100"_s;
+    card.Remark = u"By hand"_s;
+    return card;
+}
+
+JobCardRow OrderDesk::row()
+{
+    JobCardRow row;
+    row.ItemName = u"Coat"_s;
+    row.ItemID = 1;
+    row.isInv = -1;
+    row.Qty = 2;
+    row.Fees = 400;
+    row.Amount = 800;
+    row.Remarks = u"Wool"_s;
+    row.ItemDetails = u"Chest\r\nWaist"_s;
+    row.ItemDetailsValue = u"40\r\nNA"_s;
+    row.Color = u"255"_s;
+    row.ClientRemarks = u"Loose"_s;
+    return row;
+}
+
+clsJobCardData OrderDesk::rows(int count) const
+{
+    clsJobCardData rows;
+    for (int i = 0; i < count; ++i)
+        rows.AddNewRow(row());
+    return rows;
+}
+
+JobCardStore OrderDesk::book(const QString &number)
+{
+    JobCardStore store;
+    clsJobCardData items = rows(1);
+    store.SaveNew(card(number), items);
+    return store;
+}
+
+QStringList OrderDesk::lines(const QString &statement)
+{
+    QStringList lines;
+    Recordset rows(connection);
+    rows.open(statement);
+    for (; !rows.eof(); rows.moveNext()) {
+        QStringList cells;
+        for (int column = 0; column < rows.columnCount(); ++column) {
+            const Value value = rows.value(column);
+            cells += value.isNull() ? QString() : value.toText();
+        }
+        lines += cells.join(u'|');
+    }
+    return lines;
+}
+
+QStringList OrderDesk::postings()
+{
+    return lines(
+        u"Select VID, Vtype, sr, Date, AccID, RefID, particulars, Remark, Amount, Status, isPayroll from Postings order by sr"_s);
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "jobcards/JobCardStore.h"
+#include "jobcards/clsJobCardData.h"
+#include "support/StoreFile.h"
+
+/// A shop with the client Asha Rao (account 5) and the item Coat (fee 400, wage 150), where job cards can be booked.
+/// The working date is 10-Apr-2011.
+struct OrderDesk : StoreFile {
+    OrderDesk();
+
+    [[nodiscard]] JobCard card(const QString &number) const;
+    [[nodiscard]] static JobCardRow row();
+    [[nodiscard]] clsJobCardData rows(int count) const;
+    JobCardStore book(const QString &number);
+
+    void addItem(
+        const QString &name, const QString &measurements, double fees, double workerFees, bool inventory = false);
+
+    /// Each row of a statement as one text, columns joined by "|"; Null is empty.
+    [[nodiscard]] QStringList lines(const QString &statement);
+    [[nodiscard]] QStringList postings();
+};
