@@ -1,6 +1,10 @@
 #include "jobcards/ScrollingText.h"
 
+#include "ui/theme.h"
+
+#include <QColor>
 #include <QLabel>
+#include <QPalette>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +23,11 @@ ScrollingText::ScrollingText(const QString &labelName, QWidget *parent) : QWidge
     QFont font = m_label->font();
     font.setBold(true);
     m_label->setFont(font);
+    QPalette band = palette();
+    band.setColor(QPalette::Window, theme::accent());
+    band.setColor(QPalette::WindowText, Qt::white);
+    setPalette(band);
+    setAutoFillBackground(true);
     setFixedHeight(m_label->fontMetrics().height() + 12);
     m_label->move(8, 6);
     m_timer.setInterval(stepMilliseconds);

@@ -57,7 +57,8 @@ void addLabelled(QGridLayout *grid, int row, const QString &caption, QWidget *fi
 {
     auto *label = new QLabel(caption);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    grid->addWidget(label, row, 0);
+    const bool tall = qobject_cast<kvTextBoxMultiLine *>(field) != nullptr;
+    grid->addWidget(label, row, 0, tall ? Qt::AlignRight | Qt::AlignTop : Qt::Alignment());
     grid->addWidget(field, row, 1);
 }
 
@@ -76,8 +77,9 @@ frmAddItem::frmAddItem() : Screen(u"frmAddItem"_s, u"Item"_s)
 void frmAddItem::buildForm()
 {
     auto *columns = new QHBoxLayout;
-    columns->addLayout(buildOrder(), 5);
-    columns->addLayout(buildCloth(), 4);
+    columns->addLayout(buildOrder(), 2);
+    columns->addSpacing(12);
+    columns->addLayout(buildCloth(), 3);
     auto *commands = new QHBoxLayout;
     Command2 = new Command(u"Command2"_s, u"Clean Form"_s);
     Command1 = new Command(u"Command1"_s, u"&OK"_s);
@@ -88,7 +90,7 @@ void frmAddItem::buildForm()
     auto *whole = new QVBoxLayout(this);
     whole->addLayout(columns);
     whole->addLayout(commands);
-    resize(940, 610);
+    resize(1080, 620);
 
     QWidget *const order[]{cmbItems, txtQnt, txtFees, ItemDetails1, txtRemark, txtClientRemark, picColor, opIsInv,
         Command3, Command7, Command6, Command4, Command8, Command5, Command2, Command1};

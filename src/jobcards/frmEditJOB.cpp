@@ -21,6 +21,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPalette>
 
 #include <limits>
 
@@ -48,6 +49,9 @@ kvTextBox *amountBox(const QString &name, bool shownOnly)
     if (shownOnly) {
         box->setReadOnly(true);
         box->setFocusPolicy(Qt::NoFocus);
+        QPalette quiet = box->palette();
+        quiet.setColor(QPalette::Base, quiet.color(QPalette::Window));
+        box->setPalette(quiet);
     }
     return box;
 }
@@ -190,6 +194,10 @@ QLayout *frmEditJOB::buildFoot()
     cmbAccount = new kvComboBox(u"cmbAccount"_s);
     installAutoSearch(cmbAccount);
     txtAmount = amountBox(u"txtAmount"_s, true);
+    QFont strong = txtAmount->font();
+    strong.setBold(true);
+    txtAmountDue->setFont(strong);
+    txtAmount->setFont(strong);
     auto *money = new QGridLayout;
     const std::pair<QString, QWidget *> amounts[]{{u"Total Amount :"_s, txtAmountDue},
         {u"Amount Received :"_s, txtAmountPaid}, {u"Receipt Account :"_s, cmbAccount}, {u"Amount Due:"_s, txtAmount}};

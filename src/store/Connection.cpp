@@ -26,6 +26,12 @@ constexpr auto cipherSettings = "PRAGMA cipher_page_size = 4096;"
 constexpr auto durability = "PRAGMA journal_mode = DELETE;"
                             "PRAGMA synchronous = FULL;";
 
+quint64 nextStamp()
+{
+    static quint64 stamp = 0;
+    return ++stamp;
+}
+
 std::string_view textOf(sqlite3_value *value)
 {
     const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(value));
@@ -158,7 +164,7 @@ int bindValue(sqlite3_stmt *statement, int place, const Value &value)
 
 } // namespace
 
-Connection::Connection() = default;
+Connection::Connection() : m_writeStamp(nextStamp()) { }
 
 Connection::~Connection()
 {
@@ -173,8 +179,23 @@ void Connection::open(const QString &path)
     if (!file.isFile() || !file.isReadable() || !file.isWritable())
         throw RuntimeError(Fault::CannotOpen, u"The file cannot be opened for reading and writing."_s, path);
     openHandle(path, SQLITE_OPEN_READWRITE);
+    unlock();
     auto closeOnFailure = qScopeGuard([this] { close(); });
     proveReadable(path);
+    closeOnFailure.dismiss();
+}
+
+void Connection::openPlain(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.exists())
+        throw RuntimeError(Fault::FileNotFound, path);
+    if (!file.isFile() || !file.isReadable())
+        throw RuntimeError(Fault::CannotOpen, path);
+    openHandle(path, SQLITE_OPEN_READONLY);
+    auto closeOnFailure = qScopeGuard([this] { close(); });
+    Statement(*this, "select count(*) from sqlite_master", {}, path).step();
+    m_proven = true;
     closeOnFailure.dismiss();
 }
 
@@ -183,6 +204,7 @@ void Connection::create(const QString &path)
     if (QFileInfo::exists(path))
         throw RuntimeError(Fault::FileFault, u"The file exists already."_s, path);
     openHandle(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    unlock();
     m_proven = true;
     sqlite3_exec(m_database, durability, nullptr, nullptr, nullptr);
 }
@@ -201,9 +223,13 @@ void Connection::openHandle(const QString &path, int flags)
     m_proven = false;
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_timeout(handle, busyMilliseconds);
-    sqlite3_key(handle, password.data(), static_cast<int>(password.size()));
-    sqlite3_exec(handle, cipherSettings, nullptr, nullptr, nullptr);
     addDialect(handle);
+}
+
+void Connection::unlock()
+{
+    sqlite3_key(m_database, password.data(), static_cast<int>(password.size()));
+    sqlite3_exec(m_database, cipherSettings, nullptr, nullptr, nullptr);
 }
 
 void Connection::proveReadable(const QString &path)
@@ -230,7 +256,7 @@ void Connection::close()
     sqlite3_close_v2(m_database);
     m_database = nullptr;
     m_groupDepth = 0;
-    ++m_writeCount;
+    m_writeStamp = nextStamp();
 }
 
 int Connection::execute(const QString &statement)
@@ -306,7 +332,7 @@ Connection::Statement::Statement(
             m_connection.fail(code, source);
     }
     if (!sqlite3_stmt_readonly(m_handle))
-        ++m_connection.m_writeCount;
+        m_connection.m_writeStamp = nextStamp();
 }
 
 Connection::Statement::~Statement()

@@ -26,6 +26,9 @@ public:
     /// by it.
     void open(const QString &path);
 
+    /// Opens a database that has no password and isn't a shop's, for reading only. Throws as `open` does.
+    void openPlain(const QString &path);
+
     /// Makes a new, empty file at `path` and opens it. Throws RuntimeError (FileFault) where something stands there
     /// already, which is left alone, and CannotOpen where nothing can be made.
     void create(const QString &path);
@@ -41,8 +44,9 @@ public:
     /// Runs a statement of the engine's own language, for what the program's dialect has no words for: making tables.
     void define(const QString &sql);
 
-    /// Counts the statements that may have written, so that whoever remembers answers knows when to forget them.
-    [[nodiscard]] quint64 writeCount() const { return m_writeCount; }
+    /// Changes with each statement that may have written, with opening and with closing, and is never the same for two
+    /// connections: whoever remembers answers of this one forgets them when it has changed.
+    [[nodiscard]] quint64 writeStamp() const { return m_writeStamp; }
 
     /// A prepared statement at its start with `values` bound, and reset when it leaves its scope.
     class Statement {
@@ -70,6 +74,7 @@ public:
 private:
     friend class WriteGroup;
     void openHandle(const QString &path, int flags);
+    void unlock();
     void proveReadable(const QString &path);
     sqlite3_stmt *prepared(const QByteArray &sql, const QString &source);
     [[noreturn]] void fail(int code, const QString &source) const;
@@ -77,7 +82,7 @@ private:
 
     sqlite3 *m_database = nullptr;
     QHash<QByteArray, sqlite3_stmt *> m_statements;
-    quint64 m_writeCount = 0;
+    quint64 m_writeStamp;
     int m_groupDepth = 0;
     bool m_proven = false;
 };

@@ -35,7 +35,7 @@ class Summary {
 public:
     const std::vector<Entry> *entriesOf(Connection &connection, int accountID)
     {
-        if (m_connection != &connection || m_writeCount != connection.writeCount())
+        if (m_writeStamp != connection.writeStamp())
             build(connection);
         const auto found = m_accounts.constFind(accountID);
         return found == m_accounts.cend() ? nullptr : &*found;
@@ -64,12 +64,10 @@ private:
                 entry.sums = running;
             }
         }
-        m_connection = &connection;
-        m_writeCount = connection.writeCount();
+        m_writeStamp = connection.writeStamp();
     }
 
-    const Connection *m_connection = nullptr;
-    quint64 m_writeCount = 0;
+    quint64 m_writeStamp = 0;
     QHash<int, std::vector<Entry>> m_accounts;
 };
 

@@ -19,10 +19,9 @@ class LookupMemo {
 public:
     Value answer(const Connection &connection, Recordset &source, const QString &column, const QString &statement)
     {
-        if (m_connection != &connection || m_writeCount != connection.writeCount()) {
+        if (m_writeStamp != connection.writeStamp()) {
             m_answers.clear();
-            m_connection = &connection;
-            m_writeCount = connection.writeCount();
+            m_writeStamp = connection.writeStamp();
         }
         source.close();
         QHash<QString, Value> &answers = m_answers[column];
@@ -36,8 +35,7 @@ public:
     }
 
 private:
-    const Connection *m_connection = nullptr;
-    quint64 m_writeCount = 0;
+    quint64 m_writeStamp = 0;
     QHash<QString, QHash<QString, Value>> m_answers;
 };
 

@@ -1,12 +1,12 @@
 #include "jobcards/JobCardStore.h"
 
+#include "OrderDesk.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "jobcards/clsJobCardData.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "store/settings.h"
-#include "support/OrderDesk.h"
 #include "support/expectFault.h"
 #include "support/testRegistry.h"
 

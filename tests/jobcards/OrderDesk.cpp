@@ -1,4 +1,4 @@
-#include "support/OrderDesk.h"
+#include "OrderDesk.h"
 
 #include "base/session.h"
 

@@ -1,0 +1,535 @@
+#include "jobcards/frmEditJOB.h"
+
+#include "OrderDesk.h"
+#include "base/session.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "store/settings.h"
+#include "support/ModalScript.h"
+#include "support/expectFault.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/kvComboBox.h"
+#include "ui/kvTextBox.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::accessKey;
+using driver::control;
+using driver::press;
+using driver::type;
+
+/// The order desk, worked by keys.
+class EditJobTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aCardIsBookedClosedOpenedAndChangedByKeysAlone();
+    void aFreshCardTakesItsDatesFromTheSession();
+    void theChecksComeInTheirOrder();
+    void aReceiptAccountIsCompletedFromItsBeginning();
+    void anAdvanceAboveTheTotalIsCutOnLeaving();
+    void numbersTypedByHandMustBeFree();
+    void storedTotalsAreShownAsTheyAre();
+    void notesTellOfTrialAndDelivery_data();
+    void notesTellOfTrialAndDelivery();
+    void theGreetingTellsVisitAndBalance_data();
+    void theGreetingTellsVisitAndBalance();
+    void removeCopyAndClear();
+    void clearedRowsAreSavedAllTheSame();
+    void deletingAsksFirst();
+    void newOpensAFreshCardAfterThisOne();
+    void theReasonPanelOpensAndCloses();
+    void commandsOfLaterVersionsAreDisabled();
+    void keysMoveThroughTheScreen();
+    void aNumberBeyondTheRangeIsToldAtTheField();
+};
+
+namespace {
+
+QString text(const QWidget &screen, const char *name)
+{
+    return control<QLineEdit>(screen, name).text();
+}
+
+QString greeting(const QWidget &screen)
+{
+    return control<QLabel>(screen, "lblLastvisit").text();
+}
+
+QString focused()
+{
+    for (const QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
+        if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(u"qt_"))
+            return widget->objectName();
+    }
+    return {};
+}
+
+/// Opens the card and does `work` on it; the card is closed with Escape afterwards.
+void onCard(ModalScript &script, int jobID, const std::function<void(QWidget &)> &work)
+{
+    script.expect(u"frmEditJOB"_s, [&work](QWidget &screen) {
+        work(screen);
+        press(Qt::Key_Escape);
+    });
+    bool deleted = true;
+    frmEditJOB card;
+    if (jobID > 0)
+        card.ShowEdit(jobID, deleted);
+    else
+        card.ShowAddNew();
+    QVERIFY(script.isDone());
+}
+
+void expectItem(ModalScript &script, const QString &item, const QString &quantity)
+{
+    script.expect(u"frmAddItem"_s, [item, quantity](QWidget &editor) {
+        type(item);
+        press(Qt::Key_Return);
+        control<kvTextBox>(editor, "txtQnt").setFocus();
+        type(quantity);
+        accessKey('o');
+    });
+}
+
+} // namespace
+
+void EditJobTest::aCardIsBookedClosedOpenedAndChangedByKeysAlone()
+{
+    OrderDesk desk;
+    ModalScript script;
+    onCard(script, 0, [&script](QWidget &screen) {
+        QCOMPARE(screen.windowTitle(), u"Create New Job Card"_s);
+        QCOMPARE(focused(), u"cmbClient"_s);
+        type(u"ash"_s);
+        QCOMPARE(control<kvComboBox>(screen, "cmbClient").currentText(), u"Asha Rao"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(greeting(screen), u"Welcome Asha Rao"_s);
+        script.expect(u"frmAddItem"_s, [](QWidget &) {
+            type(u"co"_s);
+            press(Qt::Key_Return);
+            type(u"41.5"_s);
+            press(Qt::Key_Return);
+            type(u"36"_s);
+            accessKey('o');
+        });
+        accessKey('a');
+        QCOMPARE(driver::rows(control<QAbstractItemView>(screen, "lvItems")),
+            QList<QStringList>{QStringList({u"Coat"_s, QString(), u"1"_s, u"400.00"_s, u"400.00"_s})});
+        control<kvTextBox>(screen, "txtAmountPaid").setFocus();
+        type(u"150"_s);
+        press(Qt::Key_Return);
+        type(u"cas"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(text(screen, "txtAmount"), u"250.00"_s);
+        script.expectMessage(u"New Job Created."_s);
+        accessKey('s');
+        QCOMPARE(screen.windowTitle(), u"Edit JOB Card"_s);
+        QCOMPARE(text(screen, "txtJOBID"), u"1"_s);
+    });
+    QCOMPARE(desk.lines(u"Select ID, ClintName, AmountDue, AmountPaid, CashAccID from JOBS"_s),
+        QStringList{u"1|Asha Rao|400|150|4"_s});
+    QCOMPARE(desk.lines(u"Select ItemName, QNT, ItemDetails, ItemDetailsValue, color from JOBS_DETAIL"_s),
+        QStringList{u"Coat|1|Chest\r\nWaist|41.5\r\n36|16777215"_s});
+    QCOMPARE(GetAccountBalance(5, session::CurrentDate), -250.0);
+
+    onCard(script, 1, [&script](QWidget &screen) {
+        press(Qt::Key_I, Qt::ControlModifier);
+        QCOMPARE(focused(), u"lvItems"_s);
+        script.expect(u"frmAddItem"_s, [](QWidget &editor) {
+            control<kvTextBox>(editor, "txtQnt").setFocus();
+            type(u"3"_s);
+            accessKey('o');
+        });
+        press(Qt::Key_Return);
+        QCOMPARE(text(screen, "txtAmountDue"), u"1200.00"_s);
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+    });
+    QCOMPARE(desk.lines(u"Select AmountDue from JOBS"_s), QStringList{u"1200"_s});
+    QCOMPARE(
+        desk.lines(u"Select QNT, Amount, ItemDetailsValue from JOBS_DETAIL"_s), QStringList{u"3|1200|41.5\r\n36"_s});
+    QCOMPARE(GetAccountBalance(5, session::CurrentDate), -1050.0);
+}
+
+void EditJobTest::aFreshCardTakesItsDatesFromTheSession()
+{
+    OrderDesk desk;
+    SaveSetting(setting::DeliveryMargin, u"7"_s);
+    SaveSetting(setting::FirstJobNumber, u"501"_s);
+    ModalScript script;
+    onCard(script, 0, [](QWidget &screen) {
+        QCOMPARE(control<QDateEdit>(screen, "JobDate").date(), QDate(2011, 4, 10));
+        QCOMPARE(control<QDateEdit>(screen, "DateDel").date(), QDate(2011, 4, 17));
+        QCOMPARE(control<QDateEdit>(screen, "DateTrial").date(), QDate(2011, 4, 10));
+        QCOMPARE(control<QDateEdit>(screen, "DateDel").text(), u"17-Apr-2011"_s);
+        QCOMPARE(text(screen, "txtJOBID"), u"501"_s);
+        QVERIFY(control<QLineEdit>(screen, "txtJOBID").isReadOnly());
+        QCOMPARE(greeting(screen), u"Welcome to Kovrel"_s);
+        QCOMPARE(driver::entries(control<QComboBox>(screen, "cmbClient")), QStringList{u"Asha Rao"_s});
+        QCOMPARE(driver::entries(control<QComboBox>(screen, "cmbAccount")), QStringList({u"Cash"_s, u"Sales"_s}));
+        accessKey('d');
+    });
+    QCOMPARE(desk.count(u"JOBS"_s), 0);
+}
+
+void EditJobTest::theChecksComeInTheirOrder()
+{
+    OrderDesk desk;
+    ModalScript script;
+    onCard(script, 0, [&script](QWidget &screen) {
+        script.expectMessage(u"Please Select Client!"_s);
+        accessKey('s');
+        QCOMPARE(focused(), u"cmbClient"_s);
+        script.expectMessage(u"Please Select Client!"_s);
+        accessKey('a');
+        QCOMPARE(focused(), u"cmbClient"_s);
+        type(u"a"_s);
+        press(Qt::Key_Return);
+        script.expectMessage(u"Please Add Item!"_s);
+        accessKey('s');
+        QCOMPARE(focused(), u"Command4"_s);
+        script.expect(u"frmAddItem"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        accessKey('a');
+        QCOMPARE(focused(), u"cmbAccount"_s);
+        expectItem(script, u"Coat"_s, u"1"_s);
+        accessKey('a');
+        control<QLineEdit>(screen, "txtAmountPaid").setFocus();
+        type(u"1x.0.0"_s);
+        QCOMPARE(text(screen, "txtAmountPaid"), u"1.00"_s);
+        script.expectMessage(u"Please Select Receipt Account!"_s);
+        accessKey('s');
+        QCOMPARE(focused(), u"cmbAccount"_s);
+        control<QLineEdit>(screen, "txtAmountPaid").setText({});
+        script.expectMessage(u"New Job Created."_s);
+        accessKey('s');
+        QCOMPARE(text(screen, "txtAmountPaid"), u"0"_s);
+    });
+    QCOMPARE(desk.lines(u"Select AmountPaid, CashAccID from JOBS"_s), QStringList{u"0|0"_s});
+}
+
+void EditJobTest::aReceiptAccountIsCompletedFromItsBeginning()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    onCard(script, 1, [&script](QWidget &screen) {
+        auto &account = control<kvComboBox>(screen, "cmbAccount");
+        account.setText(u"sal"_s);
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+        QCOMPARE(account.currentText(), u"Sales"_s);
+    });
+    QCOMPARE(desk.lines(u"Select CashAccID from JOBS"_s), QStringList{u"2"_s});
+}
+
+void EditJobTest::anAdvanceAboveTheTotalIsCutOnLeaving()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    onCard(script, 1, [](QWidget &screen) {
+        control<QLineEdit>(screen, "txtAmountPaid").setFocus();
+        type(u"1600"_s);
+        QCOMPARE(text(screen, "txtAmount"), u"1500.00"_s);
+        press(Qt::Key_Tab);
+        QCOMPARE(text(screen, "txtAmountPaid"), u"1600"_s);
+        QCOMPARE(text(screen, "txtAmount"), u"0.00"_s);
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        type(u"1600.01"_s);
+        press(Qt::Key_Tab);
+        QCOMPARE(text(screen, "txtAmountPaid"), u"1600.00"_s);
+        QCOMPARE(text(screen, "txtAmount"), u"0.00"_s);
+    });
+}
+
+void EditJobTest::numbersTypedByHandMustBeFree()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    desk.book(u"2"_s);
+    SaveSetting(setting::ManualJobNumber, u"1"_s);
+    ModalScript script;
+    onCard(script, 2, [&script](QWidget &screen) {
+        QCOMPARE(focused(), u"txtJOBID"_s);
+        type(u"1a"_s);
+        QCOMPARE(text(screen, "txtJOBID"), u"1"_s);
+        script.expectMessage(u"Duplicate Job ID!"_s);
+        accessKey('s');
+        QCOMPARE(focused(), u"txtJOBID"_s);
+        type(u"2"_s);
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+        control<QLineEdit>(screen, "txtJOBID").setFocus();
+        type(u"77"_s);
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+    });
+    QCOMPARE(desk.lines(u"Select ID from JOBS"_s), QStringList({u"1"_s, u"77"_s}));
+    onCard(script, 0, [&script](QWidget &screen) {
+        QCOMPARE(text(screen, "txtJOBID"), u"78"_s);
+        type(u"77"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(focused(), u"JobDate"_s);
+        press(Qt::Key_Return);
+        type(u"Asha"_s);
+        expectItem(script, u"Coat"_s, u"1"_s);
+        accessKey('a');
+        script.expectMessage(u"Duplicate Job ID!"_s);
+        accessKey('s');
+    });
+    QCOMPARE(desk.count(u"JOBS"_s), 2);
+}
+
+void EditJobTest::storedTotalsAreShownAsTheyAre()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    DE().CN.execute(u"update JOBS set AmountDue=999.5, AmountPaid=12.25"_s);
+    DE().CN.execute(u"update Items set NAME='Overcoat'"_s);
+    ModalScript script;
+    onCard(script, 1, [](QWidget &screen) {
+        QCOMPARE(text(screen, "txtAmountDue"), u"999.50"_s);
+        QCOMPARE(text(screen, "txtAmountPaid"), u"12.25"_s);
+        QCOMPARE(text(screen, "txtAmount"), u"987.25"_s);
+        QCOMPARE(driver::rows(control<QAbstractItemView>(screen, "lvItems")),
+            QList<QStringList>{QStringList({u"Overcoat"_s, u"Wool"_s, u"2"_s, u"400.00"_s, u"800.00"_s})});
+    });
+}
+
+void EditJobTest::notesTellOfTrialAndDelivery_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("trialNote");
+    QTest::addColumn<QString>("deliveryNote");
+    const auto row = [](const char *name, const QString &state, const QString &trial, const QString &delivery) {
+        QTest::newRow(name) << state << trial << delivery;
+    };
+    row("fresh", u"appeared=0"_s, u"Not Appeared for Trial"_s, {});
+    row("appeared", u"appeared=1, appearedDate=#12-Apr-2011#"_s, u"Appeared for Trial 12-Apr-2011"_s, {});
+    row("appeared, day unknown", u"appeared=1"_s, {}, {});
+    row("trial cancelled", u"appeared=2"_s, u"Trial Canceled"_s, {});
+    row("delivered", u"JobFinished=1, ClientDeliveryDate=#20-Apr-2011#"_s, u"Not Appeared for Trial"_s,
+        u"Delivered to Client : 20-Apr-2011"_s);
+    row("delivered, day unknown", u"JobFinished=1"_s, u"Not Appeared for Trial"_s, {});
+    row("day without delivery", u"ClientDeliveryDate=#20-Apr-2011#"_s, u"Not Appeared for Trial"_s, {});
+}
+
+void EditJobTest::notesTellOfTrialAndDelivery()
+{
+    QFETCH(QString, state);
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    DE().CN.execute(u"update JOBS set "_s + state);
+    ModalScript script;
+    onCard(script, 1, [](QWidget &screen) {
+        QTEST(control<QLabel>(screen, "lblTrialInfo").text(), "trialNote");
+        QTEST(control<QLabel>(screen, "lblDelDate").text(), "deliveryNote");
+    });
+}
+
+void EditJobTest::theGreetingTellsVisitAndBalance_data()
+{
+    QTest::addColumn<double>("received");
+    QTest::addColumn<QString>("greetingText");
+    const QString visit = u"Welcome back Asha Rao, Your previous visit was: 10-Apr-2011  (1 month, 1 day"_s;
+    QTest::newRow("owes") << 1350.0 << visit + u"  ago ) , Job # 1 , Due Balance : 250.00 Dr"_s;
+    QTest::newRow("even") << 1600.0 << visit + u"  ago )  , Job # 1"_s;
+    QTest::newRow("credit") << 1650.0 << visit + u"  ago ) , Job # 1 , Due Balance : -50.00 Cr"_s;
+}
+
+void EditJobTest::theGreetingTellsVisitAndBalance()
+{
+    QFETCH(double, received);
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    desk.addPosting(5, QDate(2011, 5, 1), received - 100);
+    session::CurrentDate = {2011, 5, 11};
+    ModalScript script;
+    onCard(script, 0, [](QWidget &screen) {
+        type(u"asha"_s);
+        press(Qt::Key_Return);
+        QTEST(greeting(screen), "greetingText");
+        const QString before = greeting(screen);
+        control<kvComboBox>(screen, "cmbClient").setText({});
+        control<kvComboBox>(screen, "cmbClient").setFocus();
+        press(Qt::Key_Return);
+        QCOMPARE(greeting(screen), before);
+    });
+}
+
+void EditJobTest::removeCopyAndClear()
+{
+    OrderDesk desk;
+    desk.addItem(u"Shirt"_s, {}, 300, 80);
+    ModalScript script;
+    onCard(script, 0, [&script](QWidget &screen) {
+        type(u"asha"_s);
+        for (const auto &[item, quantity] : {std::pair(u"Coat"_s, u"2"_s), std::pair(u"Shirt"_s, u"1"_s)}) {
+            expectItem(script, item, quantity);
+            accessKey('a');
+        }
+        auto &list = control<QAbstractItemView>(screen, "lvItems");
+        QCOMPARE(text(screen, "txtAmountDue"), u"1100.00"_s);
+        press(Qt::Key_I, Qt::ControlModifier);
+        press(Qt::Key_Home);
+        accessKey('c');
+        QCOMPARE(driver::column(list, 0), QStringList({u"Coat"_s, u"Shirt"_s, u"Coat"_s}));
+        QCOMPARE(text(screen, "txtAmountDue"), u"1900.00"_s);
+        control<QPushButton>(screen, "Command5").click();
+        QCOMPARE(driver::column(list, 0), QStringList({u"Coat"_s, u"Shirt"_s}));
+        QCOMPARE(text(screen, "txtAmountDue"), u"1100.00"_s);
+        control<QPushButton>(screen, "Command5").click();
+        QCOMPARE(text(screen, "txtAmountDue"), u"800.00"_s);
+        control<QPushButton>(screen, "Command5").click();
+        // With the last row gone the totals stay, and saving asks for an item.
+        QCOMPARE(text(screen, "txtAmountDue"), u"800.00"_s);
+        control<QPushButton>(screen, "Command5").click();
+        script.expectMessage(u"Please Add Item!"_s);
+        accessKey('s');
+    });
+    QCOMPARE(desk.count(u"JOBS"_s), 0);
+}
+
+void EditJobTest::clearedRowsAreSavedAllTheSame()
+{
+    OrderDesk desk;
+    desk.addItem(u"Shirt"_s, {}, 300, 80);
+    desk.book(u"1"_s);
+    ModalScript script;
+    onCard(script, 1, [&script](QWidget &screen) {
+        control<QPushButton>(screen, "Command6").click();
+        QCOMPARE(text(screen, "txtAmountDue"), u"1600.00"_s);
+        expectItem(script, u"Shirt"_s, u"1"_s);
+        accessKey('a');
+        QCOMPARE(text(screen, "txtAmountDue"), u"300.00"_s);
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+    });
+    QCOMPARE(desk.lines(u"Select ItemName, ItemSr from JOBS_DETAIL"_s), QStringList({u"Coat|1"_s, u"Shirt|2"_s}));
+    QCOMPARE(desk.lines(u"Select AmountDue from JOBS"_s), QStringList{u"300"_s});
+}
+
+void EditJobTest::deletingAsksFirst()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    bool deleted = true;
+    script.expect(u"frmEditJOB"_s, [&script](QWidget &) {
+        script.expectMessage(u"Are you sure to Delete!"_s, Qt::Key_Escape);
+        accessKey('d');
+        press(Qt::Key_Escape);
+    });
+    frmEditJOB().ShowEdit(1, deleted);
+    QVERIFY(!deleted);
+    QCOMPARE(desk.count(u"JOBS"_s), 1);
+    script.expect(u"frmEditJOB"_s, [&script](QWidget &) {
+        script.expectMessage(u"Are you sure to Delete!"_s).expectMessage(u"Deleted."_s);
+        accessKey('d');
+    });
+    frmEditJOB().ShowEdit(1, deleted);
+    QVERIFY(deleted);
+    QVERIFY(session::NeedRefresh);
+    QCOMPARE(desk.count(u"JOBS"_s) + desk.count(u"JOBS_DETAIL"_s) + desk.count(u"postings"_s), 0);
+}
+
+void EditJobTest::newOpensAFreshCardAfterThisOne()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    script.expect(u"frmEditJOB"_s, [](QWidget &) { accessKey('n'); });
+    script.expect(u"frmEditJOB"_s, [](QWidget &screen) {
+        QCOMPARE(screen.windowTitle(), u"Create New Job Card"_s);
+        QCOMPARE(text(screen, "txtJOBID"), u"2"_s);
+        QCOMPARE(control<QAbstractItemView>(screen, "lvItems").model()->rowCount(), 0);
+        press(Qt::Key_Escape);
+    });
+    bool deleted = true;
+    frmEditJOB().ShowEdit(1, deleted);
+    QVERIFY(!deleted);
+}
+
+void EditJobTest::theReasonPanelOpensAndCloses()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    onCard(script, 1, [&script](QWidget &screen) {
+        QVERIFY(!control<QLineEdit>(screen, "txtCancel").isVisible());
+        control<QPushButton>(screen, "Command8").click();
+        QCOMPARE(focused(), u"txtCancel"_s);
+        type(u"moved"_s);
+        control<QPushButton>(screen, "Command12").click();
+        QVERIFY(!control<QLineEdit>(screen, "txtCancel").isVisible());
+        QCOMPARE(focused(), u"chStatus"_s);
+        press(Qt::Key_Space);
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+    });
+    QCOMPARE(desk.lines(u"Select Status, CancelReason from JOBS"_s), QStringList{u"1|Moved"_s});
+    QCOMPARE(GetAccountBalance(5, session::CurrentDate), 0.0);
+}
+
+void EditJobTest::commandsOfLaterVersionsAreDisabled()
+{
+    OrderDesk desk;
+    ModalScript script;
+    onCard(script, 0, [](QWidget &screen) {
+        for (const char *name : {"Command2", "Command9", "Command11"}) {
+            QVERIFY(!control<QPushButton>(screen, name).isEnabled());
+            QVERIFY(!control<QPushButton>(screen, name).toolTip().isEmpty());
+        }
+    });
+}
+
+void EditJobTest::keysMoveThroughTheScreen()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    onCard(script, 1, [](QWidget &) {
+        QStringList way{focused()};
+        for (int i = 0; i < 4; ++i) {
+            press(i % 2 ? Qt::Key_PageDown : Qt::Key_Return);
+            way += focused();
+        }
+        QCOMPARE(way, QStringList({u"cmbClient"_s, u"DateDel"_s, u"DateTrial"_s, u"lvItems"_s, u"Command4"_s}));
+        press(Qt::Key_PageUp);
+        QCOMPARE(focused(), u"lvItems"_s);
+        press(Qt::Key_PageUp);
+        press(Qt::Key_PageUp);
+        press(Qt::Key_PageUp);
+        press(Qt::Key_PageUp);
+        QCOMPARE(focused(), u"JobDate"_s);
+    });
+}
+
+void EditJobTest::aNumberBeyondTheRangeIsToldAtTheField()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    SaveSetting(setting::ManualJobNumber, u"1"_s);
+    ModalScript script;
+    onCard(script, 1, [&script](QWidget &screen) {
+        for (const QString &number : {u"32768"_s, u"0"_s}) {
+            control<QLineEdit>(screen, "txtJOBID").setText(number);
+            script.expectMessage(u"Job ID must be a number from 1 to 32767!"_s);
+            accessKey('s');
+            QCOMPARE(focused(), u"txtJOBID"_s);
+        }
+    });
+    QCOMPARE(desk.lines(u"Select ID from JOBS"_s), QStringList{u"1"_s});
+}
+
+CORVANE_TEST(EditJobTest)
+#include "tst_frmEditJOB.moc"
