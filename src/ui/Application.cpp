@@ -1,0 +1,37 @@
+#include "ui/Application.h"
+
+#include "base/RuntimeError.h"
+#include "ui/Screen.h"
+#include "ui/platformBox.h"
+
+#include <QKeyEvent>
+
+#include <cstdlib>
+
+Application::Application(int &argumentCount, char **arguments) : QApplication(argumentCount, arguments) { }
+
+bool Application::notify(QObject *receiver, QEvent *event)
+{
+    try {
+        if (event->type() == QEvent::KeyPress && Screen::previewKey(receiver, static_cast<QKeyEvent *>(event)))
+            return true;
+        return QApplication::notify(receiver, event);
+    } catch (const RuntimeError &error) {
+        handle(error);
+    }
+    return true;
+}
+
+void Application::handle(const RuntimeError &error)
+{
+    if (m_handling)
+        return;
+    m_handling = true;
+    if (m_handler) {
+        m_handler(error);
+        m_handling = false;
+        return;
+    }
+    platformBox::showCritical(error.report());
+    std::exit(EXIT_FAILURE);
+}

@@ -1,0 +1,44 @@
+#include "ui/Command.h"
+
+#include <QKeyEvent>
+
+Command::Command(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
+{
+    setAutoDefault(false);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+Command::Command(const QString &name, const QString &caption, QWidget *parent) : Command(caption, parent)
+{
+    setObjectName(name);
+}
+
+void Command::trigger()
+{
+    if (!isEnabled() || !isVisible())
+        return;
+    setFocus(Qt::ShortcutFocusReason);
+    click();
+}
+
+void Command::setComesLater(const QString &toolTip)
+{
+    setEnabled(false);
+    setToolTip(toolTip);
+}
+
+bool Command::event(QEvent *event)
+{
+    if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent *>(event)->isAmbiguous())
+        return QPushButton::event(event);
+    // At once and not after the button was seen going down: what is typed next belongs to what the command brings up.
+    trigger();
+    return true;
+}
+
+void Command::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        return click();
+    QPushButton::keyPressEvent(event);
+}

@@ -1,0 +1,189 @@
+#include "ui/DateField.h"
+
+#include "base/values.h"
+#include "ui/FieldFocus.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QSignalBlocker>
+#include <QStyleOptionComboBox>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int thisCentury = 2000;
+
+/// "1/4/11" into its parts; digits without separators are taken as day, month and year of two digits each, the year
+/// also of four.
+QStringList partsOf(const QString &typed, int firstPart)
+{
+    static const QRegularExpression partPattern(u"[0-9]+|[A-Za-z]+"_s);
+    static const QRegularExpression runOfDigits(u"^[0-9]{4}([0-9]{2}|[0-9]{4})?$"_s);
+    if (firstPart == 0 && runOfDigits.match(typed).hasMatch()) {
+        QStringList parts{typed.left(2), typed.mid(2, 2)};
+        if (typed.size() > 4)
+            parts += typed.mid(4);
+        return parts;
+    }
+    QStringList parts;
+    for (auto matches = partPattern.globalMatch(typed); matches.hasNext();)
+        parts += matches.next().captured();
+    return parts;
+}
+
+} // namespace
+
+DateField::DateField(QWidget *parent) : QDateEdit(parent)
+{
+    // The plain locale: others shorten September and order the parts in their own ways.
+    setLocale(QLocale::c());
+    setDisplayFormat(u"dd-MMM-yyyy"_s);
+    setCalendarPopup(true);
+    calendarWidget()->setLocale(QLocale::c());
+    calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+    setFocusPolicy(Qt::StrongFocus);
+    // Date fields are drawn less high than the text fields that they stand beside.
+    setMinimumHeight(QLineEdit().sizeHint().height());
+    showFocus(this);
+}
+
+DateField::DateField(const QString &name, QWidget *parent) : DateField(parent)
+{
+    setObjectName(name);
+}
+
+bool DateField::focusNextPrevChild(bool next)
+{
+    // Past QDateTimeEdit, for which Tab walks through the parts.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    return QWidget::focusNextPrevChild(next);
+}
+
+void DateField::focusOutEvent(QFocusEvent *event)
+{
+    takeTyped();
+    QDateEdit::focusOutEvent(event);
+}
+
+void DateField::mousePressEvent(QMouseEvent *event)
+{
+    takeTyped();
+    QDateEdit::mousePressEvent(event);
+}
+
+void DateField::wheelEvent(QWheelEvent *event)
+{
+    // A turn of the wheel over the field must not change a date unseen.
+    event->ignore();
+}
+
+void DateField::keyPressEvent(QKeyEvent *event)
+{
+    const bool opensCalendar =
+        event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
+    if (opensCalendar)
+        return openCalendar();
+    if (event->matches(QKeySequence::Paste)) {
+        m_typed.clear();
+        return type(QApplication::clipboard()->text().simplified());
+    }
+    if (event->key() == Qt::Key_Backspace) {
+        m_typed.chop(1);
+        return showTyped();
+    }
+    const QString text = event->text();
+    const bool types = text.size() == 1 && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+        && (text.at(0).isLetterOrNumber() || u"/-. "_s.contains(text.at(0)));
+    if (types)
+        return type(text);
+    takeTyped();
+    if (isWholeSelected())
+        setCurrentSectionIndex(0);
+    QDateEdit::keyPressEvent(event);
+}
+
+bool DateField::isWholeSelected() const
+{
+    return lineEdit()->selectedText() == lineEdit()->text();
+}
+
+void DateField::type(const QString &text)
+{
+    if (isReadOnly())
+        return;
+    if (m_typed.isEmpty())
+        m_firstPart = isWholeSelected() ? 0 : currentSectionIndex();
+    m_typed += text;
+    showTyped();
+}
+
+QValidator::State DateField::validate(QString &input, int &place) const
+{
+    // QDateTimeEdit would correct a date that isn't finished.
+    return m_typed.isEmpty() ? QDateEdit::validate(input, place) : QValidator::Intermediate;
+}
+
+void DateField::showTyped()
+{
+    const QSignalBlocker quiet(lineEdit());
+    QStringList parts = DateText(date()).split(u'-');
+    if (!m_typed.isEmpty())
+        parts = parts.first(m_firstPart) << m_typed;
+    lineEdit()->setText(parts.join(u'-'));
+}
+
+void DateField::takeTyped()
+{
+    if (m_typed.isEmpty())
+        return;
+    const QDate typed = typedDate();
+    const QString text = std::exchange(m_typed, {});
+    const bool fits = typed.isValid() && typed >= minimumDate() && typed <= maximumDate();
+    showTyped();
+    if (fits)
+        return setDate(typed);
+    QApplication::beep();
+    QToolTip::showText(
+        mapToGlobal(rect().bottomLeft()), u"\"%1\" is not a date. It is still %2."_s.arg(text, DateText(date())));
+}
+
+QDate DateField::typedDate() const
+{
+    const QStringList typed = partsOf(m_typed, m_firstPart);
+    // A year in front is the one form that is read as it stands.
+    if (m_firstPart == 0 && typed.size() == 3 && typed.at(0).size() == 4) {
+        const auto moment = readDateTime(typed.join(u'-'));
+        return moment ? moment->date() : QDate();
+    }
+    QStringList parts = DateText(date()).split(u'-');
+    if (typed.isEmpty() || m_firstPart + typed.size() > parts.size())
+        return {};
+    for (int i = 0; i < typed.size(); ++i)
+        parts[m_firstPart + i] = typed.at(i);
+    QString &year = parts[2];
+    if (year.size() == 2)
+        year = QString::number(thisCentury + year.toInt());
+    const auto moment = readDateTime(parts.join(u'-'));
+    return moment ? moment->date() : QDate();
+}
+
+void DateField::openCalendar()
+{
+    takeTyped();
+    // QDateTimeEdit opens it for a press on its arrow and in no other way.
+    QStyleOptionComboBox option;
+    option.initFrom(this);
+    option.editable = true;
+    option.subControls = QStyle::SC_All;
+    const QPointF arrow =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this).center();
+    QMouseEvent press(
+        QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QDateEdit::mousePressEvent(&press);
+}

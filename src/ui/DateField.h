@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDateEdit>
+
+/// A date, shown "01-Apr-2011" with English month names whatever the locale, with a calendar that drops down (F4,
+/// Alt+Down).
+///
+/// It is typed as people write dates, from the part on at which the caret stands, which is the day when the field is
+/// entered by key: "1/4/11", "1-apr-2011", "010411", or just "5" or "5/4" for another day of the same month or year. A
+/// year of two digits is one of this century. What is typed counts when the field is left, or another key is pressed in
+/// it; something that is no date is told and the date stays. Up and Down change the part at the caret; Tab leaves the
+/// field.
+class DateField : public QDateEdit {
+    Q_OBJECT
+
+public:
+    explicit DateField(QWidget *parent = nullptr);
+    /// `name` becomes the object name.
+    explicit DateField(const QString &name, QWidget *parent = nullptr);
+
+protected:
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    QValidator::State validate(QString &input, int &place) const override;
+
+private:
+    void type(const QString &text);
+    void showTyped();
+    void takeTyped();
+    [[nodiscard]] bool isWholeSelected() const;
+    [[nodiscard]] QDate typedDate() const;
+    void openCalendar();
+
+    QString m_typed;
+    /// 0 for the day, 1 for the month, 2 for the year.
+    int m_firstPart = 0;
+};

@@ -1,0 +1,54 @@
+#include "ui/EntryField.h"
+
+#include "ui/FieldFocus.h"
+#include "ui/entryKeys.h"
+
+#include <QKeyEvent>
+#include <QWidget>
+
+EntryField::EntryField(QWidget *control) : QObject(control), m_control(control)
+{
+    auto *focus = new FieldFocus(control);
+    connect(focus, &FieldFocus::entered, this, [this] {
+        ShowAsSelected(*m_control);
+        emit gotFocus();
+    });
+    connect(focus, &FieldFocus::left, this, [this] {
+        ShowAsNormal(*m_control);
+        setForeColor(m_foreColor);
+        emit lostFocus();
+    });
+}
+
+void EntryField::setForeColor(const QColor &colour)
+{
+    m_foreColor = colour;
+    setTextColour(*m_control, colour);
+}
+
+bool EntryField::keySwallowed(const QKeyEvent &event)
+{
+    int key = keys::keyCode(event);
+    if (key == 0)
+        return false;
+    emit keyDown(key);
+    return key == keys::Swallowed;
+}
+
+void EntryField::passCharacter(
+    QKeyEvent *event, const std::function<int(int)> &filter, const std::function<void(QKeyEvent *)> &act)
+{
+    const int typed = keys::characterCode(*event);
+    if (typed == 0)
+        return act(event);
+    int character = typed;
+    emit keyPress(character);
+    if (character != keys::Swallowed)
+        character = filter(character);
+    if (character == keys::Swallowed)
+        return;
+    if (character == typed)
+        return act(event);
+    QKeyEvent changed(event->type(), event->key(), event->modifiers(), QString(QChar(character)));
+    act(&changed);
+}

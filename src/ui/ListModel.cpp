@@ -1,0 +1,131 @@
+#include "ui/ListModel.h"
+
+#include <QFont>
+
+#include <algorithm>
+
+namespace {
+
+QVariant alignment(const ListColumn &column)
+{
+    return static_cast<int>(column.numeric ? Qt::AlignRight : Qt::AlignLeft) | static_cast<int>(Qt::AlignVCenter);
+}
+
+} // namespace
+
+ListModel::ListModel(std::vector<ListColumn> columns, QObject *parent)
+    : QAbstractTableModel(parent), m_columns(std::move(columns))
+{
+}
+
+void ListModel::setRows(std::vector<ListRow> rows)
+{
+    beginResetModel();
+    m_rows = std::move(rows);
+    endResetModel();
+}
+
+int ListModel::appendRow(ListRow row)
+{
+    const auto place = static_cast<int>(m_rows.size());
+    beginInsertRows({}, place, place);
+    m_rows.push_back(std::move(row));
+    endInsertRows();
+    return place;
+}
+
+void ListModel::setRow(int row, ListRow newRow)
+{
+    m_rows.at(static_cast<size_t>(row)) = std::move(newRow);
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+void ListModel::setCell(int row, int column, const QString &text)
+{
+    QStringList &cells = m_rows.at(static_cast<size_t>(row)).cells;
+    if (cells.size() <= column)
+        cells.resize(column + 1);
+    cells[column] = text;
+    emit dataChanged(index(row, column), index(row, column), {Qt::DisplayRole});
+}
+
+void ListModel::setTag(int row, const QVariant &tag)
+{
+    m_rows.at(static_cast<size_t>(row)).tag = tag;
+    emit dataChanged(index(row, 0), index(row, 0), {Qt::UserRole});
+}
+
+int ListModel::rowOfTag(const QVariant &tag) const
+{
+    const auto found =
+        std::find_if(m_rows.begin(), m_rows.end(), [&tag](const ListRow &row) { return row.tag == tag; });
+    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+}
+
+void ListModel::setTitle(int column, const QString &title)
+{
+    m_columns.at(static_cast<size_t>(column)).title = title;
+    emit headerDataChanged(Qt::Horizontal, column, column);
+}
+
+int ListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int ListModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+QVariant ListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const ListRow &row = at(index.row());
+    const int column = index.column();
+    const auto ofColumn = [column](const auto &values) {
+        const auto found = values.find(column);
+        return found == values.end() ? QVariant() : QVariant(found->second);
+    };
+    const auto ifSet = [](const QColor &colour) { return colour.isValid() ? QVariant(colour) : QVariant(); };
+    switch (role) {
+    case Qt::DisplayRole: return row.cells.value(column);
+    case Qt::UserRole: return column == 0 ? row.tag : QVariant();
+    case Qt::TextAlignmentRole: return alignment(m_columns[static_cast<size_t>(column)]);
+    case Qt::FontRole: {
+        if (!row.bold)
+            return {};
+        QFont bold;
+        bold.setBold(true);
+        return bold;
+    }
+    case Qt::ForegroundRole: return ifSet(row.colour);
+    case Qt::BackgroundRole: return ifSet(row.background);
+    case Qt::DecorationRole: return ofColumn(row.icons);
+    case Qt::ToolTipRole: return ofColumn(row.toolTips);
+    default: return {};
+    }
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    const ListColumn &column = m_columns[static_cast<size_t>(section)];
+    if (role == Qt::DisplayRole)
+        return column.title;
+    if (role == Qt::TextAlignmentRole)
+        return alignment(column);
+    return {};
+}
+
+bool ListModel::removeRows(int row, int count, const QModelIndex &parent)
+{
+    if (parent.isValid() || row < 0 || count < 1 || row + count > rowCount())
+        return false;
+    beginRemoveRows({}, row, row + count - 1);
+    m_rows.erase(m_rows.begin() + row, m_rows.begin() + row + count);
+    endRemoveRows();
+    return true;
+}

@@ -1,0 +1,134 @@
+#include "ui/ListView.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QSettings>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int leastColumnWidth = 24;
+
+/// Where the program keeps what belongs to the user of the machine and not to the shop.
+QSettings userValues()
+{
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Corvane"_s, u"Corvane"_s);
+}
+
+} // namespace
+
+ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget *parent)
+    : QTreeView(parent), m_list(new ListModel(std::move(columns), this))
+{
+    setObjectName(name);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setAlternatingRowColors(true);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setModel(m_list);
+    header()->setMinimumSectionSize(leastColumnWidth);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+    connect(header(), &QHeaderView::sectionResized, this,
+        [this](int column, int, int width) { keepUserWidth(column, width); });
+    connect(m_list, &ListModel::modelReset, this, [this] { emit currentRowChanged(-1); });
+    connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex &index) { emit opened(index.row()); });
+}
+
+int ListView::currentRow() const
+{
+    return currentIndex().isValid() ? currentIndex().row() : -1;
+}
+
+void ListView::setCurrentRow(int row)
+{
+    setCurrentIndex(row >= 0 && row < model()->rowCount() ? model()->index(row, 0) : QModelIndex());
+}
+
+QVariant ListView::currentTag() const
+{
+    return currentIndex().siblingAtColumn(0).data(Qt::UserRole);
+}
+
+void ListView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        return QTreeView::keyPressEvent(event);
+    if (currentRow() >= 0)
+        emit opened(currentRow());
+}
+
+void ListView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeView::currentChanged(current, previous);
+    emit currentRowChanged(current.isValid() ? current.row() : -1);
+}
+
+void ListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    shareWidth();
+}
+
+void ListView::showEvent(QShowEvent *event)
+{
+    if (!m_widthsRead) {
+        m_widthsRead = true;
+        const QVariantList widths = userValues().value(widthsKey()).toList();
+        for (int column = 0; column < widths.size() && column < m_list->columnCount(); ++column) {
+            if (const int width = widths.at(column).toInt(); width > 0)
+                m_userWidths[column] = width;
+        }
+    }
+    shareWidth();
+    QTreeView::showEvent(event);
+}
+
+/// The columns that the user left alone share what the others leave, by their percentages.
+void ListView::shareWidth()
+{
+    const QScopedValueRollback sharing(m_sharing, true);
+    int room = viewport()->width();
+    double percents = 0;
+    for (int column = 0; column < m_list->columnCount(); ++column) {
+        if (const auto own = m_userWidths.find(column); own != m_userWidths.end())
+            room -= own->second;
+        else
+            percents += m_list->columns()[static_cast<size_t>(column)].percent;
+    }
+    for (int column = 0; column < m_list->columnCount(); ++column) {
+        const auto own = m_userWidths.find(column);
+        if (own != m_userWidths.end()) {
+            header()->resizeSection(column, own->second);
+            continue;
+        }
+        const double percent = m_list->columns()[static_cast<size_t>(column)].percent;
+        const int width = qMax(leastColumnWidth, static_cast<int>(room * percent / percents));
+        header()->resizeSection(column, width);
+        room -= width;
+        percents -= percent;
+    }
+}
+
+void ListView::keepUserWidth(int column, int width)
+{
+    if (m_sharing || !isVisible())
+        return;
+    m_userWidths[column] = width;
+    shareWidth();
+    QVariantList widths;
+    for (int i = 0; i < m_list->columnCount(); ++i) {
+        const auto own = m_userWidths.find(i);
+        widths += own == m_userWidths.end() ? 0 : own->second;
+    }
+    userValues().setValue(widthsKey(), widths);
+}
+
+QString ListView::widthsKey() const
+{
+    return u"Lists/%1.%2"_s.arg(window()->objectName(), objectName());
+}

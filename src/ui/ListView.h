@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ui/ListModel.h"
+
+#include <QTreeView>
+
+/// A list of whole rows with one of them current. It has its own `ListModel`. Columns share the width by their
+/// percentages and stretch with the window; a width that the user gave a column stays, also the next time the screen is
+/// opened.
+class ListView : public QTreeView {
+    Q_OBJECT
+
+public:
+    /// `name` becomes the object name.
+    ListView(const QString &name, std::vector<ListColumn> columns, QWidget *parent = nullptr);
+
+    [[nodiscard]] ListModel &list() const { return *m_list; }
+
+    /// The current row, or -1. Setting one scrolls to it; -1 or a row that isn't there leaves none current.
+    [[nodiscard]] int currentRow() const;
+    void setCurrentRow(int row);
+    /// Tag of the current row; an invalid one where there is none.
+    [[nodiscard]] QVariant currentTag() const;
+
+signals:
+    /// Enter or a double click on a row.
+    void opened(int row);
+    /// -1 where none is current any more.
+    void currentRowChanged(int row);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+
+private:
+    void shareWidth();
+    void keepUserWidth(int column, int width);
+    [[nodiscard]] QString widthsKey() const;
+
+    ListModel *m_list;
+    /// Widths that the user gave, by column; in pixels.
+    std::map<int, int> m_userWidths;
+    bool m_sharing = false;
+    bool m_widthsRead = false;
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QDialog>
+
+class QKeyEvent;
+
+/// Base of all screens: a window that is shown modally, closes on Escape, sees each key before its controls do, and is
+/// told when it comes to the front.
+class Screen : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Which keys move through the fields. With `EnterMovesOn` Enter acts as Tab on every control and never reaches a
+    /// default button, a focused one neither; item lists, multi-line boxes and what `keepEnter` names keep it. With
+    /// `PageKeysMove` Page Down and Page Up act as Tab and Shift+Tab everywhere.
+    enum EntryKey { NoEntryKeys = 0, EnterMovesOn = 1, PageKeysMove = 2 };
+    Q_DECLARE_FLAGS(EntryKeys, EntryKey)
+
+    /// `name` is the class name of the screen; it becomes its object name.
+    explicit Screen(const QString &name, const QString &title = {});
+    ~Screen() override;
+
+    /// Shows the screen modally above the one in front and returns when it has closed. The screen below is activated
+    /// then.
+    int exec() override;
+    void setVisible(bool visible) override;
+
+    /// The screen that takes the input; none before the first is shown.
+    [[nodiscard]] static Screen *front();
+
+    /// Offers a key press to the screen that `receiver` belongs to. True when the screen took it. Called by
+    /// `Application`.
+    static bool previewKey(QObject *receiver, QKeyEvent *event);
+
+protected:
+    void setEntryKeys(EntryKeys keys) { m_entryKeys = keys; }
+    /// `control` gets Enter itself, whatever the entry keys say.
+    static void keepEnter(QWidget *control);
+
+    /// Sees every key press in the window before the focused control and before the entry keys and Escape act.
+    /// True swallows the key.
+    virtual bool keyPreview(QKeyEvent *event);
+
+    /// What Escape does: closes the screen, rejected.
+    virtual void escapePressed();
+
+    /// The screen came to the front: once when it is first shown, once each time a screen above it has closed, the
+    /// message screen included. It does not run when the user comes back from another program.
+    virtual void activated() { }
+
+    /// Tells the user what is wrong and puts the focus where it can be mended.
+    void complain(const QString &text, QWidget *focusTo = nullptr);
+
+private:
+    bool preview(QKeyEvent *event);
+
+    EntryKeys m_entryKeys = NoEntryKeys;
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(Screen::EntryKeys)

@@ -1,0 +1,32 @@
+#include "ui/frmSetDate.h"
+
+#include "ui/Command.h"
+#include "ui/DateField.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+frmSetDate::frmSetDate()
+    : Screen(u"frmSetDate"_s, u"Select Date"_s), DateFrom(new DateField(u"DateFrom"_s)),
+      Command1(new Command(u"Command1"_s, u"&Ok"_s))
+{
+    auto *label = new QLabel(u"&Date :"_s);
+    label->setBuddy(DateFrom);
+    auto *form = new QGridLayout(this);
+    form->addWidget(label, 0, 0);
+    form->addWidget(DateFrom, 0, 1);
+    form->addWidget(Command1, 1, 1, Qt::AlignRight);
+    form->setColumnMinimumWidth(1, 180);
+    form->setSizeConstraint(QLayout::SetFixedSize);
+    Command1->setDefault(true);
+    connect(Command1, &Command::clicked, this, &QDialog::accept);
+}
+
+QDate frmSetDate::SelectDate(QDate date)
+{
+    DateFrom->setDate(date);
+    DateFrom->setFocus();
+    return exec() == Accepted ? DateFrom->date() : date;
+}

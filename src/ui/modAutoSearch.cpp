@@ -1,0 +1,257 @@
+#include "ui/modAutoSearch.h"
+
+#include "ui/entryKeys.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QScopeGuard>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int firstEntryThatBeginsWith(const QComboBox &combo, const QString &text)
+{
+    for (int i = 0; i < combo.count(); ++i) {
+        if (combo.itemText(i).startsWith(text, Qt::CaseInsensitive))
+            return i;
+    }
+    return -1;
+}
+
+/// The text without what is selected and what stands behind it: where typing goes on.
+QString textBeforeSelection(const QLineEdit &line)
+{
+    return line.hasSelectedText() ? line.text().left(line.selectionStart()) : line.text();
+}
+
+void selectEntry(QComboBox &combo, int index)
+{
+    combo.setCurrentIndex(index);
+    // Setting the index that is set already would leave what was typed standing.
+    if (combo.lineEdit() && combo.lineEdit()->text() != combo.itemText(index))
+        combo.setEditText(combo.itemText(index));
+    if (combo.view()->isVisible())
+        combo.view()->setCurrentIndex(combo.model()->index(index, combo.modelColumn(), combo.rootModelIndex()));
+}
+
+/// Shows a text that was not picked from the list. The entry selected before must not stay selected behind it.
+void showOwnText(QComboBox &combo, const QString &text)
+{
+    QLineEdit *const line = combo.lineEdit();
+    const int entry = combo.findText(text, Qt::MatchExactly);
+    if (entry != combo.currentIndex()) {
+        // Whoever listens to the text hears of the change below, and of nothing in between.
+        const QSignalBlocker quiet(line);
+        const QString before = line->text();
+        combo.setCurrentIndex(entry);
+        line->setText(before);
+    }
+    line->setText(text);
+}
+
+/// Selects what `text` begins, the rest of the entry selected for the next key to replace.
+bool typeAhead(QComboBox &combo, const QString &text)
+{
+    const int entry = firstEntryThatBeginsWith(combo, text);
+    if (entry < 0)
+        return false;
+    selectEntry(combo, entry);
+    const auto length = static_cast<int>(combo.itemText(entry).size());
+    combo.lineEdit()->setSelection(length, static_cast<int>(text.size()) - length);
+    return true;
+}
+
+class AutoSearch : public QObject {
+public:
+    explicit AutoSearch(QComboBox &combo) : QObject(&combo), m_combo(combo)
+    {
+        combo.installEventFilter(this);
+        combo.lineEdit()->installEventFilter(this);
+        combo.view()->installEventFilter(this);
+        // Deleting, cutting and undoing change the text without a key that the search sees.
+        connect(combo.lineEdit(), &QLineEdit::textEdited, this, [this](const QString &text) {
+            const int caret = m_combo.lineEdit()->cursorPosition();
+            showOwnText(m_combo, text);
+            m_combo.lineEdit()->setCursorPosition(caret);
+        });
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        // Once its window has become active, the line would drop its selection, as the open list has the focus and not
+        // it.
+        if (watched == m_combo.lineEdit())
+            return event->type() == QEvent::WindowActivate;
+        const bool inList = watched != &m_combo;
+        // A turn of the wheel over the field must not choose another entry unseen.
+        if (!inList && event->type() == QEvent::Wheel) {
+            event->ignore();
+            return true;
+        }
+        if (event->type() == QEvent::KeyPress) {
+            auto *key = static_cast<QKeyEvent *>(event);
+            return inList ? keyInList(key) : keyInText(key);
+        }
+        // Here the list would let Enter take the row under the mouse, before it comes as a key.
+        if (inList && event->type() == QEvent::ShortcutOverride) {
+            // An access key works on the screen only while no list is open above it.
+            if (isCommandKey(*static_cast<QKeyEvent *>(event)))
+                m_combo.hidePopup();
+            return true;
+        }
+        return false;
+    }
+
+private:
+    static bool isCommandKey(const QKeyEvent &event)
+    {
+        const auto modifiers = event.modifiers() & (Qt::AltModifier | Qt::ControlModifier);
+        const bool namesKey =
+            event.key() != Qt::Key_Alt && event.key() != Qt::Key_Control && event.key() != Qt::Key_Shift;
+        return (modifiers == Qt::AltModifier || modifiers == Qt::ControlModifier) && namesKey;
+    }
+
+    bool keyInText(QKeyEvent *event)
+    {
+        if (event->matches(QKeySequence::Paste)) {
+            const QString pasted = QApplication::clipboard()->text().simplified();
+            if (!typeAhead(m_combo, textBeforeSelection(*m_combo.lineEdit()) + pasted))
+                QApplication::beep();
+            return true;
+        }
+        const int character = keys::characterCode(*event);
+        if (character < keys::Blank && character != keys::Backspace && character != keys::Enter)
+            return false;
+        return AutoSearchKey(m_combo, character) == keys::Swallowed;
+    }
+
+    bool keyInList(QKeyEvent *event)
+    {
+        switch (event->key()) {
+        case Qt::Key_Escape: m_combo.hidePopup(); return true;
+        case Qt::Key_Up: event->modifiers() & Qt::AltModifier ? m_combo.hidePopup() : step(-1); return true;
+        case Qt::Key_Down: event->modifiers() & Qt::AltModifier ? m_combo.hidePopup() : step(1); return true;
+        case Qt::Key_PageUp: step(1 - m_combo.maxVisibleItems()); return true;
+        case Qt::Key_PageDown: step(m_combo.maxVisibleItems() - 1); return true;
+        case Qt::Key_Home: step(-m_combo.count()); return true;
+        case Qt::Key_End: step(m_combo.count()); return true;
+        case Qt::Key_Shift:
+        case Qt::Key_Control:
+        case Qt::Key_Alt:
+        case Qt::Key_AltGr: return true;
+        default: break;
+        }
+        const int character = keys::characterCode(*event);
+        if (character < keys::Blank && character != keys::Backspace && event->key() != Qt::Key_Left
+            && event->key() != Qt::Key_Right)
+            m_combo.hidePopup();
+        // From here on it is a key in the text, for the screen to see first.
+        QKeyEvent passedOn(event->type(), event->key(), event->modifiers(), event->text(), event->isAutoRepeat());
+        QCoreApplication::sendEvent(&m_combo, &passedOn);
+        return true;
+    }
+
+    /// Moves the selection itself, as the arrow keys do with the list closed: what Enter takes is what the text says,
+    /// wherever the mouse happens to rest on the list.
+    void step(int by)
+    {
+        if (m_combo.count() == 0)
+            return;
+        const int index = qBound(0, m_combo.currentIndex() + by, m_combo.count() - 1);
+        selectEntry(m_combo, index);
+        emit m_combo.activated(index);
+        emit m_combo.textActivated(m_combo.itemText(index));
+    }
+
+    QComboBox &m_combo;
+};
+
+} // namespace
+
+int AutoSearchKey(QComboBox &combo, int key)
+{
+    QLineEdit *const line = combo.lineEdit();
+    if (!line)
+        return keys::Swallowed;
+    combo.setCursor(Qt::WaitCursor);
+    const auto pointer = qScopeGuard([&combo] { combo.unsetCursor(); });
+    if (key >= keys::Blank) {
+        // Before the list opens: opening it may cost the line its selection.
+        const QString text = textBeforeSelection(*line) + QChar(key);
+        ShowDropDown(combo);
+        if (!typeAhead(combo, text))
+            QApplication::beep();
+        return keys::Swallowed;
+    }
+    if (key == keys::Backspace) {
+        QString text = textBeforeSelection(*line);
+        if (!line->hasSelectedText())
+            text.chop(1);
+        showOwnText(combo, text);
+    } else {
+        line->deselect();
+    }
+    if (key == keys::Backspace || key == keys::Enter)
+        line->end(false);
+    return key == keys::Enter ? key : keys::Swallowed;
+}
+
+void SelectTypedEntry(QComboBox &combo)
+{
+    SelectComboEntry(combo);
+    ShowDropDown(combo);
+}
+
+void ShowDropDown(QComboBox &combo)
+{
+    if (!combo.view()->isVisible() && combo.isVisible())
+        combo.showPopup();
+}
+
+int SelectComboEntry(QComboBox &combo)
+{
+    const QString text = combo.currentText();
+    const int entry = text.isEmpty() ? -1 : firstEntryThatBeginsWith(combo, text);
+    if (entry >= 0)
+        selectEntry(combo, entry);
+    return entry;
+}
+
+void installAutoSearch(QComboBox *combo)
+{
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setCompleter(nullptr);
+    // A list of thousands of names is not measured line by line.
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    if (auto *list = qobject_cast<QListView *>(combo->view()))
+        list->setUniformItemSizes(true);
+    new AutoSearch(*combo);
+}
+
+void setComboEntries(QComboBox &combo, const QStringList &entries)
+{
+    {
+        const QSignalBlocker quiet(&combo);
+        combo.clear();
+        combo.addItems(entries);
+    }
+    combo.setCurrentIndex(-1);
+    if (combo.lineEdit())
+        combo.lineEdit()->clear();
+}
+
+void setComboText(QComboBox &combo, const QString &text)
+{
+    if (combo.lineEdit())
+        showOwnText(combo, text);
+    else
+        combo.setCurrentIndex(combo.findText(text, Qt::MatchExactly));
+}

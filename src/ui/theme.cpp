@@ -1,0 +1,171 @@
+#include "ui/theme.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPainter>
+#include <QPalette>
+#include <QProxyStyle>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double leastPointSize = 10;
+constexpr QColor focusRing(0xd9, 0x83, 0x24);
+constexpr int focusRingWidth = 2;
+constexpr int focusRingRadius = 3;
+constexpr int itemTextMargin = 6;
+constexpr int itemHeightExtra = 6;
+constexpr int fieldHeightExtra = 4;
+constexpr int labelSpacing = 8;
+constexpr int fieldSpacing = 10;
+constexpr int windowMargin = 16;
+
+/// Fusion with more room: lists and fields that are read and hit all day.
+class RoomyStyle : public QProxyStyle {
+public:
+    RoomyStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) { }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
+    {
+        switch (metric) {
+        case PM_FocusFrameHMargin: return itemTextMargin;
+        case PM_CheckBoxLabelSpacing:
+        case PM_RadioButtonLabelSpacing: return labelSpacing;
+        case PM_LayoutHorizontalSpacing:
+        case PM_LayoutVerticalSpacing: return fieldSpacing;
+        case PM_LayoutLeftMargin:
+        case PM_LayoutTopMargin:
+        case PM_LayoutRightMargin:
+        case PM_LayoutBottomMargin: return windowMargin;
+        default: return QProxyStyle::pixelMetric(metric, option, widget);
+        }
+    }
+
+    QSize sizeFromContents(
+        ContentsType type, const QStyleOption *option, const QSize &size, const QWidget *widget) const override
+    {
+        const QSize natural = QProxyStyle::sizeFromContents(type, option, size, widget);
+        switch (type) {
+        case CT_ItemViewItem: return natural + QSize(0, itemHeightExtra);
+        case CT_LineEdit:
+        case CT_ComboBox: return natural + QSize(0, fieldHeightExtra);
+        default: return natural;
+        }
+    }
+
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const override
+    {
+        if (element != PE_FrameFocusRect || !qobject_cast<const QAbstractButton *>(widget))
+            return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        // The ring around a check box or an option, in the colour that all focus rings have.
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(focusRing, focusRingWidth));
+        painter->drawRoundedRect(QRectF(option->rect).adjusted(1, 1, -1, -1), focusRingRadius, focusRingRadius);
+        painter->restore();
+    }
+
+    int styleHint(
+        StyleHint hint, const QStyleOption *option, const QWidget *widget, QStyleHintReturn *returned) const override
+    {
+        // Buttons of the plain box look like all others.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        // Lists open on a double click and on Enter, on every desktop.
+        if (hint == SH_ItemView_ActivateItemOnSingleClick)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+QPalette houseColours()
+{
+    const QColor window(0xf2, 0xf4, 0xf7);
+    const QColor ink(0x16, 0x21, 0x2c);
+    const QColor faint(0x9a, 0xa4, 0xaf);
+    QPalette colours(window);
+    colours.setColor(QPalette::Window, window);
+    colours.setColor(QPalette::WindowText, ink);
+    colours.setColor(QPalette::Base, Qt::white);
+    colours.setColor(QPalette::AlternateBase, QColor(0xf6, 0xf8, 0xfb));
+    colours.setColor(QPalette::Text, Qt::black);
+    colours.setColor(QPalette::Button, QColor(0xe6, 0xea, 0xef));
+    colours.setColor(QPalette::ButtonText, ink);
+    colours.setColor(QPalette::Highlight, theme::accent());
+    colours.setColor(QPalette::HighlightedText, Qt::white);
+    colours.setColor(QPalette::Link, theme::accent());
+    colours.setColor(QPalette::ToolTipBase, QColor(0xff, 0xfb, 0xe6));
+    colours.setColor(QPalette::ToolTipText, ink);
+    colours.setColor(QPalette::PlaceholderText, theme::muted());
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours.setColor(QPalette::Disabled, role, faint);
+    colours.setColor(QPalette::Disabled, QPalette::Base, window);
+    colours.setColor(QPalette::Disabled, QPalette::Highlight, faint);
+    return colours;
+}
+
+// Text fields, combos and date fields have no rule here: what they show of the focus is in their palette.
+const auto styleSheet = uR"(
+QPushButton {
+    padding: 6px 16px; min-width: 56px; border: 1px solid #aab4c0; border-radius: 5px; background: #fdfdfe; color: #16212c;
+}
+QPushButton:hover { background: #eef3f9; }
+QPushButton:pressed, QPushButton:checked { background: #d5e0ec; }
+QPushButton:default { background: #1d5a8a; border-color: #1d5a8a; color: white; font-weight: 600; }
+QPushButton:default:hover { background: #256ca4; }
+QPushButton:focus { border: 2px solid #d98324; padding: 5px 15px; outline: none; }
+QPushButton:disabled { background: #eceff3; border: 1px solid #d3d9e0; color: #9aa4af; font-weight: normal; }
+QToolButton:focus { border: 2px solid #d98324; border-radius: 4px; }
+
+QTreeView, QListView, QTableView { border: 2px solid #c3cbd5; border-radius: 3px; }
+QTreeView:focus, QListView:focus, QTableView:focus { border-color: #d98324; }
+QComboBox QAbstractItemView { border: 1px solid #7d8997; border-radius: 0; }
+QCalendarWidget QTableView { border: none; }
+QHeaderView::section {
+    background: #e4e9ef; color: #16212c; padding: 6px 7px; border: none;
+    border-right: 1px solid #c3cbd5; border-bottom: 1px solid #c3cbd5; font-weight: 600;
+}
+
+QGroupBox { border: 1px solid #c3cbd5; border-radius: 5px; margin-top: 0.9em; padding-top: 0.4em; }
+QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: #3b4a5a; }
+
+QLabel#lblTitle { font-size: 14pt; font-weight: 600; color: #1d5a8a; }
+QFrame#ctlInfo { background: #fffbe6; border: 1px solid #d9c98a; border-radius: 6px; }
+QToolTip { border: 1px solid #d9c98a; padding: 4px; background: #fffbe6; color: #16212c; }
+)"_s;
+
+} // namespace
+
+QColor theme::accent()
+{
+    return {0x1d, 0x5a, 0x8a};
+}
+
+QColor theme::muted()
+{
+    return {0x5f, 0x6c, 0x7a};
+}
+
+QColor theme::warning()
+{
+    return {0xb3, 0x26, 0x1e};
+}
+
+void applyTheme(QApplication &application)
+{
+    auto *style = new RoomyStyle;
+    style->setParent(&application);
+    QApplication::setStyle(style);
+    QApplication::setPalette(houseColours());
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPointSizeF(qMax(leastPointSize, font.pointSizeF()));
+    QApplication::setFont(font);
+    // The messages' font is not on every machine; its text is then drawn as all other text is.
+    QFont::insertSubstitution(u"MS Sans Serif"_s, font.family());
+    application.setStyleSheet(styleSheet);
+}

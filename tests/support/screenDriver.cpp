@@ -1,0 +1,87 @@
+#include "support/screenDriver.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QTest>
+#include <QWindow>
+
+namespace {
+
+/// The window that the keyboard writes to: with a modal window open, that one, or the list that is open above it.
+/// Windows get it some time after they ask.
+QWindow *keyboardWindow()
+{
+    const auto isReady = [] {
+        const QWidget *const modal = QApplication::activeModalWidget();
+        const QWindow *const window = QGuiApplication::focusWindow();
+        return window && (QApplication::activePopupWidget() || !modal || modal->windowHandle() == window);
+    };
+    if (!QTest::qWaitFor(isReady))
+        QTest::qFail("no window has the keyboard", __FILE__, __LINE__);
+    return QGuiApplication::focusWindow();
+}
+
+} // namespace
+
+bool driver::show(QWidget &window)
+{
+    window.show();
+    return waitActive(window);
+}
+
+bool driver::waitActive(QWidget &window)
+{
+    window.activateWindow();
+    return QTest::qWaitForWindowActive(&window);
+}
+
+void driver::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    if (QWindow *window = keyboardWindow())
+        QTest::keyClick(window, key, modifiers);
+}
+
+void driver::accessKey(char letter)
+{
+    if (QWindow *window = keyboardWindow())
+        QTest::keyClick(window, letter, Qt::AltModifier);
+}
+
+void driver::type(const QString &text)
+{
+    for (const QChar character : text) {
+        if (QWindow *window = keyboardWindow())
+            QTest::keyClick(window, character.toLatin1());
+    }
+}
+
+QList<QStringList> driver::rows(const QAbstractItemView &list)
+{
+    const QAbstractItemModel &model = *list.model();
+    QList<QStringList> all;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < model.columnCount(); ++column)
+            cells += model.index(row, column).data().toString();
+        all += cells;
+    }
+    return all;
+}
+
+QStringList driver::column(const QAbstractItemView &list, int column)
+{
+    QStringList texts;
+    const auto all = rows(list);
+    for (const QStringList &row : all)
+        texts += row.value(column);
+    return texts;
+}
+
+QStringList driver::entries(const QComboBox &combo)
+{
+    QStringList texts;
+    for (int i = 0; i < combo.count(); ++i)
+        texts += combo.itemText(i);
+    return texts;
+}

@@ -1,0 +1,16 @@
+#include "support/testRegistry.h"
+#include "ui/Application.h"
+#include "ui/theme.h"
+
+#include <QTemporaryDir>
+
+int main(int count, char **values)
+{
+    // What a user of this machine has stored is neither read nor written.
+    const QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    Application application(count, values);
+    Application::setQuitOnLastWindowClosed(false);
+    applyTheme(application);
+    return TestRegistry::instance().run(Application::arguments());
+}

@@ -1,0 +1,323 @@
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/Command.h"
+#include "ui/Screen.h"
+#include "ui/kvComboBox.h"
+#include "ui/kvTextBox.h"
+#include "ui/modAutoSearch.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QStringList clients{u"Anand"_s, u"anil kumar"_s, u"Anita"_s, u"O'Brien"_s, u"Ravi"_s, u"Ravindra"_s};
+
+} // namespace
+
+class SearchScreen : public Screen {
+public:
+    SearchScreen() : Screen(u"SearchScreen"_s)
+    {
+        for (QWidget *control : std::initializer_list<QWidget *>{&combo, &next, &add})
+            form.addWidget(control);
+        setComboEntries(combo, clients);
+        installAutoSearch(&combo);
+    }
+    using Screen::keepEnter;
+    using Screen::setEntryKeys;
+
+    [[nodiscard]] QString text() const { return combo.currentText(); }
+    [[nodiscard]] QString selected() const { return combo.lineEdit()->selectedText(); }
+    [[nodiscard]] int caret() const { return combo.lineEdit()->cursorPosition(); }
+    [[nodiscard]] bool isOpen() const { return combo.view()->isVisible(); }
+
+    QVBoxLayout form{this};
+    kvComboBox combo{u"cmbClient"_s};
+    kvTextBox next{u"txtNext"_s};
+    Command add{u"Command4"_s, u"&Add"_s};
+
+    QList<int> enters;
+
+protected:
+    bool keyPreview(QKeyEvent *event) override
+    {
+        if (event->key() == Qt::Key_Return)
+            enters += combo.currentIndex();
+        return false;
+    }
+};
+
+/// Typing in combos that select from a list.
+class AutoSearchTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void typingSelectsTheFirstEntryThatBeginsSo_data();
+    void typingSelectsTheFirstEntryThatBeginsSo();
+    void backspaceCutsTheTextAndSelectsNothing();
+    void theKeyPassedOnIsToldByTheRoutine();
+    void enterWithAnOpenListGoesOnAsEnter();
+    void escapeClosesTheListOnly();
+    void arrowsMoveTheSelectionWithTheListOpen();
+    void otherKeysCloseTheListAndAct();
+    void pastingSearchesToo();
+    void deletingLeavesNoEntryBehindTheText();
+    void theWheelChangesNothing();
+    void theTextSelectsTheFirstEntryThatBeginsSo_data();
+    void theTextSelectsTheFirstEntryThatBeginsSo();
+    void aLongListOpensAndSearchesAtOnce();
+};
+
+void AutoSearchTest::typingSelectsTheFirstEntryThatBeginsSo_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("rest");
+    QTest::addColumn<int>("entry");
+    QTest::newRow("capitals do not matter") << u"rAv"_s << u"Ravi"_s << u"i"_s << 4;
+    QTest::newRow("in the entry neither") << u"ANIL"_s << u"anil kumar"_s << u" kumar"_s << 1;
+    QTest::newRow("first of several") << u"an"_s << u"Anand"_s << u"and"_s << 0;
+    QTest::newRow("whole entry") << u"ravi"_s << u"Ravi"_s << u""_s << 4;
+    QTest::newRow("beyond a shorter entry") << u"ravin"_s << u"Ravindra"_s << u"dra"_s << 5;
+    QTest::newRow("a miss is not typed") << u"raxv"_s << u"Ravi"_s << u"i"_s << 4;
+    QTest::newRow("nothing begins so") << u"z"_s << u""_s << u""_s << -1;
+    QTest::newRow("apostrophe") << u"o'b"_s << u"O'Brien"_s << u"rien"_s << 3;
+    QTest::newRow("blank") << u"anil k"_s << u"anil kumar"_s << u"umar"_s << 1;
+}
+
+void AutoSearchTest::typingSelectsTheFirstEntryThatBeginsSo()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, rest);
+    SearchScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::type(typed);
+    QTEST(screen.text(), "text");
+    QCOMPARE(screen.selected(), rest);
+    QCOMPARE(screen.caret(), screen.text().size() - rest.size());
+    QTEST(screen.combo.currentIndex(), "entry");
+    QVERIFY(screen.isOpen());
+    QCOMPARE(screen.combo.cursor().shape(), Qt::ArrowCursor);
+}
+
+void AutoSearchTest::backspaceCutsTheTextAndSelectsNothing()
+{
+    SearchScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::type(u"ravin"_s);
+    driver::press(Qt::Key_Backspace);
+    QCOMPARE(screen.text(), u"Ravin"_s);
+    QCOMPARE(screen.combo.currentIndex(), -1);
+    QSignalSpy changes(&screen.combo, &kvComboBox::currentTextChanged);
+    driver::press(Qt::Key_Backspace);
+    QCOMPARE(screen.text(), u"Ravi"_s);
+    QCOMPARE(screen.combo.currentIndex(), 4);
+    QCOMPARE(screen.caret(), 4);
+    // Nobody sees the text empty on its way from one to the other.
+    QCOMPARE(changes, QList<QVariantList>{{u"Ravi"_s}});
+    for (int i = 0; i < 5; ++i)
+        driver::press(Qt::Key_Backspace);
+    QCOMPARE(screen.text(), QString());
+    driver::type(u"a"_s);
+    QCOMPARE(screen.text(), u"Anand"_s);
+}
+
+void AutoSearchTest::theKeyPassedOnIsToldByTheRoutine()
+{
+    SearchScreen screen;
+    QCOMPARE(AutoSearchKey(screen.combo, 'r'), 0);
+    QCOMPARE(AutoSearchKey(screen.combo, 'x'), 0);
+    QCOMPARE(AutoSearchKey(screen.combo, 8), 0);
+    QCOMPARE(screen.text(), u"R"_s);
+    QCOMPARE(AutoSearchKey(screen.combo, 'a'), 0);
+    QCOMPARE(AutoSearchKey(screen.combo, 13), 13);
+    QCOMPARE(screen.text(), u"Ravi"_s);
+    QCOMPARE(screen.selected(), QString());
+    QCOMPARE(screen.caret(), 4);
+
+    QComboBox fixed;
+    fixed.addItems(clients);
+    QCOMPARE(AutoSearchKey(fixed, 'r'), 0);
+    QCOMPARE(fixed.currentIndex(), 0);
+}
+
+void AutoSearchTest::enterWithAnOpenListGoesOnAsEnter()
+{
+    SearchScreen screen;
+    screen.setEntryKeys(Screen::EnterMovesOn);
+    QVERIFY(driver::show(screen));
+    driver::type(u"anit"_s);
+    QVERIFY(screen.isOpen());
+    driver::press(Qt::Key_Return);
+    QVERIFY(!screen.isOpen());
+    QCOMPARE(screen.enters, QList<int>{2});
+    QVERIFY(screen.next.hasFocus());
+    QCOMPARE(screen.text(), u"Anita"_s);
+
+    SearchScreen::keepEnter(&screen.combo);
+    screen.combo.setFocus();
+    QList<int> pressed;
+    connect(&screen.combo, &kvComboBox::keyPress, this, [&pressed](int &key) { pressed += key; });
+    driver::type(u"ravin"_s);
+    driver::press(Qt::Key_Return);
+    QVERIFY(screen.combo.hasFocus());
+    QCOMPARE(screen.enters, (QList<int>{2, 5}));
+    QCOMPARE(pressed, QList<int>{13});
+    QCOMPARE(screen.selected(), QString());
+}
+
+void AutoSearchTest::escapeClosesTheListOnly()
+{
+    SearchScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::type(u"ra"_s);
+    driver::press(Qt::Key_Escape);
+    QVERIFY(!screen.isOpen());
+    QVERIFY(screen.isVisible());
+    QCOMPARE(screen.text(), u"Ravi"_s);
+    QCOMPARE(screen.selected(), u"vi"_s);
+    driver::type(u"v"_s);
+    QCOMPARE(screen.selected(), u"i"_s);
+    driver::press(Qt::Key_Escape);
+    driver::press(Qt::Key_Escape);
+    QVERIFY(!screen.isVisible());
+}
+
+void AutoSearchTest::arrowsMoveTheSelectionWithTheListOpen()
+{
+    SearchScreen screen;
+    screen.setEntryKeys(Screen::EnterMovesOn | Screen::PageKeysMove);
+    QVERIFY(driver::show(screen));
+    driver::type(u"an"_s);
+    const auto after = [&screen](Qt::Key key) {
+        driver::press(key);
+        return screen.combo.currentIndex();
+    };
+    QCOMPARE(after(Qt::Key_Down), 1);
+    QCOMPARE(screen.text(), u"anil kumar"_s);
+    QCOMPARE(screen.combo.view()->currentIndex().row(), 1);
+    QCOMPARE(after(Qt::Key_Up), 0);
+    QCOMPARE(after(Qt::Key_Up), 0);
+    QCOMPARE(after(Qt::Key_End), 5);
+    QCOMPARE(after(Qt::Key_Down), 5);
+    QCOMPARE(after(Qt::Key_PageUp), 0);
+    QVERIFY(screen.isOpen());
+    driver::press(Qt::Key_Down);
+    // The mouse resting on another row does not decide what Enter takes.
+    screen.combo.view()->setCurrentIndex(screen.combo.model()->index(3, 0));
+    driver::press(Qt::Key_Return);
+    QCOMPARE(screen.text(), u"anil kumar"_s);
+    QVERIFY(screen.next.hasFocus());
+}
+
+void AutoSearchTest::otherKeysCloseTheListAndAct()
+{
+    SearchScreen screen;
+    QSignalSpy added(&screen.add, &Command::clicked);
+    QVERIFY(driver::show(screen));
+    driver::type(u"ra"_s);
+    driver::accessKey('a');
+    QVERIFY(!screen.isOpen());
+    QCOMPARE(added.count(), 1);
+    QCOMPARE(screen.text(), u"Ravi"_s);
+
+    screen.combo.setFocus();
+    driver::type(u"o"_s);
+    driver::press(Qt::Key_Tab);
+    QVERIFY(!screen.isOpen());
+    QVERIFY(screen.next.hasFocus());
+    QCOMPARE(screen.text(), u"O'Brien"_s);
+}
+
+void AutoSearchTest::pastingSearchesToo()
+{
+    SearchScreen screen;
+    QVERIFY(driver::show(screen));
+    QApplication::clipboard()->setText(u" anit\n"_s);
+    driver::press(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(screen.text(), u"Anita"_s);
+    QCOMPARE(screen.combo.currentIndex(), 2);
+    QApplication::clipboard()->setText(u"nobody"_s);
+    driver::press(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(screen.text(), u"Anita"_s);
+}
+
+void AutoSearchTest::deletingLeavesNoEntryBehindTheText()
+{
+    SearchScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::type(u"ravin"_s);
+    driver::press(Qt::Key_Escape);
+    driver::press(Qt::Key_Delete);
+    QCOMPARE(screen.text(), u"Ravin"_s);
+    QCOMPARE(screen.combo.currentIndex(), -1);
+}
+
+void AutoSearchTest::theWheelChangesNothing()
+{
+    SearchScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::type(u"ravi"_s);
+    driver::press(Qt::Key_Escape);
+    QWheelEvent turn(QPointF(5, 5), screen.combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+        Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&screen.combo, &turn);
+    QCOMPARE(screen.combo.currentIndex(), 4);
+}
+
+void AutoSearchTest::theTextSelectsTheFirstEntryThatBeginsSo_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("result");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("prefix") << u"RAV"_s << 4 << u"Ravi"_s;
+    QTest::newRow("whole") << u"Ravindra"_s << 5 << u"Ravindra"_s;
+    QTest::newRow("none") << u"Zed"_s << -1 << u"Zed"_s;
+    QTest::newRow("empty") << u""_s << -1 << u""_s;
+    QTest::newRow("too long") << u"Ravindra "_s << -1 << u"Ravindra "_s;
+}
+
+void AutoSearchTest::theTextSelectsTheFirstEntryThatBeginsSo()
+{
+    QFETCH(QString, text);
+    SearchScreen screen;
+    screen.combo.setText(text);
+    QTEST(SelectComboEntry(screen.combo), "result");
+    QTEST(screen.text(), "shown");
+    QTEST(screen.combo.currentIndex(), "result");
+
+    // Also where the entry is selected already and only its beginning stands there.
+    screen.combo.setCurrentIndex(4);
+    screen.combo.setEditText(u"ra"_s);
+    QVERIFY(driver::show(screen));
+    SelectTypedEntry(screen.combo);
+    QCOMPARE(screen.text(), u"Ravi"_s);
+    QVERIFY(screen.isOpen());
+}
+
+void AutoSearchTest::aLongListOpensAndSearchesAtOnce()
+{
+    QStringList many;
+    for (int i = 0; i < 32767; ++i)
+        many += u"Client %1"_s.arg(i, 5, 10, QChar(u'0'));
+    SearchScreen screen;
+    setComboEntries(screen.combo, many);
+    QVERIFY(driver::show(screen));
+    QElapsedTimer time;
+    time.start();
+    driver::type(u"client 32"_s);
+    QCOMPARE(screen.text(), u"Client 32000"_s);
+    QVERIFY2(time.elapsed() < 3000, qPrintable(QString::number(time.elapsed())));
+}
+
+CORVANE_TEST(AutoSearchTest)
+#include "tst_autoSearch.moc"

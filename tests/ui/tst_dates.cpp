@@ -1,0 +1,175 @@
+#include "support/ModalScript.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/DateField.h"
+#include "ui/Screen.h"
+#include "ui/frmSetDate.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QToolTip>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+class DateScreen : public Screen {
+public:
+    DateScreen() : Screen(u"DateScreen"_s)
+    {
+        auto *form = new QVBoxLayout(this);
+        form->addWidget(&date);
+        form->addWidget(&next);
+        date.setDate({2015, 6, 15});
+    }
+
+    [[nodiscard]] QString shown() const { return date.findChild<QLineEdit *>()->text(); }
+
+    DateField date{u"DateFrom"_s};
+    QLineEdit next;
+};
+
+/// Dates typed and chosen.
+class DateTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void datesAreTypedAsPeopleWriteThem_data();
+    void datesAreTypedAsPeopleWriteThem();
+    void typingGoesOnFromThePartAtTheCaret();
+    void whatIsNoDateIsToldAndTheDateStays_data();
+    void whatIsNoDateIsToldAndTheDateStays();
+    void keysChangeThePartsAndOpenTheCalendar();
+    void theWheelChangesNothing();
+    void aDateIsAskedFor();
+};
+
+void DateTest::datesAreTypedAsPeopleWriteThem_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QDate>("date");
+    const auto row = [](const QString &typed, const QDate &date) { QTest::newRow(qPrintable(typed)) << typed << date; };
+    row(u""_s, {2015, 6, 15});
+    row(u"5"_s, {2015, 6, 5});
+    row(u"5/4"_s, {2015, 4, 5});
+    row(u"0504"_s, {2015, 4, 5});
+    row(u"1/4/2011"_s, {2011, 4, 1});
+    row(u"1.4.11"_s, {2011, 4, 1});
+    row(u"1 sep 2011"_s, {2011, 9, 1});
+    row(u"1-April-11"_s, {2011, 4, 1});
+    row(u"1apr11"_s, {2011, 4, 1});
+    row(u"010411"_s, {2011, 4, 1});
+    row(u"31122010"_s, {2010, 12, 31});
+    row(u"29-2-2012"_s, {2012, 2, 29});
+    row(u"2011-04-01"_s, {2011, 4, 1});
+}
+
+void DateTest::datesAreTypedAsPeopleWriteThem()
+{
+    QFETCH(QString, typed);
+    QFETCH(QDate, date);
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    QSignalSpy changes(&screen.date, &QDateEdit::dateChanged);
+    driver::type(typed);
+    driver::press(Qt::Key_Tab);
+    QVERIFY(screen.next.hasFocus());
+    QCOMPARE(screen.date.date(), date);
+    QCOMPARE(screen.shown(), QLocale::c().toString(date, u"dd-MMM-yyyy"));
+    QCOMPARE(changes.count(), date == QDate(2015, 6, 15) ? 0 : 1);
+}
+
+void DateTest::typingGoesOnFromThePartAtTheCaret()
+{
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    screen.date.setSelectedSection(QDateEdit::MonthSection);
+    driver::type(u"9"_s);
+    QCOMPARE(screen.shown(), u"15-9"_s);
+    driver::press(Qt::Key_Tab);
+    QCOMPARE(screen.date.date(), QDate(2015, 9, 15));
+    screen.date.setFocus(Qt::MouseFocusReason);
+    screen.date.setSelectedSection(QDateEdit::YearSection);
+    driver::type(u"12"_s);
+    driver::press(Qt::Key_Tab);
+    QCOMPARE(screen.date.date(), QDate(2012, 9, 15));
+}
+
+void DateTest::whatIsNoDateIsToldAndTheDateStays_data()
+{
+    QTest::addColumn<QString>("typed");
+    for (const char *typed : {"31/6/2015", "29-2-2011", "abc", "1/13", "1/4/2011/9", "1/4/99999"})
+        QTest::newRow(typed) << QString::fromLatin1(typed);
+}
+
+void DateTest::whatIsNoDateIsToldAndTheDateStays()
+{
+    QFETCH(QString, typed);
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::type(typed);
+    QCOMPARE(screen.shown(), typed);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 15));
+    QCOMPARE(screen.shown(), u"15-Jun-2015"_s);
+    QCOMPARE(QToolTip::text(), u"\"%1\" is not a date. It is still 15-Jun-2015."_s.arg(typed));
+    QToolTip::hideText();
+}
+
+void DateTest::keysChangeThePartsAndOpenTheCalendar()
+{
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::press(Qt::Key_Up);
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 16));
+    driver::type(u"20"_s);
+    driver::press(Qt::Key_Down);
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 19));
+    driver::type(u"1"_s);
+    driver::press(Qt::Key_Backspace);
+    QCOMPARE(screen.shown(), u"19-Jun-2015"_s);
+    for (const bool byF4 : {true, false}) {
+        driver::press(byF4 ? Qt::Key_F4 : Qt::Key_Down, byF4 ? Qt::NoModifier : Qt::AltModifier);
+        QTRY_VERIFY(screen.date.calendarWidget()->isVisible());
+        driver::press(Qt::Key_Escape);
+        QTRY_VERIFY(!screen.date.calendarWidget()->isVisible());
+    }
+    QVERIFY(screen.isVisible());
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 19));
+}
+
+void DateTest::theWheelChangesNothing()
+{
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    QWheelEvent turn(QPointF(5, 5), screen.date.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+        Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&screen.date, &turn);
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 15));
+}
+
+void DateTest::aDateIsAskedFor()
+{
+    const QDate given(2011, 4, 1);
+    ModalScript script;
+    script.expect(u"frmSetDate"_s, [](QWidget &window) {
+        QCOMPARE(window.windowTitle(), u"Select Date"_s);
+        driver::type(u"5/6/2012"_s);
+        driver::accessKey('o');
+    });
+    QCOMPARE(frmSetDate().SelectDate(given), QDate(2012, 6, 5));
+    script.expect(u"frmSetDate"_s, [](QWidget &) {
+        driver::type(u"5/6/2012"_s);
+        driver::press(Qt::Key_Return);
+    });
+    QCOMPARE(frmSetDate().SelectDate(given), QDate(2012, 6, 5));
+    script.expect(u"frmSetDate"_s, [](QWidget &) {
+        driver::type(u"5/6/2012"_s);
+        driver::press(Qt::Key_Escape);
+    });
+    QCOMPARE(frmSetDate().SelectDate(given), given);
+}
+
+CORVANE_TEST(DateTest)
+#include "tst_dates.moc"

@@ -1,0 +1,258 @@
+#include "base/RuntimeError.h"
+#include "support/ModalScript.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/Application.h"
+#include "ui/Command.h"
+#include "ui/ListView.h"
+#include "ui/Screen.h"
+#include "ui/frmMsg.h"
+#include "ui/kvTextBox.h"
+#include "ui/kvTextBoxMultiLine.h"
+
+#include <QKeyEvent>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+class EntryScreen : public Screen {
+    Q_OBJECT
+
+public:
+    explicit EntryScreen(const QString &name = u"EntryScreen"_s) : Screen(name), list(u"lvItems"_s, {{u"Item"_s, 100}})
+    {
+        for (QWidget *control : std::initializer_list<QWidget *>{&first, &second, &remark, &list, &save, &close})
+            form.addWidget(control);
+        list.list().setRows({{{u"Shirt"_s}}, {{u"Coat"_s}}});
+        save.setDefault(true);
+    }
+    using Screen::complain;
+    using Screen::setEntryKeys;
+
+    QVBoxLayout form{this};
+    QLineEdit first;
+    QLineEdit second;
+    kvTextBoxMultiLine remark;
+    ListView list;
+    Command save{u"Command1"_s, u"&Save"_s};
+    Command close{u"Command2"_s, u"&Close"_s};
+
+    int activations = 0;
+    QString previewed;
+    bool closesAtOnce = false;
+    std::function<void()> onActivated;
+
+protected:
+    void activated() override
+    {
+        ++activations;
+        if (closesAtOnce)
+            reject();
+        if (onActivated)
+            onActivated();
+    }
+    bool keyPreview(QKeyEvent *event) override
+    {
+        previewed += event->text();
+        return event->key() == Qt::Key_Q;
+    }
+};
+
+/// What every screen does with keys, with others above it, and with failures.
+class ScreenTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void movingKeysGoThroughTheFields();
+    void withoutEntryKeysEnterPressesACommand();
+    void enterStaysWhereItHasAMeaning();
+    void theScreenSeesEachKeyOnceAndFirst();
+    void escapeClosesFromAnyControl();
+    void activationComesOnceForEachComingToTheFront();
+    void aScreenMayCloseItselfWhenActivated();
+    void complainingLeadsToTheField();
+    void commandsThatComeLaterDoNothing();
+    void failuresReachTheHandlerOnce();
+};
+
+void ScreenTest::movingKeysGoThroughTheFields()
+{
+    EntryScreen screen;
+    screen.setEntryKeys(Screen::EnterMovesOn | Screen::PageKeysMove);
+    QSignalSpy saved(&screen.save, &Command::clicked);
+    QVERIFY(driver::show(screen));
+    screen.first.setFocus();
+    driver::press(Qt::Key_Return);
+    QVERIFY(screen.second.hasFocus());
+    driver::press(Qt::Key_PageUp);
+    QVERIFY(screen.first.hasFocus());
+    driver::press(Qt::Key_Enter, Qt::KeypadModifier);
+    driver::press(Qt::Key_PageDown);
+    QVERIFY(screen.remark.hasFocus());
+    driver::press(Qt::Key_PageDown);
+    QVERIFY(screen.list.hasFocus());
+
+    // Neither a default button nor the one with the focus gets Enter; Space presses.
+    screen.save.setFocus();
+    driver::press(Qt::Key_Return);
+    QVERIFY(screen.close.hasFocus());
+    QCOMPARE(saved.count(), 0);
+    screen.save.setFocus();
+    driver::press(Qt::Key_Space);
+    QCOMPARE(saved.count(), 1);
+}
+
+void ScreenTest::withoutEntryKeysEnterPressesACommand()
+{
+    EntryScreen screen;
+    QSignalSpy saved(&screen.save, &Command::clicked);
+    QSignalSpy closed(&screen.close, &Command::clicked);
+    QVERIFY(driver::show(screen));
+    screen.first.setFocus();
+    driver::press(Qt::Key_Return);
+    QCOMPARE(saved.count(), 1);
+    screen.close.setFocus();
+    driver::press(Qt::Key_Return);
+    QCOMPARE(saved.count(), 1);
+    QCOMPARE(closed.count(), 1);
+}
+
+void ScreenTest::enterStaysWhereItHasAMeaning()
+{
+    EntryScreen screen;
+    screen.setEntryKeys(Screen::EnterMovesOn);
+    QSignalSpy opened(&screen.list, &ListView::opened);
+    QVERIFY(driver::show(screen));
+    screen.remark.setFocus();
+    driver::press(Qt::Key_Return);
+    QCOMPARE(screen.remark.Text(), u"\r\n"_s);
+    screen.list.setFocus();
+    screen.list.setCurrentRow(1);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(opened, QList<QVariantList>{{1}});
+    QVERIFY(screen.list.hasFocus());
+}
+
+void ScreenTest::theScreenSeesEachKeyOnceAndFirst()
+{
+    EntryScreen screen;
+    QVERIFY(driver::show(screen));
+    screen.first.setFocus();
+    driver::type(u"aqb"_s);
+    QCOMPARE(screen.previewed, u"aqb"_s);
+    QCOMPARE(screen.first.text(), u"ab"_s);
+    // A key that the list ignores travels up through its parents and is still seen once.
+    screen.list.setFocus();
+    screen.previewed.clear();
+    driver::press(Qt::Key_F5);
+    driver::type(u"z"_s);
+    QCOMPARE(screen.previewed, u"z"_s);
+}
+
+void ScreenTest::escapeClosesFromAnyControl()
+{
+    EntryScreen screen;
+    for (QWidget *control :
+        std::initializer_list<QWidget *>{&screen.first, &screen.remark, &screen.list, &screen.save}) {
+        QVERIFY(driver::show(screen));
+        control->setFocus();
+        driver::press(Qt::Key_Escape);
+        QVERIFY(!screen.isVisible());
+    }
+}
+
+void ScreenTest::activationComesOnceForEachComingToTheFront()
+{
+    EntryScreen lower;
+    EntryScreen upper(u"UpperScreen"_s);
+    ModalScript script;
+    script.expect(u"EntryScreen"_s, [&](QWidget &) {
+        QCOMPARE(lower.activations, 1);
+        QCOMPARE(Screen::front(), &lower);
+        upper.exec();
+        QCOMPARE(lower.activations, 2);
+        QCOMPARE(upper.activations, 1);
+        ShowMessage(u"Done"_s);
+        QCOMPARE(lower.activations, 3);
+        // Coming back from another program is not coming to the front.
+        for (const auto type : {QEvent::WindowDeactivate, QEvent::WindowActivate}) {
+            QEvent event(type);
+            QCoreApplication::sendEvent(&lower, &event);
+        }
+        QCOMPARE(lower.activations, 3);
+        driver::press(Qt::Key_Escape);
+    });
+    script.expect(u"EntryScreen"_s, [&](QWidget &window) {
+        QCOMPARE(&window, &upper);
+        QCOMPARE(lower.activations, 1);
+        driver::press(Qt::Key_Escape);
+    });
+    script.expectMessage(u"Done"_s);
+    lower.exec();
+    QCOMPARE(Screen::front(), nullptr);
+    QCOMPARE(lower.activations, 3);
+}
+
+void ScreenTest::aScreenMayCloseItselfWhenActivated()
+{
+    EntryScreen lower;
+    EntryScreen upper;
+    upper.closesAtOnce = true;
+    ModalScript script;
+    script.expect(u"EntryScreen"_s, [&](QWidget &) {
+        QCOMPARE(upper.exec(), int(QDialog::Rejected));
+        QCOMPARE(lower.activations, 2);
+        driver::press(Qt::Key_Escape);
+    });
+    lower.exec();
+}
+
+void ScreenTest::complainingLeadsToTheField()
+{
+    EntryScreen screen;
+    ModalScript script;
+    script.expectMessage(u"Please enter user name!"_s);
+    QVERIFY(driver::show(screen));
+    screen.first.setFocus();
+    screen.complain(u"Please enter user name!"_s, &screen.second);
+    QVERIFY(driver::waitActive(screen));
+    QTRY_VERIFY(screen.second.hasFocus());
+}
+
+void ScreenTest::commandsThatComeLaterDoNothing()
+{
+    EntryScreen screen;
+    screen.save.setComesLater(u"Comes with the reports"_s);
+    QSignalSpy saved(&screen.save, &Command::clicked);
+    QVERIFY(driver::show(screen));
+    driver::accessKey('s');
+    screen.save.trigger();
+    QTest::mouseClick(&screen.save, Qt::LeftButton);
+    QCOMPARE(saved.count(), 0);
+    QCOMPARE(screen.save.toolTip(), u"Comes with the reports"_s);
+}
+
+void ScreenTest::failuresReachTheHandlerOnce()
+{
+    auto &application = *qobject_cast<Application *>(QCoreApplication::instance());
+    QStringList reports;
+    EntryScreen screen;
+    application.setFailureHandler([&](const RuntimeError &error) {
+        reports += error.report();
+        // While a failure is told, others that it brings about are not.
+        QTest::mouseClick(&screen.close, Qt::LeftButton);
+    });
+    connect(&screen.close, &Command::clicked, this, [] { throw RuntimeError(Fault::TypeMismatch); });
+    connect(&screen.save, &Command::clicked, this, [] { throw RuntimeError(Fault::NoCurrentRecord, u"Select 1"_s); });
+    QVERIFY(driver::show(screen));
+    driver::accessKey('s');
+    QCOMPARE(reports, QStringList{u"Run-time error '3021':\n\nNo current record.\n\nSelect 1"_s});
+    // The application goes on where the handler lets it.
+    driver::accessKey('s');
+    QCOMPARE(reports.size(), 2);
+    application.setFailureHandler({});
+}
+
+CORVANE_TEST(ScreenTest)
+#include "tst_screen.moc"
