@@ -1,0 +1,78 @@
+#include "app/frmLogin.h"
+
+#include "store/settings.h"
+#include "ui/Command.h"
+#include "ui/frmMsg.h"
+#include "ui/kvTextBox.h"
+#include "ui/language.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Takes a name or a password as it is typed; the other kinds of box would begin its words with capitals.
+constexpr int plainText = 2;
+
+QLabel *captionOf(QWidget *field, const QString &caption)
+{
+    auto *label = new QLabel(caption);
+    label->setBuddy(field);
+    return label;
+}
+
+} // namespace
+
+frmLogin::frmLogin()
+    : Screen(u"frmLogin"_s, u"Corvane"_s), txtUserName(new kvTextBox(u"txtUserName"_s, plainText)),
+      txtPassword(new kvTextBox(u"txtPassword"_s, plainText)), Command1(new Command(u"Command1"_s, u"&Login"_s))
+{
+    auto *heading = new QLabel(u"Login to Corvane"_s);
+    heading->setObjectName(u"lblTitle"_s);
+    txtPassword->setEchoMode(QLineEdit::Password);
+
+    auto *form = new QGridLayout(this);
+    form->setContentsMargins(28, 24, 28, 24);
+    form->addWidget(heading, 0, 0, 1, 2);
+    form->setRowMinimumHeight(1, 4);
+    form->addWidget(captionOf(txtUserName, u"&User Name :"_s), 2, 0);
+    form->addWidget(txtUserName, 2, 1);
+    form->addWidget(captionOf(txtPassword, u"&Password :"_s), 3, 0);
+    form->addWidget(txtPassword, 3, 1);
+    form->setRowMinimumHeight(4, 4);
+    form->addWidget(Command1, 5, 1, Qt::AlignRight);
+    form->setColumnMinimumWidth(1, 260);
+    form->setSizeConstraint(QLayout::SetFixedSize);
+
+    setEntryKeys(EnterMovesOn);
+    TranslateForm(*this);
+    connect(Command1, &Command::clicked, this, &frmLogin::check);
+}
+
+bool frmLogin::Login()
+{
+    m_passed = false;
+    txtUserName->setFocus();
+    exec();
+    return m_passed;
+}
+
+void frmLogin::check()
+{
+    if (txtUserName->Text().isEmpty())
+        return complain(u"Please enter user name!"_s, txtUserName);
+    if (txtPassword->Text().isEmpty())
+        return complain(u"Please enter password!"_s, txtPassword);
+    if (txtUserName->Text() != GetSetting(setting::LoginName)
+        || txtPassword->Text() != GetSetting(setting::LoginPassword)) {
+        ShowMessage(u"Invalid user name or password!"_s);
+        txtUserName->clear();
+        txtPassword->clear();
+        txtUserName->setFocus();
+        return;
+    }
+    m_passed = true;
+    accept();
+}

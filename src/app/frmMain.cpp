@@ -1,0 +1,245 @@
+#include "app/frmMain.h"
+
+#include "app/WallArea.h"
+#include "app/frmAbout.h"
+#include "app/frmLogin.h"
+#include "app/frmMasters.h"
+#include "app/frmMenu.h"
+#include "app/menuColumn.h"
+#include "base/RuntimeError.h"
+#include "base/session.h"
+#include "base/values.h"
+#include "jobcards/frmEditJOB.h"
+#include "store/DataEnvironment.h"
+#include "store/settings.h"
+#include "ui/Command.h"
+#include "ui/DateField.h"
+#include "ui/frmMsg.h"
+#include "ui/language.h"
+#include "ui/theme.h"
+
+#include <QCalendarWidget>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void fill(QWidget &strip, const QColor &background)
+{
+    QPalette colours = strip.palette();
+    colours.setColor(QPalette::Window, background);
+    strip.setPalette(colours);
+    strip.setAutoFillBackground(true);
+}
+
+QLabel *coloured(QLabel *label, const QColor &ink)
+{
+    QPalette colours = label->palette();
+    colours.setColor(QPalette::WindowText, ink);
+    label->setPalette(colours);
+    return label;
+}
+
+void enlarge(QLabel &label, double factor)
+{
+    QFont font = label.font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setWeight(QFont::DemiBold);
+    label.setFont(font);
+}
+
+} // namespace
+
+frmMain::frmMain()
+    : Screen(u"frmMain"_s,
+        u"Corvane %1.%2 | www.corvane.example | Made to measure"_s.arg(CORVANE_VERSION_MAJOR)
+            .arg(CORVANE_VERSION_MINOR)),
+      lblShopName(new QLabel), TodayDate(new DateField(u"TodayDate"_s)), Picture1(new WallArea), lblUser(new QLabel)
+{
+    setWindowFlags(Qt::Window);
+    lblShopName->setObjectName(u"lblShopName"_s);
+    lblUser->setObjectName(u"lblUser"_s);
+    buildForm();
+    resize(screen()->availableSize());
+    setWindowState(Qt::WindowMaximized);
+
+    connect(TodayDate, &DateField::dateChanged, this, &frmMain::takeDate);
+    TodayDate->calendarWidget()->installEventFilter(this);
+}
+
+void frmMain::buildForm()
+{
+    auto *middle = new QHBoxLayout;
+    middle->setSpacing(0);
+    middle->addWidget(buildCommands());
+    middle->addWidget(Picture1, 1);
+
+    auto *form = new QVBoxLayout(this);
+    form->setContentsMargins({});
+    form->setSpacing(0);
+    form->addWidget(buildHead());
+    form->addLayout(middle, 1);
+    form->addWidget(buildFoot());
+    setMinimumSize(800, 600);
+}
+
+QWidget *frmMain::buildHead()
+{
+    auto *head = new QWidget;
+    fill(*head, theme::accent());
+    coloured(lblShopName, Qt::white);
+    enlarge(*lblShopName, 2.1);
+    lblShopName->setTextFormat(Qt::PlainText);
+    lblShopName->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    QLabel *caption = coloured(new QLabel(u"Working Date (F2)"_s), Qt::white);
+    caption->setBuddy(TodayDate);
+    TodayDate->setMinimumWidth(150);
+
+    auto *row = new QHBoxLayout(head);
+    row->setContentsMargins(24, 16, 24, 16);
+    row->addWidget(lblShopName, 1);
+    row->addWidget(caption);
+    row->addWidget(TodayDate);
+    return head;
+}
+
+QWidget *frmMain::buildCommands()
+{
+    auto *panel = new QWidget;
+    auto *column = new QVBoxLayout(panel);
+    column->setContentsMargins(20, 20, 20, 20);
+    Command *cmdCreateJOB = menuColumn::add(*column, {"cmdCreateJOB"_L1, "&New Job Card"_L1});
+    Command *cmdCreateNewClint = menuColumn::add(*column, {"cmdCreateNewClint"_L1, "&Masters"_L1});
+    menuColumn::addLater(*column, {"Command2"_L1, "JOB &Register"_L1});
+    Command *Command8 = menuColumn::add(*column, {"Command8"_L1, "Report&s"_L1});
+    column->addStretch();
+    menuColumn::addLater(*column, {"Command5"_L1, "Shop Info"_L1});
+    menuColumn::addLater(*column, {"Command7"_L1, "Settings"_L1});
+    Command *Command4 = menuColumn::add(*column, {"Command4"_L1, "&About Corvane"_L1});
+
+    connect(cmdCreateJOB, &Command::clicked, this, [] { frmEditJOB().ShowAddNew(); });
+    connect(cmdCreateNewClint, &Command::clicked, this, [] { frmMasters().exec(); });
+    connect(Command8, &Command::clicked, this, [] { frmMenu().exec(); });
+    connect(Command4, &Command::clicked, this, [] { frmAbout().exec(); });
+    return panel;
+}
+
+QWidget *frmMain::buildFoot()
+{
+    auto *foot = new QWidget;
+    fill(*foot, palette().color(QPalette::Button));
+    auto *row = new QHBoxLayout(foot);
+    row->setContentsMargins(24, 6, 24, 6);
+    row->setSpacing(18);
+    row->addWidget(lblUser, 1);
+    for (const QString &text : {u"Help and Support"_s, u"mail@corvane.example"_s})
+        row->addWidget(coloured(new QLabel(text), theme::muted()));
+    return foot;
+}
+
+void frmMain::setVisible(bool visible)
+{
+    if (visible && !m_loaded) {
+        m_loaded = load();
+        if (!m_loaded)
+            return QCoreApplication::exit();
+    }
+    Screen::setVisible(visible);
+}
+
+bool frmMain::load()
+{
+    TranslateForm(*this);
+    if (settingIsOn(setting::UsePasswordLock) && !frmLogin().Login())
+        return false;
+    SetWall();
+    return true;
+}
+
+void frmMain::activated()
+{
+    RefershINFO();
+    setFocus();
+}
+
+void frmMain::RefershINFO()
+{
+    Recordset &shop = DE().rsSHOP;
+    shop.reopen(u"Select * from Shop"_s);
+    if (shop.eof()) {
+        shop.addNew();
+        shop.set(u"Name", u"Kovrel"_s);
+        shop.update();
+        lblShopName->setText(u"Kovrel"_s);
+    } else {
+        session::ShopName = shop.text(u"Name");
+        const auto take = [&shop](QString &copy, QStringView column) {
+            if (!shop.isNull(column))
+                copy = shop.text(column);
+        };
+        take(session::ShopContacts, u"Contacts");
+        take(session::ShopAddress1, u"Address1");
+        take(session::ShopAddress2, u"Address2");
+        take(session::ShopAddress3, u"Address3");
+        lblShopName->setText(session::ShopName);
+    }
+    shop.close();
+    // Showing the date is not choosing it: the stored one must outlive a session that follows the machine's date.
+    const QSignalBlocker quiet(TodayDate);
+    TodayDate->setDate(session::CurrentDate);
+}
+
+void frmMain::SetWall()
+{
+    try {
+        const QString file = GetSetting(setting::WallpaperFile);
+        if (file.isEmpty())
+            Picture1->showDefault();
+        else
+            Picture1->showFile(file);
+    } catch (const RuntimeError &) {
+        return;
+    }
+}
+
+void frmMain::takeDate()
+{
+    session::CurrentDate = TodayDate->date();
+    SaveSetting(setting::WorkingDate, DateText(session::CurrentDate));
+}
+
+bool frmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    // The calendar is the only thing watched. Closed without a choice, it confirms the date shown.
+    if (event->type() == QEvent::Hide && isVisible())
+        takeDate();
+    return Screen::eventFilter(watched, event);
+}
+
+bool frmMain::keyPreview(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_F2 || event->modifiers() != Qt::NoModifier)
+        return false;
+    // As Tab would, so that what is typed begins with the day.
+    TodayDate->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
+void frmMain::escapePressed()
+{
+    if (AskUser(u"Are you sure to exit?"_s) == 1)
+        close();
+}
+
+void frmMain::done(int result)
+{
+    Screen::done(result);
+    QCoreApplication::exit();
+}

@@ -1,0 +1,23 @@
+#include "app/frmMasters.h"
+
+#include "app/menuColumn.h"
+#include "ui/Command.h"
+
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+frmMasters::frmMasters() : Screen(u"frmMasters"_s, u"Masters"_s)
+{
+    auto *form = new QVBoxLayout(this);
+    form->setContentsMargins(28, 24, 28, 24);
+    menuColumn::addLater(*form, {"cmdCreateNewClint"_L1, "&Clients"_L1});
+    menuColumn::addLater(*form, {"Command1"_L1, "&Workers"_L1});
+    menuColumn::addLater(*form, {"Command3"_L1, "&Items"_L1});
+    menuColumn::addLater(*form, {"Command2"_L1, "&Accounts"_L1});
+    form->addSpacing(10);
+    Command *Command8 = menuColumn::add(*form, {"Command8"_L1, "Back"_L1});
+    form->setSizeConstraint(QLayout::SetFixedSize);
+
+    connect(Command8, &Command::clicked, this, &QDialog::reject);
+}

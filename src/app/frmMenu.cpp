@@ -1,0 +1,37 @@
+#include "app/frmMenu.h"
+
+#include "app/menuColumn.h"
+#include "ui/Command.h"
+#include "ui/language.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
+{
+    auto *books = new QVBoxLayout;
+    menuColumn::addLater(*books, {"Command2"_L1, "D&ues Register"_L1});
+    menuColumn::addLater(*books, {"Command3"_L1, "&Account Book"_L1});
+    menuColumn::addLater(*books, {"Command7"_L1, "&Wages Register"_L1});
+    menuColumn::addLater(*books, {"Command6"_L1, "&Day Book"_L1});
+    menuColumn::addLater(*books, {"Command10"_L1, "Deli&very Register"_L1});
+
+    auto *others = new QVBoxLayout;
+    menuColumn::addLater(*others, {"Command5"_L1, "&Ratings"_L1});
+    menuColumn::addLater(*others, {"Command4"_L1, "&Trial Reminder"_L1});
+    menuColumn::addLater(*others, {"Command1"_L1, "&Birthdays Reminder"_L1});
+    menuColumn::addLater(*others, {"Command9"_L1, "&Export Status Report"_L1});
+    Command *Command8 = menuColumn::add(*others, {"Command8"_L1, "Back"_L1});
+
+    auto *form = new QHBoxLayout(this);
+    form->setContentsMargins(28, 24, 28, 24);
+    form->setSpacing(18);
+    form->addLayout(books);
+    form->addLayout(others);
+    form->setSizeConstraint(QLayout::SetFixedSize);
+
+    TranslateForm(*this);
+    connect(Command8, &Command::clicked, this, &QDialog::reject);
+}

@@ -1,0 +1,150 @@
+#include "app/frmLogin.h"
+
+#include "StartFolder.h"
+#include "app/frmMain.h"
+#include "app/startup.h"
+#include "store/settings.h"
+#include "support/ModalScript.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/kvTextBox.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::accessKey;
+using driver::control;
+using driver::press;
+using driver::type;
+
+/// The name and password that guard the program.
+class LoginTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theChecksComeInTheirOrder();
+    void nameAndPasswordAreComparedExactly_data();
+    void nameAndPasswordAreComparedExactly();
+    void withoutTheLockNobodyIsAsked();
+    void closingEndsTheProcess();
+};
+
+namespace {
+
+/// A shop that is ready to start, and asks for "Meera" and "needle 7".
+struct LockedShop : StartFolder {
+    LockedShop()
+    {
+        storeMarker(u"1"_s);
+        RestartSession();
+        SaveSetting(setting::UsePasswordLock, u"1"_s);
+        SaveSetting(setting::LoginName, u"Meera"_s);
+        SaveSetting(setting::LoginPassword, u"needle 7"_s);
+    }
+};
+
+QString focused(const QWidget &screen)
+{
+    return screen.focusWidget() ? screen.focusWidget()->objectName() : QString();
+}
+
+} // namespace
+
+void LoginTest::theChecksComeInTheirOrder()
+{
+    LockedShop shop;
+    ModalScript script;
+    bool passed = false;
+    script.expect(u"frmLogin"_s, [&](QWidget &screen) {
+        auto &password = control<kvTextBox>(screen, "txtPassword");
+        QCOMPARE(focused(screen), u"txtUserName"_s);
+        script.expectMessage(u"Please enter user name!"_s);
+        accessKey('l');
+        QCOMPARE(focused(screen), u"txtUserName"_s);
+
+        type(u"Meera"_s);
+        script.expectMessage(u"Please enter password!"_s);
+        accessKey('l');
+        QCOMPARE(focused(screen), u"txtPassword"_s);
+        QCOMPARE(password.echoMode(), QLineEdit::Password);
+
+        type(u"needle"_s);
+        script.expectMessage(u"Invalid user name or password!"_s);
+        accessKey('l');
+        QCOMPARE(focused(screen), u"txtUserName"_s);
+        QCOMPARE(control<kvTextBox>(screen, "txtUserName").Text() + password.Text(), QString());
+
+        // Enter moves on; it never is the command.
+        type(u"Meera"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(focused(screen), u"txtPassword"_s);
+        type(u"needle 7"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(focused(screen), u"Command1"_s);
+        press(Qt::Key_Return);
+        QVERIFY(screen.isVisible());
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        press(Qt::Key_Space);
+    });
+    passed = frmLogin().Login();
+    QVERIFY(passed);
+}
+
+void LoginTest::nameAndPasswordAreComparedExactly_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<bool>("passes");
+    QTest::newRow("right") << u"Meera"_s << u"needle 7"_s << true;
+    QTest::newRow("name in lower case") << u"meera"_s << u"needle 7"_s << false;
+    QTest::newRow("password in upper case") << u"Meera"_s << u"NEEDLE 7"_s << false;
+    QTest::newRow("a blank behind") << u"Meera "_s << u"needle 7"_s << false;
+    QTest::newRow("exchanged") << u"needle 7"_s << u"Meera"_s << false;
+}
+
+void LoginTest::nameAndPasswordAreComparedExactly()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, password);
+    QFETCH(bool, passes);
+    LockedShop shop;
+    ModalScript script;
+    script.expect(u"frmLogin"_s, [&](QWidget &) {
+        type(name);
+        press(Qt::Key_Return);
+        type(password);
+        if (!passes)
+            script.expectMessage(u"Invalid user name or password!"_s);
+        accessKey('l');
+        if (!passes)
+            press(Qt::Key_Escape);
+    });
+    QCOMPARE(frmLogin().Login(), passes);
+}
+
+void LoginTest::withoutTheLockNobodyIsAsked()
+{
+    LockedShop shop;
+    for (const QString &off : {u"0"_s, u"2"_s, QString()}) {
+        SaveSetting(setting::UsePasswordLock, off);
+        QVERIFY(runProgram([](frmMain &) {}));
+    }
+}
+
+void LoginTest::closingEndsTheProcess()
+{
+    LockedShop shop;
+    ModalScript script;
+    script.expect(u"frmLogin"_s, [](QWidget &screen) { screen.close(); });
+    QVERIFY(!runProgram([](frmMain &) {}));
+    script.expect(u"frmLogin"_s, [](QWidget &) {
+        type(u"Meera"_s);
+        press(Qt::Key_Return);
+        type(u"needle 7"_s);
+        accessKey('l');
+    });
+    QVERIFY(runProgram([](frmMain &) {}));
+}
+
+CORVANE_TEST(LoginTest)
+#include "tst_frmLogin.moc"

@@ -1,0 +1,403 @@
+#include "app/startup.h"
+
+#include "StartFolder.h"
+#include "app/frmMain.h"
+#include "base/RuntimeError.h"
+#include "base/session.h"
+#include "store/DataEnvironment.h"
+#include "store/settings.h"
+#include "support/ModalScript.h"
+#include "support/expectFault.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::press;
+
+/// The way from a folder to an open database.
+class StartupTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aFirstStartOffersTheChoice_data();
+    void aFirstStartOffersTheChoice();
+    void theMarkerTellsAFirstRun_data();
+    void theMarkerTellsAFirstRun();
+    void theLastLineNamesTheDatabase_data();
+    void theLastLineNamesTheDatabase();
+    void theConfigurationIsWrittenAnew();
+    void aFolderThatCannotBeWrittenEndsTheStart();
+    void aMissingDatabaseIsMade();
+    void aMissingDemoStaysIdle();
+    void anotherVersionIsLeftAlone();
+    void anotherVersionInTheDefaultPlaceStaysInUse();
+    void theDefaultFileIsNotReplaced();
+    void aFileThatCannotBeOpenedIsShownAndAnotherOffered_data();
+    void aFileThatCannotBeOpenedIsShownAndAnotherOffered();
+    void theOfferIsRepeatedUntilADatabaseIsOpen();
+    void theWorkingDate_data();
+    void theWorkingDate();
+    void anImagesFolderThatIsThereDoesNoHarm();
+};
+
+namespace {
+
+const auto newShop = QStringList{u"Cash"_s, u"Purchase"_s, u"Sales"_s, u"Wages"_s};
+const auto ashasShop = QStringList{u"Asha"_s} + newShop;
+
+QString configOf(const QString &databasePath)
+{
+    return u"'Corvane Configuration file\r\n\r\n' Database Path\r\nDBPATH=%1\r\n"_s.arg(databasePath);
+}
+
+QString invalidDatabase(const QString &version)
+{
+    return u"Invalid Database!\r\nCorvane Can not Run with this Database!\r\nDatabase File Version : %1\r\n"
+           "Supported Version : 15\r\nCorvane created a new database file."_s.arg(version);
+}
+
+QString fileError(Fault fault, const QString &path)
+{
+    return u"Database File Error!\r\n%1\r\n%2"_s.arg(RuntimeError(fault).text(), path);
+}
+
+void chooseDefault(QWidget &)
+{
+    press(Qt::Key_Space);
+}
+
+void chooseDemo(QWidget &)
+{
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space);
+}
+
+void closeIt(QWidget &)
+{
+    press(Qt::Key_Escape);
+}
+
+} // namespace
+
+void StartupTest::aFirstStartOffersTheChoice_data()
+{
+    QTest::addColumn<ModalScript::Action>("choice");
+    QTest::addColumn<QString>("database");
+    QTest::addColumn<QString>("marker");
+    QTest::addColumn<QStringList>("content");
+    QTest::newRow("default") << ModalScript::Action(chooseDefault) << u"data15.mdb"_s << u"1"_s << newShop;
+    QTest::newRow("demo") << ModalScript::Action(chooseDemo) << u"demo.mdb"_s << u"1"_s << ashasShop;
+    QTest::newRow("none") << ModalScript::Action(closeIt) << u"data15.mdb"_s << QString() << newShop;
+}
+
+void StartupTest::aFirstStartOffersTheChoice()
+{
+    QFETCH(ModalScript::Action, choice);
+    QFETCH(QString, database);
+    QFETCH(QStringList, content);
+    StartFolder start;
+    start.addDatabase(u"demo.mdb"_s);
+    ModalScript script;
+    script.expect(u"frmSelectDB"_s, choice);
+    QVERIFY(runProgram([&](frmMain &) {
+        QCOMPARE(session::DBPath, start.path(database));
+        QCOMPARE(session::CurrentDate, QDate(2011, 4, 1));
+        QCOMPARE(accounts(), content);
+    }));
+    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(start.path(database)));
+    QVERIFY(QFileInfo(start.path(u"images"_s)).isDir());
+    QTEST(storedMarker(), "marker");
+
+    // The next start asks only who never chose.
+    if (storedMarker().isEmpty())
+        script.expect(u"frmSelectDB"_s, closeIt);
+    QVERIFY(runProgram([](frmMain &) {}));
+}
+
+void StartupTest::theMarkerTellsAFirstRun_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<bool>("first");
+    QTest::newRow("nothing") << QString() << true;
+    QTest::newRow("0") << u"0"_s << true;
+    QTest::newRow("1") << u"1"_s << false;
+    QTest::newRow("2") << u"2"_s << false;
+    QTest::newRow("-1") << u"-1"_s << false;
+}
+
+void StartupTest::theMarkerTellsAFirstRun()
+{
+    QFETCH(QString, stored);
+    StartFolder start;
+    if (!stored.isNull())
+        storeMarker(stored);
+    QTEST(IsFirstRun(), "first");
+    endFirstRun();
+    QVERIFY(!IsFirstRun());
+}
+
+void StartupTest::theLastLineNamesTheDatabase_data()
+{
+    QTest::addColumn<QByteArray>("config");
+    QTest::addColumn<QString>("path");
+    const auto byDefault = u"data15.mdb"_s;
+    const auto fails = u"fails"_s;
+    QTest::newRow("alone") << "DBPATH=/shop/a.mdb"_ba << u"/shop/a.mdb"_s;
+    QTest::newRow("after others, lines ended") << "first\r\n\r\nDBPATH=/shop/a.mdb\r\n"_ba << u"/shop/a.mdb"_s;
+    QTest::newRow("lines ended by a feed alone") << "first\nDBPATH=/shop/a.mdb\n"_ba << u"/shop/a.mdb"_s;
+    QTest::newRow("lower case") << "dbpath=/shop/a.mdb"_ba << u"/shop/a.mdb"_s;
+    QTest::newRow("in the midst of a line") << "my DBPath here=/shop/a.mdb"_ba << u"/shop/a.mdb"_s;
+    QTest::newRow("blanks and letters beyond ASCII")
+        << u"DBPATH=/दुकान/my shop.mdb"_s.toUtf8() << u"/दुकान/my shop.mdb"_s;
+    QTest::newRow("cut at the second sign") << "DBPATH=/shop/a=b.mdb"_ba << u"/shop/a"_s;
+    QTest::newRow("empty") << "DBPATH="_ba << byDefault;
+    QTest::newRow("NONE") << "DBPATH=NONE"_ba << byDefault;
+    QTest::newRow("none is a path") << "DBPATH=none"_ba << u"none"_s;
+    QTest::newRow("two signs with nothing between") << "DBPATH==x"_ba << byDefault;
+    QTest::newRow("a line behind it") << "DBPATH=/shop/a.mdb\r\n\r\n"_ba << fails;
+    QTest::newRow("no sign") << "DBPATH /shop/a.mdb"_ba << fails;
+    QTest::newRow("another word") << "PATH=/shop/a.mdb"_ba << fails;
+    QTest::newRow("an empty file") << ""_ba << fails;
+}
+
+void StartupTest::theLastLineNamesTheDatabase()
+{
+    QFETCH(QByteArray, config);
+    QFETCH(QString, path);
+    StartFolder start;
+    start.write(u"cv.ini"_s, config);
+    session::DBPath = u"before"_s;
+    if (path == u"fails") {
+        EXPECT_FAULT(Fault::SubscriptOutOfRange, Main());
+        QCOMPARE(session::DBPath, u"before"_s);
+    } else {
+        ReadConfig();
+        QCOMPARE(session::DBPath, path == u"data15.mdb" ? start.path(path) : path);
+    }
+    QCOMPARE(start.content(u"cv.ini"_s), config);
+}
+
+void StartupTest::theConfigurationIsWrittenAnew()
+{
+    StartFolder start;
+    start.write(u"cv.ini"_s, QByteArray(1000, 'x'));
+    session::DBPath = u"/दुकान/my shop.mdb"_s;
+    WriteConfig();
+    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(session::DBPath));
+    WriteDefaultConfig();
+    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(start.path(u"data15.mdb"_s)));
+    QCOMPARE(session::DBPath, u"/दुकान/my shop.mdb"_s);
+}
+
+void StartupTest::aFolderThatCannotBeWrittenEndsTheStart()
+{
+    StartFolder start;
+    start.write(u"file"_s, "not a folder");
+    session::ProgramFolder = start.path(u"file"_s);
+    EXPECT_FAULT(Fault::FileFault, Main());
+    QCOMPARE(start.content(u"file"_s), "not a folder"_ba);
+    session::ProgramFolder = start.path(u"missing"_s);
+    EXPECT_FAULT(Fault::FileFault, Main());
+    QVERIFY(!QFileInfo::exists(start.path(u"missing"_s)));
+
+    session::ProgramFolder = start.path({});
+    QVERIFY(QDir(start.path({})).mkdir(u"cv.ini"_s));
+    EXPECT_FAULT(Fault::FileFault, Main());
+}
+
+void StartupTest::aMissingDatabaseIsMade()
+{
+    StartFolder start;
+    storeMarker(u"1"_s);
+    for (int run = 0; run < 2; ++run) {
+        QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
+        DE().CN.close();
+        QVERIFY(QFile::remove(start.path(u"data15.mdb"_s)));
+    }
+}
+
+void StartupTest::aMissingDemoStaysIdle()
+{
+    StartFolder start;
+    start.addDatabase(u"data15.mdb"_s);
+    start.configure(start.path(u"demo.mdb"_s));
+    RestartSession();
+    QCOMPARE(session::DBPath, start.path(u"data15.mdb"_s));
+    // The default file gets the accounts of a new one on top of its own.
+    QCOMPARE(accounts().size(), ashasShop.size() + newShop.size());
+    QCOMPARE(start.content(u"cv.ini"_s), "DBPATH=" + start.path(u"demo.mdb"_s).toUtf8() + "\r\n");
+    Connection idle;
+    idle.open(start.path(u"demo.mdb"_s));
+    Recordset rows(idle, u"Accounts"_s);
+    rows.open();
+    QCOMPARE(rows.recordCount(), 0);
+}
+
+void StartupTest::anotherVersionIsLeftAlone()
+{
+    StartFolder start;
+    start.addDatabase(u"old.mdb"_s, u"14"_s);
+    start.configure(start.path(u"old.mdb"_s));
+    const QByteArray before = start.content(u"old.mdb"_s);
+    ModalScript script;
+    script.expectBox(invalidDatabase(u"14"_s));
+    RestartSession();
+    QCOMPARE(session::DBPath, start.path(u"data15.mdb"_s));
+    QCOMPARE(accounts(), newShop);
+    QCOMPARE(GetSetting(setting::DatabaseVersion), u"15"_s);
+    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(start.path(u"data15.mdb"_s)));
+    QCOMPARE(start.content(u"old.mdb"_s), before);
+    RestartSession();
+    QVERIFY(script.isDone());
+}
+
+void StartupTest::anotherVersionInTheDefaultPlaceStaysInUse()
+{
+    StartFolder start;
+    start.addDatabase(u"data15.mdb"_s, u"16"_s);
+    const QByteArray before = start.content(u"data15.mdb"_s);
+    ModalScript script;
+    for (int run = 0; run < 2; ++run) {
+        script.expectBox(invalidDatabase(u"16"_s));
+        RestartSession();
+        QVERIFY(script.isDone());
+        QCOMPARE(accounts(), ashasShop);
+    }
+    DE().CN.close();
+    QCOMPARE(start.content(u"data15.mdb"_s), before);
+}
+
+void StartupTest::theDefaultFileIsNotReplaced()
+{
+    StartFolder start;
+    start.addDatabase(u"old.mdb"_s, u"0"_s);
+    StartFolder fresh;
+    fresh.addDatabase(u"data15.mdb"_s);
+    session::ProgramFolder = start.path({});
+    start.write(u"data15.mdb"_s, fresh.content(u"data15.mdb"_s));
+    start.configure(start.path(u"old.mdb"_s));
+    const QByteArray before = start.content(u"data15.mdb"_s);
+    ModalScript script;
+    script.expectBox(invalidDatabase(u"0"_s));
+    RestartSession();
+    // Until the next start the session goes on with the database that it has.
+    QCOMPARE(GetSetting(setting::DatabaseVersion), u"0"_s);
+    QCOMPARE(start.content(u"data15.mdb"_s), before);
+    RestartSession();
+    QCOMPARE(GetSetting(setting::DatabaseVersion), u"15"_s);
+    QVERIFY(script.isDone());
+}
+
+void StartupTest::aFileThatCannotBeOpenedIsShownAndAnotherOffered_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("fault");
+    QTest::newRow("a text") << u"text"_s << static_cast<int>(Fault::NotADatabase);
+    QTest::newRow("empty") << u"empty"_s << static_cast<int>(Fault::NotADatabase);
+    QTest::newRow("cut short") << u"short"_s << static_cast<int>(Fault::Damaged);
+    QTest::newRow("in use") << u"locked"_s << static_cast<int>(Fault::Locked);
+}
+
+void StartupTest::aFileThatCannotBeOpenedIsShownAndAnotherOffered()
+{
+    QFETCH(QString, kind);
+    QFETCH(int, fault);
+    StartFolder start;
+    storeMarker(u"1"_s);
+    start.addDatabase(u"shop.mdb"_s);
+    const QByteArray sound = start.content(u"shop.mdb"_s);
+    if (kind == u"text")
+        start.write(u"shop.mdb"_s, QByteArray(8192, 'x'));
+    else if (kind == u"empty")
+        start.write(u"shop.mdb"_s, {});
+    else if (kind == u"short")
+        start.write(u"shop.mdb"_s, sound.left(sound.size() - 4096));
+    const QByteArray before = start.content(u"shop.mdb"_s);
+    start.configure(start.path(u"shop.mdb"_s));
+    Connection other;
+    if (kind == u"locked") {
+        other.open(start.path(u"shop.mdb"_s));
+        other.define(u"begin exclusive"_s);
+    }
+    ModalScript script;
+    script.expectBox(fileError(static_cast<Fault>(fault), start.path(u"shop.mdb"_s)));
+    script.expect(u"frmSelectDB"_s, chooseDefault);
+    QVERIFY(runProgram([&](frmMain &) {
+        QCOMPARE(session::DBPath, start.path(u"data15.mdb"_s));
+        QCOMPARE(accounts(), newShop);
+    }));
+    other.close();
+    QCOMPARE(start.content(u"shop.mdb"_s), before);
+    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(start.path(u"data15.mdb"_s)));
+}
+
+void StartupTest::theOfferIsRepeatedUntilADatabaseIsOpen()
+{
+    StartFolder start;
+    start.write(u"shop.mdb"_s, "x");
+    start.write(u"demo.mdb"_s, "y");
+    start.write(u"data15.mdb"_s, "z");
+    start.configure(start.path(u"shop.mdb"_s));
+    const auto errorOf = [&](const QString &name) { return fileError(Fault::NotADatabase, start.path(name)); };
+    ModalScript script;
+    // At the first run the choice comes before anything is opened, and then again for each file that fails.
+    script.expect(u"frmSelectDB"_s, closeIt);
+    script.expectBox(errorOf(u"shop.mdb"_s)).expect(u"frmSelectDB"_s, closeIt);
+    script.expectBox(errorOf(u"shop.mdb"_s)).expect(u"frmSelectDB"_s, chooseDemo);
+    script.expectBox(errorOf(u"demo.mdb"_s)).expect(u"frmSelectDB"_s, [&](QWidget &) {
+        QVERIFY(QFile::remove(start.path(u"data15.mdb"_s)));
+        press(Qt::Key_Space);
+    });
+    QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
+    QCOMPARE(start.content(u"shop.mdb"_s), "x"_ba);
+    QCOMPARE(start.content(u"demo.mdb"_s), "y"_ba);
+}
+
+void StartupTest::theWorkingDate_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("follow");
+    QTest::addColumn<QDate>("date");
+    QTest::newRow("new shop") << QString() << QString() << QDate(2011, 4, 1);
+    QTest::newRow("last used") << u"17-Nov-2025"_s << u"0"_s << QDate(2025, 11, 17);
+    QTest::newRow("follows the machine") << u"17-Nov-2025"_s << u"1"_s << QDate(2026, 6, 1);
+    QTest::newRow("only 1 is on") << u"17-Nov-2025"_s << u"2"_s << QDate(2025, 11, 17);
+    QTest::newRow("no date") << u"soon"_s << u"1"_s << QDate();
+}
+
+void StartupTest::theWorkingDate()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, follow);
+    QFETCH(QDate, date);
+    StartFolder start;
+    RestartSession();
+    if (!stored.isNull())
+        SaveSetting(setting::WorkingDate, stored);
+    if (!follow.isNull())
+        SaveSetting(setting::FollowSystemDate, follow);
+    if (!date.isValid()) {
+        EXPECT_FAULT(Fault::TypeMismatch, InitCurrentDate());
+        return;
+    }
+    RestartSession();
+    QCOMPARE(session::CurrentDate, date);
+    QCOMPARE(GetSetting(setting::WorkingDate, {}), stored);
+}
+
+void StartupTest::anImagesFolderThatIsThereDoesNoHarm()
+{
+    StartFolder start;
+    QVERIFY(QDir(start.path({})).mkdir(u"images"_s));
+    start.write(u"images/coat.jpg"_s, "cloth");
+    MakeImagesFolder();
+    QCOMPARE(start.content(u"images/coat.jpg"_s), "cloth"_ba);
+    session::ProgramFolder = start.path(u"images/coat.jpg"_s);
+    MakeImagesFolder();
+    QCOMPARE(start.content(u"images/coat.jpg"_s), "cloth"_ba);
+}
+
+CORVANE_TEST(StartupTest)
+#include "tst_startup.moc"
