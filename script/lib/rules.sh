@@ -1,0 +1,88 @@
+# Sourced by script/lint: the house rules that a search can see. Each rule prints the lines that break it.
+
+# shellcheck shell=bash
+
+# The floors from the ground up; those on one line may not be told apart by height. An include goes to the own floor or down.
+floors=(
+    "base"
+    "store"
+    "devices ui"
+    "reports"
+    "masters jobcards production accounts comms"
+    "app"
+    "main"
+)
+
+# Who may catch a failure, and why.
+catchers=(
+    src/store/Connection.cpp      # a write group commits what was written before the failure, and passes it on
+    src/store/schema.cpp          # the creation of a database ends silently
+    src/ui/Application.cpp        # the error report that ends the process
+    src/app/startup.cpp           # a database that cannot be opened is shown, and another one offered
+    src/app/frmMain.cpp           # a wallpaper that cannot be shown is left out
+)
+
+# found PATTERN PATH..: the matching lines, none being no fault.
+found()
+{
+    local pattern=$1
+    shift
+    grep -rnE --include='*.cpp' --include='*.h' -e "$pattern" -- "$@" || (($? == 1))
+}
+
+not_in()
+{
+    local file exceptions=()
+    for file in "$@"; do
+        exceptions+=(-e "^${file//./\\.}:")
+    done
+    grep -v "${exceptions[@]}" || (($? == 1))
+}
+
+raw_message_boxes() { found 'QMessageBox|QErrorMessage' src | not_in src/ui/platformBox.cpp src/ui/platformBox.h; }
+debug_output() { found 'qDebug|std::c(out|err)|[^a-z]printf\(' src; }
+stray_catches() { found '\bcatch \(' src | not_in "${catchers[@]}"; }
+graphics_below() { found '#include <Qt[A-Za-z]+/' src/base src/store | grep -v '<QtCore/' || (($? == 1)); }
+# Written so that this file does not match itself.
+unfinished_marks() { grep -rnE 'T[O]DO|F[I]XME|X[X]X|H[A]CK|Q[S]KIP' src tests demo bench script docs .ci ./*.md || (($? == 1)); }
+
+# Lines "file including-floor included-floor included-file" for every include between our own files.
+own_includes()
+{
+    found '#include "' src | sed -nE 's|^src/(([^/]+)/[^:]+):[0-9]+:#include "(([^/"]+)/[^"]+)".*|\1 \2 \4 \3|p'
+}
+
+upward_includes()
+{
+    own_includes | awk -v floors="$(printf '%s\n' "${floors[@]}")" '
+        BEGIN {
+            count = split(floors, line, "\n")
+            for (i = 1; i <= count; ++i) {
+                names = split(line[i], name, " ")
+                for (j = 1; j <= names; ++j)
+                    height[name[j]] = i
+            }
+        }
+        !($2 in height) { print "src/" $1 ": no floor is named " $2; next }
+        !($3 in height) { print "src/" $1 ": no floor is named " $3 " (" $4 ")"; next }
+        $2 == "devices" && $3 == "ui" || $2 == "ui" && $3 == "devices" || height[$3] > height[$2] {
+            print "src/" $1 " includes " $4
+        }'
+}
+
+# A class in x.h and x.cpp is one file here, since x.cpp includes what it likes and nothing includes it.
+include_loops()
+{
+    own_includes | awk '{ print $1, $4 }' | { tsort >/dev/null || true; } 2>&1
+}
+
+check_rules()
+{
+    check "message boxes are raised through ui/platformBox only" raw_message_boxes
+    check "the program prints nothing for debugging" debug_output
+    check "failures are caught in the agreed places only (script/lib/rules.sh)" stray_catches
+    check "base and store use QtCore only" graphics_below
+    check "includes go down the floors" upward_includes
+    check "files do not include each other in a loop" include_loops
+    check "nothing is marked as unfinished" unfinished_marks
+}
