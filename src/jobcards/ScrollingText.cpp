@@ -28,6 +28,7 @@ ScrollingText::ScrollingText(const QString &labelName, QWidget *parent) : QWidge
     band.setColor(QPalette::WindowText, Qt::white);
     setPalette(band);
     setAutoFillBackground(true);
+    m_label->setPalette(band);
     setFixedHeight(m_label->fontMetrics().height() + 12);
     m_label->move(8, 6);
     m_timer.setInterval(stepMilliseconds);

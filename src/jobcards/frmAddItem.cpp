@@ -304,7 +304,10 @@ void frmAddItem::itemConfirmed()
     SelectComboEntry(*cmbItems);
     ItemDetails1->ClearList();
     itemChosen();
-    ItemDetails1->SetFocusToList();
+    if (ItemDetails1->count() > 0)
+        ItemDetails1->SetFocusToList();
+    else
+        txtQnt->setFocus(Qt::TabFocusReason);
 }
 
 void frmAddItem::LoadLastConfig(int ItemID, int ClientID)
@@ -382,6 +385,7 @@ void frmAddItem::cleanForm()
 void frmAddItem::chooseColor()
 {
     const QColor chosen = QColorDialog::getColor(colorOf(m_color), this);
+    activateWindow();
     if (chosen.isValid() && numberOf(chosen) > 0)
         showColor(numberOf(chosen));
 }

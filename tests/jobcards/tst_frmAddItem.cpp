@@ -261,7 +261,7 @@ void AddItemTest::anOpenedRowShowsAndTakesItsValues()
     QCOMPARE(rows.ItemName(2), u"Shirt"_s);
     QCOMPARE(rows.ItemID(2), qint16(2));
     QCOMPARE(rows.Amount(2), 600.0);
-    QCOMPARE(rows.Remarks(2), u"Fine Silk"_s);
+    QCOMPARE(rows.Remarks(2), u"fine Silk"_s);
     QCOMPARE(rows.ItemDetails(2), u"Collar"_s);
     QCOMPARE(rows.isInv(2), qint16(0));
     QCOMPARE(rows.Sr(2), qint16(17));
