@@ -4,6 +4,7 @@
 
 #include <QLocale>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -204,14 +205,21 @@ double Val(QStringView text)
 {
     QByteArray number;
     scanNumber(text, number);
-    return number.isEmpty() ? 0.0 : number.toDouble();
+    if (number.isEmpty())
+        return 0;
+    bool fits = false;
+    const double value = number.toDouble(&fits);
+    if (fits)
+        return value;
+    constexpr double largest = std::numeric_limits<double>::max();
+    return number.startsWith('-') ? -largest : largest;
 }
 
 std::optional<double> wholeNumberText(QStringView text)
 {
     const QStringView trimmed = text.trimmed();
     QByteArray number;
-    if (scanNumber(trimmed, number) != trimmed.size() || number.isEmpty())
+    if (scanNumber(trimmed, number) != trimmed.size() || number.size() != trimmed.size())
         return {};
     bool fits = false;
     const double value = number.toDouble(&fits);
@@ -269,8 +277,10 @@ std::optional<QDateTime> readDateTime(QStringView text)
 {
     const QStringView trimmed = text.trimmed();
     auto blank = trimmed.indexOf(u' ');
-    if (blank < 0)
-        blank = trimmed.indexOf(u'T');
+    // The "T" of an ISO moment; elsewhere a "t" belongs to a month's name.
+    constexpr qsizetype isoDateLength = 10;
+    if (blank < 0 && trimmed.size() > isoDateLength && trimmed[4] == u'-' && trimmed[isoDateLength] == u'T')
+        blank = isoDateLength;
     const auto date = readDate(blank < 0 ? trimmed : trimmed.left(blank));
     const auto time = blank < 0 ? std::optional(QTime(0, 0)) : readTime(trimmed.mid(blank + 1).trimmed());
     if (!date || !time)

@@ -8,7 +8,8 @@
 /// Every text form of numbers and dates in the program. Nothing else formats or parses one.
 
 /// The number that a text begins with: blanks inside it are skipped, it stops at the first other character, an exponent
-/// may be written with E or D. A text that begins with no number has the value 0; nothing is an error.
+/// may be written with E or D. A text that begins with no number has the value 0; one beyond all bounds has the
+/// largest there is; nothing is an error.
 [[nodiscard]] double Val(QStringView text);
 
 /// The number that a text is as a whole, blanks around it allowed; none for anything else. What a number column

@@ -47,6 +47,32 @@ void JobCardStore::openSaved(int jobID)
     m_saved = true;
 }
 
+void JobCardStore::readRows(clsJobCardData &rows) const
+{
+    Recordset &records = DE().rsJOBS_DETAIL;
+    records.reopen(
+        u"Select * from jobs_detail where JOBID="_s + QString::number(m_currentJobID) + u" Order by ItemSr"_s);
+    for (; !records.eof(); records.moveNext()) {
+        JobCardRow row;
+        row.Sr = Int16(records.integer(u"ID"));
+        row.ItemID = Int16(records.integer(u"ItemID"));
+        row.ItemName = records.text(u"ItemName");
+        row.isInv = Int16(records.integer(u"isInventory"));
+        row.Qty = Int16(records.integer(u"QNT"));
+        row.Fees = records.number(u"FEES");
+        row.Amount = records.number(u"Amount");
+        row.Remarks = records.text(u"Remarks");
+        row.ItemDetails = records.text(u"ItemDetails");
+        row.ItemDetailsValue = records.text(u"ItemDetailsValue");
+        row.img1 = records.textOrEmpty(u"img1");
+        row.img2 = records.textOrEmpty(u"img2");
+        row.Color = records.textOrEmpty(u"Color");
+        row.ClientRemarks = records.text(u"ClientRemarks");
+        rows.AddNewRow(row);
+    }
+    records.close();
+}
+
 qint32 JobCardStore::GetNewNum()
 {
     Recordset &jobs = DE().rsJobs2;

@@ -41,6 +41,10 @@ public:
     [[nodiscard]] QString EditMode() const { return m_saved ? QStringLiteral("E") : QStringLiteral("N"); }
     [[nodiscard]] qint32 CurrentJobID() const { return m_currentJobID; }
 
+    /// Appends the saved rows of this card to `rows`, in their order. What concerns production and wages stays empty:
+    /// no save writes it back.
+    void readRows(clsJobCardData &rows) const;
+
     /// The next job number: one more than the highest, or the start number of the settings where there is no card yet.
     [[nodiscard]] static qint32 GetNewNum();
 
@@ -61,6 +65,7 @@ public:
 
     /// Notes that the row with that number, 0 for one never saved, was taken off the card.
     void noteRemovedRow(int rowID);
+    [[nodiscard]] bool hasRemovedRows() const { return !m_removedRowIDs.isEmpty(); }
     void forgetRemovedRows() { m_removedRowIDs.clear(); }
 
 private:

@@ -6,6 +6,7 @@
 #include "jobcards/ItemDetails.h"
 #include "jobcards/PictureBox.h"
 #include "jobcards/clsJobCardData.h"
+#include "jobcards/entryFilters.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
@@ -20,9 +21,11 @@
 #include <QColorDialog>
 #include <QFile>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QRadioButton>
 
+#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -31,8 +34,6 @@ namespace {
 
 constexpr int plainText = 2;
 constexpr int largestQuantity = std::numeric_limits<qint16>::max();
-/// Far above any bill, and safely inside what money columns and their sums hold.
-constexpr double largestAmount = 1e9;
 const QString lineEnd = u"\r\n"_s;
 
 /// The lines of a measurement text; an empty text has none.
@@ -72,6 +73,7 @@ frmAddItem::frmAddItem() : Screen(u"frmAddItem"_s, u"Item"_s)
     showColor(numberOf(Qt::white));
     setEntryKeys(EnterMovesOn);
     keepEnter(cmbItems);
+    keepEnter(Command1);
 }
 
 void frmAddItem::buildForm()
@@ -197,11 +199,8 @@ QLayout *frmAddItem::buildImage(
 
 void frmAddItem::connectCommands()
 {
-    const auto filter = [this](kvTextBox *box, const std::function<int(int)> &accept) {
-        connect(box, &kvTextBox::keyPress, this, [accept](int &key) { key = accept(key); });
-    };
-    filter(txtQnt, [](int key) { return DigitKeysOnly(key); });
-    filter(txtFees, [this](int key) { return DecimalKeysOnly(txtFees->Text(), key); });
+    filterKeys(txtQnt, DigitKeysOnly);
+    filterKeys(txtFees, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtFees), key); });
 
     connect(cmbItems, &kvComboBox::gotFocus, this, [this] { SelectComboEntry(*cmbItems); });
     connect(cmbItems, &QComboBox::activated, this, [this] { itemChosen(); });
@@ -239,7 +238,8 @@ void frmAddItem::connectCommands()
 
 bool frmAddItem::keyPreview(QKeyEvent *event)
 {
-    if (!txtClientRemark->hasFocus())
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || !txtClientRemark->hasFocus())
         m_enterBefore = false;
     return Screen::keyPreview(event);
 }
@@ -281,7 +281,8 @@ void frmAddItem::EditItemDetails(clsJobCardData &Rows, int ClientID, int Index, 
     cmbItems->setText(Rows.ItemName(Index));
     txtClientRemark->setText(Rows.ClientRemarks(Index));
     opIsInv->setChecked(Rows.isInv(Index) != 0);
-    cmbItems->setFocus();
+    // Not on the item: Enter there would bring the last order's values over this row's.
+    focusMeasurements();
     exec();
     Cancelled = ItemCancelled;
 }
@@ -301,9 +302,15 @@ void frmAddItem::itemConfirmed()
         reject();
         return;
     }
-    SelectComboEntry(*cmbItems);
+    if (SelectComboEntry(*cmbItems) < 0)
+        return complain(u"Please Select Item!"_s, cmbItems);
     ItemDetails1->ClearList();
     itemChosen();
+    focusMeasurements();
+}
+
+void frmAddItem::focusMeasurements()
+{
     if (ItemDetails1->count() > 0)
         ItemDetails1->SetFocusToList();
     else
@@ -441,9 +448,9 @@ void frmAddItem::confirm()
         return complain(u"Please Enter Fees!"_s, txtFees);
     if (quantity == 0)
         return complain(u"Please Enter Quantity!"_s, txtQnt);
-    if (quantity > largestQuantity)
-        return complain(u"Quantity can not be above %1!"_s.arg(largestQuantity), txtQnt);
-    if (fees * quantity > largestAmount)
+    if (std::abs(quantity) > largestQuantity || quantity != std::floor(quantity))
+        return complain(u"Quantity must be a whole number up to %1!"_s.arg(largestQuantity), txtQnt);
+    if (std::abs(fees) > largestAmount || std::abs(fees * quantity) > largestAmount)
         return complain(u"Fees are too high!"_s, txtFees);
 
     JobCardRow row;

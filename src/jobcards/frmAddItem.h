@@ -51,6 +51,7 @@ private:
     void connectCommands();
     void itemChosen();
     void itemConfirmed();
+    void focusMeasurements();
     void cleanForm();
     void chooseColor();
     void showColor(double number);

@@ -3,6 +3,8 @@
 #include "base/session.h"
 #include "base/values.h"
 #include "jobcards/ScrollingText.h"
+#include "jobcards/clientGreeting.h"
+#include "jobcards/entryFilters.h"
 #include "jobcards/frmAddItem.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
@@ -23,6 +25,7 @@
 #include <QLabel>
 #include <QPalette>
 
+#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -31,7 +34,7 @@ namespace {
 
 constexpr int plainText = 2;
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
-enum Column { ItemColumn, RemarkColumn, QuantityColumn, FeesColumn, AmountColumn };
+constexpr int itemColumn = 0;
 enum Appeared { NotAppeared = 0, DidAppear = 1, TrialCancelled = 2 };
 
 QLabel *fieldLabel(const QString &caption)
@@ -54,12 +57,6 @@ kvTextBox *amountBox(const QString &name, bool shownOnly)
         box->setPalette(quiet);
     }
     return box;
-}
-
-/// What the client owes or has to his credit, as the greeting says it. A credit keeps its minus sign.
-QString balanceText(double balance)
-{
-    return Money(-balance) + (balance < 0 ? u" Dr"_s : u" Cr"_s);
 }
 
 } // namespace
@@ -245,9 +242,8 @@ void frmEditJOB::setTabs()
 
 void frmEditJOB::connectCommands()
 {
-    connect(txtJOBID, &kvTextBox::keyPress, this, [](int &key) { key = DigitKeysOnly(key); });
-    connect(txtAmountPaid, &kvTextBox::keyPress, this,
-        [this](int &key) { key = DecimalKeysOnly(txtAmountPaid->Text(), key); });
+    filterKeys(txtJOBID, DigitKeysOnly);
+    filterKeys(txtAmountPaid, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtAmountPaid), key); });
     connect(cmbClient, &kvComboBox::lostFocus, this, &frmEditJOB::greetClient);
     connect(txtAmountPaid, &kvTextBox::lostFocus, this, &frmEditJOB::leaveReceived);
     connect(lvItems, &ListView::opened, this, &frmEditJOB::openRow);
@@ -363,7 +359,7 @@ void frmEditJOB::load(int jobID)
     showTrialNote(job.integer(u"appeared"), job.isNull(u"appearedDate") ? QDate() : job.date(u"appearedDate"));
     job.close();
 
-    loadRows(jobID);
+    loadRows();
     showAmountDue();
 }
 
@@ -377,37 +373,22 @@ void frmEditJOB::showTrialNote(int appeared, const QDate &appearedDate)
         lblTrialInfo->setText(u"Trial Canceled"_s);
 }
 
-void frmEditJOB::loadRows(int jobID)
+void frmEditJOB::loadRows()
 {
-    Recordset &records = DE().rsJOBS_DETAIL;
-    records.reopen(u"Select * from jobs_detail where JOBID="_s + QString::number(jobID) + u" Order by ItemSr"_s);
-    for (; !records.eof(); records.moveNext()) {
-        JobCardRow row;
-        row.Sr = Int16(records.integer(u"ID"));
-        row.ItemID = Int16(records.integer(u"ItemID"));
-        // As the item is called now, which need not be what it was called when the row was written.
-        row.ItemName = GetItemName(row.ItemID);
-        row.isInv = Int16(records.integer(u"isInventory"));
-        row.Qty = Int16(records.integer(u"QNT"));
-        row.Fees = records.number(u"FEES");
-        row.Amount = records.number(u"Amount");
-        row.Remarks = records.text(u"Remarks");
-        row.ItemDetails = records.text(u"ItemDetails");
-        row.ItemDetailsValue = records.text(u"ItemDetailsValue");
-        row.img1 = records.textOrEmpty(u"img1");
-        row.img2 = records.textOrEmpty(u"img2");
-        row.Color = records.textOrEmpty(u"Color");
-        row.ClientRemarks = records.text(u"ClientRemarks");
-        JobRows.AddNewRow(row);
-        showRow(lvItems->list().rowCount(), JobRows.RowCount());
+    m_store.readRows(JobRows);
+    for (int i = 1; i <= JobRows.RowCount(); ++i) {
+        showRow(i - 1, i);
+        // As the item is called now; the row keeps the name that it was booked under.
+        lvItems->list().setCell(i - 1, itemColumn, GetItemName(JobRows.ItemID(i)));
     }
-    records.close();
     lvItems->setCurrentRow(0);
 }
 
 void frmEditJOB::showRow(int listRow, int index)
 {
     ListRow row;
+    // The list shows money in two decimals; the total is that of the amounts themselves.
+    row.tag = JobRows.Amount(index);
     row.cells = {JobRows.ItemName(index), JobRows.Remarks(index), QString::number(JobRows.Qty(index)),
         Money(JobRows.Fees(index)), Money(JobRows.Amount(index))};
     if (listRow < lvItems->list().rowCount())
@@ -423,16 +404,14 @@ void frmEditJOB::DoTotal()
         return;
     Currency total;
     for (int row = 0; row < rows.rowCount(); ++row)
-        total += Currency::fromDouble(Val(rows.cell(row, AmountColumn)));
+        total += Currency::fromDouble(rows.tag(row).toDouble());
     txtAmountDue->setText(Money(total.toDouble()));
     showAmountDue();
 }
 
 void frmEditJOB::showAmountDue()
 {
-    const Currency due =
-        Currency::fromDouble(Val(txtAmountDue->Text())) - Currency::fromDouble(Val(txtAmountPaid->Text()));
-    txtAmount->setText(Money(due.toDouble()));
+    txtAmount->setText(Money(Val(txtAmountDue->Text()) - Val(txtAmountPaid->Text())));
 }
 
 void frmEditJOB::leaveReceived()
@@ -446,33 +425,15 @@ void frmEditJOB::greetClient()
 {
     if (SelectComboEntry(*cmbClient) < 0)
         return;
-    const QString title = cmbClient->Text();
-    const int ClientID = GetAccountID(title);
-    Recordset &jobs = DE().rsJobs2;
-    jobs.reopen(u"Select * from Jobs where ClintID="_s + QString::number(ClientID));
-    if (jobs.eof()) {
-        jobs.close();
-        m_greeting->setText(u"Welcome "_s + title);
-        return;
-    }
-    jobs.moveLast();
-    const QDate visit = jobs.date(u"DATE");
-    const QString jobNumber = QString::number(jobs.integer(u"ID"));
-    jobs.close();
-    const double balance = GetAccountBalance(ClientID, session::CurrentDate);
-    QString text = u"Welcome back "_s + title + u", Your previous visit was: "_s + DayMonthYear(visit) + u"  ("_s
-        + DateDiffText(visit, session::CurrentDate, false, true);
-    if (balance == 0)
-        text += u"  ago )  , Job # "_s + jobNumber;
-    else
-        text += u"  ago ) , Job # "_s + jobNumber + u" , Due Balance : "_s + balanceText(balance);
-    m_greeting->setText(text);
-    m_greeting->restart();
+    const ClientGreeting greeting = greetingOf(cmbClient->Text());
+    m_greeting->setText(greeting.text);
+    if (greeting.returning)
+        m_greeting->restart();
 }
 
 void frmEditJOB::addRow()
 {
-    if (cmbClient->Text().isEmpty())
+    if (SelectComboEntry(*cmbClient) < 0)
         return complain(u"Please Select Client!"_s, cmbClient);
     const int ClientID = GetAccountID(cmbClient->Text());
     bool cancelled = true;
@@ -506,6 +467,8 @@ void frmEditJOB::removeRow()
     const int row = lvItems->currentRow();
     if (row < 0)
         return;
+    if (m_store.EditMode() == u"E" && m_store.hasRemovedRows())
+        return ShowMessage(u"Please Save the Job Card before removing another Item!"_s);
     m_store.noteRemovedRow(JobRows.Sr(row + 1));
     JobRows.RemoveRow(row + 1);
     lvItems->list().removeRow(row);
@@ -551,18 +514,19 @@ JobCard frmEditJOB::collect() const
 
 void frmEditJOB::save()
 {
-    if (cmbClient->Text().isEmpty())
+    if (SelectComboEntry(*cmbClient) < 0)
         return complain(u"Please Select Client!"_s, cmbClient);
     if (lvItems->list().rowCount() == 0)
         return complain(u"Please Add Item!"_s, Command4);
     if (txtAmountPaid->Text().isEmpty())
         txtAmountPaid->setText(u"0"_s);
-    if (!wholeNumberText(txtAmountPaid->Text()))
-        return complain(u"Amount Received is not a number!"_s, txtAmountPaid);
+    const auto received = wholeNumberText(txtAmountPaid->Text());
+    if (!received || std::abs(*received) > largestAmount)
+        return complain(u"Amount Received is not a valid amount!"_s, txtAmountPaid);
     if (Val(txtAmountPaid->Text()) > 0 && SelectComboEntry(*cmbAccount) < 0)
         return complain(u"Please Select Receipt Account!"_s, cmbAccount);
     const double number = Val(txtJOBID->Text());
-    if (number < 1 || number > largestJobNumber)
+    if (number < 1 || number > largestJobNumber || number != std::floor(number))
         return complain(u"Job ID must be a number from 1 to %1!"_s.arg(largestJobNumber), txtJOBID);
     if (m_store.isDuplicate(txtJOBID->Text()))
         return complain(u"Duplicate Job ID!"_s, txtJOBID);

@@ -45,7 +45,7 @@ private:
 
     void prepareNew();
     void load(int jobID);
-    void loadRows(int jobID);
+    void loadRows();
     void showTrialNote(int appeared, const QDate &appearedDate);
     void allowManualNumber();
     void showCards();

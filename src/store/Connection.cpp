@@ -253,6 +253,8 @@ void Connection::close()
     for (sqlite3_stmt *statement : std::as_const(m_statements))
         sqlite3_finalize(statement);
     m_statements.clear();
+    if (m_groupDepth > 0 && isOpen())
+        sqlite3_exec(m_database, "commit", nullptr, nullptr, nullptr);
     sqlite3_close_v2(m_database);
     m_database = nullptr;
     m_groupDepth = 0;
@@ -355,14 +357,22 @@ void WriteGroup::run(Connection &connection, const std::function<void()> &body)
         connection.run("begin immediate", {}, u"begin"_s);
     ++connection.m_groupDepth;
     const auto leave = [&] {
+        if (!connection.isOpen())
+            return;
         --connection.m_groupDepth;
+        connection.m_writeStamp = nextStamp();
         // The engine gives a group up by itself when the disk fails under it; then there is nothing left to commit.
-        if (outermost && !sqlite3_get_autocommit(connection.m_database))
-            connection.run("commit", {}, u"commit"_s);
+        if (!outermost || sqlite3_get_autocommit(connection.m_database))
+            return;
+        // A group that could not be committed must not stay open: later writes would fall into it and be lost with it.
+        auto giveUp =
+            qScopeGuard([&connection] { sqlite3_exec(connection.m_database, "rollback", nullptr, nullptr, nullptr); });
+        connection.run("commit", {}, u"commit"_s);
+        giveUp.dismiss();
     };
     try {
         body();
-    } catch (const RuntimeError &) {
+    } catch (...) {
         leave();
         throw;
     }

@@ -4,6 +4,8 @@
 #include "store/Connection.h"
 #include "store/shape.h"
 
+#include <QScopeGuard>
+
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -27,23 +29,23 @@ QString relationKey(const Value &value)
 }
 
 /// A value as its column keeps it.
-Value converted(const Value &value, RowSet::Type type)
+Value converted(const Value &value, const RowSet::Column &column)
 {
     if (value.isNull())
         return value;
-    switch (type) {
+    switch (column.type) {
     case RowSet::Type::Any: return value;
-    case RowSet::Type::Integer: return value.toInt();
-    case RowSet::Type::Floating: return value.toDouble();
+    case RowSet::Type::Integer: return value.toInt(column.name);
+    case RowSet::Type::Floating: return value.toDouble(column.name);
     case RowSet::Type::Money: {
-        const Currency amount = value.toCurrency();
+        const Currency amount = value.toCurrency(column.name);
         // The file keeps money as decimal numbers; one that would lose its last decimals is refused, not rounded.
         if (Currency::fromDouble(amount.toDouble()) != amount)
-            throw RuntimeError(Fault::Overflow);
+            throw RuntimeError(Fault::Overflow, column.name);
         return amount;
     }
-    case RowSet::Type::Text: return value.toText();
-    case RowSet::Type::Date: return value.toDateTime();
+    case RowSet::Type::Text: return value.toText(column.name);
+    case RowSet::Type::Date: return value.toDateTime(column.name);
     }
     return value;
 }
@@ -112,6 +114,7 @@ void Recordset::show(std::shared_ptr<RowSet> rows, std::vector<int> order)
 
 void Recordset::openShaped(const QString &statement)
 {
+    auto closeOnFailure = qScopeGuard([this] { close(); });
     const auto parsed = shape::parse(statement);
     if (!parsed)
         throw RuntimeError(Fault::Syntax, statement);
@@ -134,6 +137,7 @@ void Recordset::openShaped(const QString &statement)
             children.push_back(std::move(child));
         }
         m_children = std::move(children);
+        closeOnFailure.dismiss();
         return;
     }
     Recordset all(m_connection);
@@ -179,6 +183,7 @@ void Recordset::openShaped(const QString &statement)
     std::iota(order.begin(), order.end(), 0);
     show(std::move(groups), std::move(order));
     m_children.push_back(std::move(child));
+    closeOnFailure.dismiss();
 }
 
 Recordset &Recordset::child(QStringView name)
@@ -192,7 +197,10 @@ Recordset &Recordset::child(QStringView name)
     if (!found->current || found->currentParent != m_current) {
         found->current = std::make_unique<Recordset>(m_connection);
         found->current->m_statement = m_statement;
-        found->current->show(found->rows, found->rowsOfParent.at(static_cast<size_t>(parent)));
+        // A row that was added since has no children yet.
+        const bool known = parent < static_cast<int>(found->rowsOfParent.size());
+        found->current->show(
+            found->rows, known ? found->rowsOfParent[static_cast<size_t>(parent)] : std::vector<int>());
         found->currentParent = m_current;
     }
     return *found->current;
@@ -292,7 +300,7 @@ auto Recordset::readField(QStringView name, Reader reader) const
 
 QString Recordset::text(QStringView name) const
 {
-    return readField(name, [](const Value &value) { return value.toText(); });
+    return readField(name, [name](const Value &value) { return value.toText(name); });
 }
 
 QString Recordset::textOrEmpty(QStringView name) const
@@ -303,17 +311,17 @@ QString Recordset::textOrEmpty(QStringView name) const
 
 qint32 Recordset::integer(QStringView name) const
 {
-    return readField(name, [](const Value &value) { return value.toInt(); });
+    return readField(name, [name](const Value &value) { return value.toInt(name); });
 }
 
 double Recordset::number(QStringView name) const
 {
-    return readField(name, [](const Value &value) { return value.toDouble(); });
+    return readField(name, [name](const Value &value) { return value.toDouble(name); });
 }
 
 QDate Recordset::date(QStringView name) const
 {
-    return readField(name, [](const Value &value) { return value.toDate(); });
+    return readField(name, [name](const Value &value) { return value.toDate(name); });
 }
 
 void Recordset::set(QStringView name, const Value &value)
@@ -322,7 +330,7 @@ void Recordset::set(QStringView name, const Value &value)
     const int row = currentRow();
     if (m_rows->table().isEmpty())
         throw RuntimeError(Fault::Engine, u"These rows cannot be written back."_s, m_statement);
-    m_pending[row].values.insert_or_assign(index, converted(value, m_rows->columns()[static_cast<size_t>(index)].type));
+    m_pending[row].values.insert_or_assign(index, converted(value, m_rows->columns()[static_cast<size_t>(index)]));
 }
 
 void Recordset::addNew()

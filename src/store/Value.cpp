@@ -3,21 +3,37 @@
 #include "base/RuntimeError.h"
 #include "base/values.h"
 
+#include <cmath>
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void mismatch(const QString &what)
+[[noreturn]] void mismatch(const QString &what, QStringView field)
 {
-    throw RuntimeError(Fault::TypeMismatch, what);
+    throw RuntimeError(Fault::TypeMismatch, what, field.toString());
 }
 
-double numberOf(const QString &text)
+[[noreturn]] void nullUsed(QStringView field)
+{
+    throw RuntimeError(Fault::InvalidUseOfNull, field.toString());
+}
+
+double numberOf(const QString &text, QStringView field)
 {
     const auto number = wholeNumberText(text);
     if (!number)
-        mismatch(u"\"%1\" is not a number"_s.arg(text));
+        mismatch(u"\"%1\" is not a number"_s.arg(text), field);
     return *number;
+}
+
+/// Throws Overflow with the field's name for what `limit` does not hold.
+double within(double number, double limit, QStringView field)
+{
+    if (!(std::fabs(number) <= limit))
+        throw RuntimeError(Fault::Overflow, field.toString());
+    return number;
 }
 
 /// One function for each kind that a value can have.
@@ -28,11 +44,6 @@ struct Choice : Readers... {
 template <typename... Readers>
 Choice(Readers...) -> Choice<Readers...>;
 
-[[noreturn]] void nullUsed()
-{
-    throw RuntimeError(Fault::InvalidUseOfNull);
-}
-
 } // namespace
 
 Value::Value(QDate date)
@@ -41,47 +52,51 @@ Value::Value(QDate date)
         m_data = QDateTime(date, QTime(0, 0), Qt::UTC);
 }
 
-qint64 Value::toInt64() const
+Value::Value(const QDateTime &moment)
+{
+    const QTime time = moment.time();
+    if (moment.isValid())
+        m_data = QDateTime(moment.date(), QTime(time.hour(), time.minute(), time.second()), Qt::UTC);
+}
+
+qint64 Value::toInt64(QStringView field) const
 {
     if (const auto *whole = std::get_if<qint64>(&m_data))
         return *whole;
-    return Int32(toDouble());
+    return toInt(field);
 }
 
-qint32 Value::toInt() const
+qint32 Value::toInt(QStringView field) const
 {
-    if (const auto *whole = std::get_if<qint64>(&m_data)) {
-        if (*whole != static_cast<qint32>(*whole))
-            throw RuntimeError(Fault::Overflow);
-        return static_cast<qint32>(*whole);
-    }
-    return Int32(toDouble());
+    constexpr double largest = std::numeric_limits<qint32>::max();
+    return Int32(within(toDouble(field), largest, field));
 }
 
-double Value::toDouble() const
+double Value::toDouble(QStringView field) const
 {
     return std::visit(Choice{
-                          [](std::monostate) -> double { nullUsed(); },
+                          [field](std::monostate) -> double { nullUsed(field); },
                           [](qint64 number) { return static_cast<double>(number); },
                           [](double number) { return number; },
                           [](Currency amount) { return amount.toDouble(); },
-                          [](const QString &text) { return numberOf(text); },
-                          [](const QDateTime &moment) -> double { mismatch(moment.toString(Qt::ISODate)); },
+                          [field](const QString &text) { return numberOf(text, field); },
+                          [field](const QDateTime &moment) -> double { mismatch(moment.toString(Qt::ISODate), field); },
                       },
         m_data);
 }
 
-Currency Value::toCurrency() const
+Currency Value::toCurrency(QStringView field) const
 {
+    constexpr double largest = 922337203685477;
     if (const auto *amount = std::get_if<Currency>(&m_data))
         return *amount;
-    return Currency::fromDouble(toDouble());
+    return Currency::fromDouble(within(toDouble(field), largest, field));
 }
 
-QString Value::toText() const
+QString Value::toText(QStringView field) const
 {
     return std::visit(Choice{
-                          [](std::monostate) -> QString { nullUsed(); },
+                          [field](std::monostate) -> QString { nullUsed(field); },
                           [](qint64 number) { return QString::number(number); },
                           [](double number) { return NumberText(number); },
                           [](Currency amount) { return NumberText(amount.toDouble()); },
@@ -91,23 +106,23 @@ QString Value::toText() const
         m_data);
 }
 
-QDateTime Value::toDateTime() const
+QDateTime Value::toDateTime(QStringView field) const
 {
     return std::visit(Choice{
-                          [](std::monostate) -> QDateTime { nullUsed(); },
+                          [field](std::monostate) -> QDateTime { nullUsed(field); },
                           [](const QDateTime &moment) { return moment; },
-                          [](const QString &text) {
+                          [field](const QString &text) {
                               const auto moment = readDateTime(text);
                               if (!moment)
-                                  mismatch(u"\"%1\" is not a date"_s.arg(text));
+                                  mismatch(u"\"%1\" is not a date"_s.arg(text), field);
                               return *moment;
                           },
-                          [](const auto &) -> QDateTime { mismatch(u"A number is not a date"_s); },
+                          [field](const auto &) -> QDateTime { mismatch(u"A number is not a date"_s, field); },
                       },
         m_data);
 }
 
-QDate Value::toDate() const
+QDate Value::toDate(QStringView field) const
 {
-    return toDateTime().date();
+    return toDateTime(field).date();
 }

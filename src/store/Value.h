@@ -9,7 +9,8 @@
 
 /// A value of the database: Null, a whole number, a floating number, money, text, or a date with an optional time of
 /// day. Dates carry no time zone. The readers convert where nothing is lost in sense (a number text into a number, a
-/// number into a text) and throw RuntimeError otherwise: InvalidUseOfNull for Null, TypeMismatch, Overflow.
+/// number into a text) and throw RuntimeError otherwise, with `field` as its source: InvalidUseOfNull for Null,
+/// TypeMismatch, Overflow.
 class Value {
 public:
     Value() = default;
@@ -19,19 +20,20 @@ public:
     Value(Currency amount) : m_data(amount) { }
     Value(const QString &text) : m_data(text) { }
     Value(QDate date);
-    Value(const QDateTime &moment) : m_data(moment) { }
+    /// To the second. An invalid moment is Null, as an invalid date is.
+    Value(const QDateTime &moment);
     Value(bool) = delete;
     Value(const char *) = delete;
 
     [[nodiscard]] bool isNull() const { return std::holds_alternative<std::monostate>(m_data); }
 
-    [[nodiscard]] qint32 toInt() const;
-    [[nodiscard]] qint64 toInt64() const;
-    [[nodiscard]] double toDouble() const;
-    [[nodiscard]] Currency toCurrency() const;
-    [[nodiscard]] QString toText() const;
-    [[nodiscard]] QDate toDate() const;
-    [[nodiscard]] QDateTime toDateTime() const;
+    [[nodiscard]] qint32 toInt(QStringView field = {}) const;
+    [[nodiscard]] qint64 toInt64(QStringView field = {}) const;
+    [[nodiscard]] double toDouble(QStringView field = {}) const;
+    [[nodiscard]] Currency toCurrency(QStringView field = {}) const;
+    [[nodiscard]] QString toText(QStringView field = {}) const;
+    [[nodiscard]] QDate toDate(QStringView field = {}) const;
+    [[nodiscard]] QDateTime toDateTime(QStringView field = {}) const;
 
     using Data = std::variant<std::monostate, qint64, double, Currency, QString, QDateTime>;
     [[nodiscard]] const Data &data() const { return m_data; }

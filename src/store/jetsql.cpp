@@ -216,7 +216,8 @@ Translation translate(QStringView statement)
         const bool literal =
             token.kind == Kind::Text || token.kind == Kind::Date || (token.kind == Kind::Number && !columnNumbers);
         if (literal) {
-            result.sql += '?';
+            // Our own columns compare without regard to case by themselves; those of a foreign file do not.
+            result.sql += token.kind == Kind::Text ? "? collate FOLDED" : "?";
             result.values.push_back(token.value);
         } else {
             result.sql += token.source.toUtf8();

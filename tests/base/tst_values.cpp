@@ -49,6 +49,7 @@ void ValuesTest::numbersAreReadFromTheFrontOfATexts_data()
     row(u"5e+"_s, 5);
     row(u"5e-2x"_s, 0.05);
     row(u"1,000"_s, 1);
+    row(u"-1e999"_s, -std::numeric_limits<double>::max());
 }
 
 void ValuesTest::numbersAreReadFromTheFrontOfATexts()
@@ -121,6 +122,8 @@ void ValuesTest::datesAreReadInEachWrittenForm_data()
     row(u"01-Apr-2011"_s, {2011, 4, 1});
     row(u"1-April-2011"_s, {2011, 4, 1});
     row(u"1-apr-2011"_s, {2011, 4, 1});
+    row(u"01-OCT-2011"_s, {2011, 10, 1});
+    row(u"31-AUGUST-2011"_s, {2011, 8, 31});
     row(u"17-11-1985"_s, {1985, 11, 17});
     row(u"2/3/2012"_s, {2012, 3, 2});
     row(u"2012-02-29"_s, {2012, 2, 29});
@@ -133,6 +136,7 @@ void ValuesTest::datesAreReadInEachWrittenForm()
     QCOMPARE(ParseDate(text), date);
     QCOMPARE(ParseDate(DateText(date)), date);
     QCOMPARE(ParseDate(DayMonthYear(date)), date);
+    QCOMPARE(readDateTime(text).value().date(), date);
 }
 
 void ValuesTest::impossibleDatesAreRefused()
@@ -141,6 +145,7 @@ void ValuesTest::impossibleDatesAreRefused()
         {u"31-02-2011"_s, u"2011"_s, u"1-Foo-2011"_s, u"1-A-2011"_s, u"1-4-11"_s, QString(), u"today"_s})
         QVERIFY_THROWS_EXCEPTION(RuntimeError, (void)ParseDate(text));
     QCOMPARE(readDateTime(u"01-Apr-2011 13:05").value(), QDateTime({2011, 4, 1}, {13, 5}, Qt::UTC));
+    QCOMPARE(readDateTime(u"2011-04-01T13:05:09").value(), QDateTime({2011, 4, 1}, {13, 5, 9}, Qt::UTC));
     QVERIFY(!readDateTime(u"01-Apr-2011 25:05"));
 }
 

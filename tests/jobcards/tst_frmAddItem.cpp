@@ -201,10 +201,20 @@ void AddItemTest::theChecksComeInTheirOrder()
         type(u"4.x"_s);
         QCOMPARE(quantity.text(), u"4"_s);
         quantity.setText(u"32768"_s);
-        refuses(u"Quantity can not be above 32767!"_s, "txtQnt");
+        refuses(u"Quantity must be a whole number up to 32767!"_s, "txtQnt");
         quantity.setText(u"4"_s);
         fees.setText(u"1e300"_s);
         refuses(u"Fees are too high!"_s, "txtFees");
+        quantity.setText(u"-40000"_s);
+        refuses(u"Quantity must be a whole number up to 32767!"_s, "txtQnt");
+        quantity.setText(u"0.4"_s);
+        refuses(u"Quantity must be a whole number up to 32767!"_s, "txtQnt");
+        quantity.setText(u"4"_s);
+        fees.setText(u"150.50"_s);
+        fees.setFocus();
+        fees.selectAll();
+        type(u".75"_s);
+        QCOMPARE(fees.text(), u".75"_s);
         fees.setText(u"12.50"_s);
         accessKey('o');
     });
@@ -250,6 +260,8 @@ void AddItemTest::anOpenedRowShowsAndTakesItsValues()
         QCOMPARE(control<kvTextBox>(editor, "txtRemark").text(), u"Wool"_s);
         QCOMPARE(measurements(editor), QStringList({u"Chest=40"_s, u"Waist=NA"_s}));
         QCOMPARE(note(editor), QString());
+        QVERIFY(editor.findChild<kvTextBox *>(u"txtValue"_s)->hasFocus());
+        control<kvComboBox>(editor, "cmbItems").setFocus();
         type(u"shirt"_s);
         press(Qt::Key_Return);
         control<kvTextBox>(editor, "txtRemark").setFocus();
@@ -283,9 +295,16 @@ void AddItemTest::aSecondEnterInTheNoteGoesToOK()
         QVERIFY(clientNote.hasFocus());
         press(Qt::Key_Return);
         QVERIFY(control<QPushButton>(editor, "Command1").hasFocus());
-        press(Qt::Key_Space);
+        clientNote.setFocus();
+        press(Qt::Key_End, Qt::ControlModifier);
+        press(Qt::Key_Return);
+        press(Qt::Key_Up);
+        press(Qt::Key_Return);
+        QVERIFY(clientNote.hasFocus());
+        press(Qt::Key_Return);
+        press(Qt::Key_Return);
     });
-    QCOMPARE(rows.ClientRemarks(1), u"one\r\ntwo\r\n"_s);
+    QCOMPARE(rows.ClientRemarks(1).count(u"\r\n"_s), 4);
 }
 
 void AddItemTest::inventoryFollowsTheItemAndStaysOnByHand()

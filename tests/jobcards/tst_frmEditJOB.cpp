@@ -44,6 +44,10 @@ private slots:
     void theGreetingTellsVisitAndBalance();
     void removeCopyAndClear();
     void clearedRowsAreSavedAllTheSame();
+    void clearForgetsWhatWasRemoved();
+    void oneSavedRowIsRemovedPerSave();
+    void theTotalIsThatOfTheAmountsThemselves();
+    void aClientThatIsNobodyIsAskedFor();
     void deletingAsksFirst();
     void newOpensAFreshCardAfterThisOne();
     void theReasonPanelOpensAndCloses();
@@ -418,6 +422,80 @@ void EditJobTest::clearedRowsAreSavedAllTheSame()
     QCOMPARE(desk.lines(u"Select AmountDue from JOBS"_s), QStringList{u"300"_s});
 }
 
+void EditJobTest::clearForgetsWhatWasRemoved()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    onCard(script, 1, [&script](QWidget &screen) {
+        control<QPushButton>(screen, "Command5").click();
+        control<QPushButton>(screen, "Command6").click();
+        expectItem(script, u"Coat"_s, u"1"_s);
+        accessKey('a');
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+    });
+    QCOMPARE(desk.lines(u"Select Id from JOBS_DETAIL"_s), QStringList({u"1"_s, u"2"_s}));
+}
+
+void EditJobTest::oneSavedRowIsRemovedPerSave()
+{
+    OrderDesk desk;
+    JobCardStore store;
+    clsJobCardData rows = desk.rows(3);
+    store.SaveNew(desk.card(u"1"_s), rows);
+    ModalScript script;
+    onCard(script, 1, [&script](QWidget &screen) {
+        const auto remove = [&screen] { control<QPushButton>(screen, "Command5").click(); };
+        remove();
+        script.expectMessage(u"Please Save the Job Card before removing another Item!"_s);
+        remove();
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+        remove();
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+        QCOMPARE(text(screen, "txtAmountDue"), u"800.00"_s);
+    });
+    QCOMPARE(desk.lines(u"Select Id, ItemSr from JOBS_DETAIL"_s), QStringList{u"3|1"_s});
+}
+
+void EditJobTest::theTotalIsThatOfTheAmountsThemselves()
+{
+    OrderDesk desk;
+    JobCardStore store;
+    clsJobCardData rows = desk.rows(2);
+    for (int i = 1; i <= 2; ++i)
+        rows.SetAmount(i, 37.035);
+    store.SaveNew(desk.card(u"1"_s), rows);
+    DE().CN.execute(u"update Items set NAME='Overcoat'"_s);
+    ModalScript script;
+    onCard(script, 1, [&script](QWidget &screen) {
+        QCOMPARE(
+            driver::column(control<QAbstractItemView>(screen, "lvItems"), 4), QStringList({u"37.04"_s, u"37.04"_s}));
+        static_cast<frmEditJOB &>(screen).DoTotal();
+        QCOMPARE(text(screen, "txtAmountDue"), u"74.07"_s);
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+    });
+    // The rows keep the name that they were booked under.
+    QCOMPARE(desk.lines(u"Select ItemName from JOBS_DETAIL"_s), QStringList({u"Coat"_s, u"Coat"_s}));
+}
+
+void EditJobTest::aClientThatIsNobodyIsAskedFor()
+{
+    OrderDesk desk;
+    ModalScript script;
+    onCard(script, 0, [&script](QWidget &screen) {
+        control<kvComboBox>(screen, "cmbClient").setText(u"sha Rao"_s);
+        for (const char command : {'a', 's'}) {
+            script.expectMessage(u"Please Select Client!"_s);
+            accessKey(command);
+            QCOMPARE(focused(), u"cmbClient"_s);
+        }
+    });
+}
+
 void EditJobTest::deletingAsksFirst()
 {
     OrderDesk desk;
@@ -521,7 +599,7 @@ void EditJobTest::aNumberBeyondTheRangeIsToldAtTheField()
     SaveSetting(setting::ManualJobNumber, u"1"_s);
     ModalScript script;
     onCard(script, 1, [&script](QWidget &screen) {
-        for (const QString &number : {u"32768"_s, u"0"_s}) {
+        for (const QString &number : {u"32768"_s, u"0"_s, u"1.5"_s}) {
             control<QLineEdit>(screen, "txtJOBID").setText(number);
             script.expectMessage(u"Job ID must be a number from 1 to 32767!"_s);
             accessKey('s');

@@ -25,6 +25,7 @@ private slots:
     void pendingChangesAreDroppedByClose();
     void aBatchWritesEachRow();
     void aFailureInAGroupLeavesTheEarlierWrites();
+    void aGroupThatCannotBeCommittedIsNotLeftOpen();
     void moneyIsExact();
     void sumsAreExact();
     void rowsComeInTheOrderTheyWereAdded();
@@ -168,6 +169,12 @@ void RecordsetTest::textIntoNumbersMustBeNumbers()
     rows.addNew();
     EXPECT_FAULT(Fault::TypeMismatch, rows.set(u"Amount", u"abc"_s));
     EXPECT_FAULT(Fault::TypeMismatch, rows.set(u"Amount", QString()));
+    EXPECT_FAULT(Fault::TypeMismatch, rows.set(u"Amount", u"1 2"_s));
+    try {
+        rows.set(u"AccID", u"abc"_s);
+    } catch (const RuntimeError &error) {
+        QVERIFY2(error.report().contains(u"AccID"), qPrintable(error.report()));
+    }
     EXPECT_FAULT(Fault::TypeMismatch, rows.set(u"AccID", u"A12"_s));
     EXPECT_FAULT(Fault::Overflow, rows.set(u"AccID", 3e9));
     EXPECT_FAULT(Fault::TypeMismatch, rows.set(u"Date", u"31-02-2011"_s));
@@ -221,6 +228,26 @@ void RecordsetTest::aFailureInAGroupLeavesTheEarlierWrites()
     QCOMPARE(rows.recordCount(), 2);
     rows.moveLast();
     QCOMPARE(rows.value(0).toText(), u"Bina"_s);
+}
+
+void RecordsetTest::aGroupThatCannotBeCommittedIsNotLeftOpen()
+{
+    StoreFile file;
+    {
+        Connection reader;
+        reader.open(file.path());
+        Connection::Statement reading(reader, "select * from Accounts", {}, {});
+        QVERIFY(reading.step());
+        EXPECT_FAULT(Fault::Locked, WriteGroup::run(file.connection, [&file] { file.addAccount(u"Asha"_s); }));
+    }
+    QCOMPARE(file.count(u"Accounts"_s), 4);
+    WriteGroup::run(file.connection, [&file] { file.addAccount(u"Bina"_s); });
+    file.addAccount(u"Chand"_s);
+    Connection again;
+    again.open(file.path());
+    Recordset rows(again);
+    rows.open(u"Select * from Accounts"_s);
+    QCOMPARE(rows.recordCount(), 6);
 }
 
 void RecordsetTest::moneyIsExact()
@@ -300,6 +327,7 @@ void RecordsetTest::aParentRowHasItsChildren()
     EXPECT_FAULT(Fault::ItemNotFound,
         accounts.reopen(u"SHAPE {Select * from Accounts} APPEND ({Select * from Postings} "
                         "RELATE Id TO Nowhere) AS a"_s));
+    QVERIFY(!accounts.isOpen());
     EXPECT_FAULT(Fault::Syntax, accounts.reopen(u"SHAPE {Select * from Accounts} APPEND {Select * from Postings}"_s));
 }
 
