@@ -5,6 +5,7 @@
 #include "ui/platformBox.h"
 
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 #include <cstdlib>
 
@@ -26,12 +27,9 @@ void Application::handle(const RuntimeError &error)
 {
     if (m_handling)
         return;
-    m_handling = true;
-    if (m_handler) {
-        m_handler(error);
-        m_handling = false;
-        return;
-    }
+    const QScopedValueRollback handling(m_handling, true);
+    if (m_handler)
+        return m_handler(error);
     platformBox::showCritical(error.report());
     std::exit(EXIT_FAILURE);
 }

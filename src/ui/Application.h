@@ -17,8 +17,7 @@ public:
     Application(int &argumentCount, char **arguments);
 
     /// What happens to an uncaught failure. Without one, the failure's report is shown in a critical box and the
-    /// process ends with exit code 1. An empty function brings that back. Further failures while the handler runs are
-    /// dropped.
+    /// process ends with exit code 1. An empty function brings that back. Failures while the handler runs are dropped.
     void setFailureHandler(const FailureHandler &handler) { m_handler = handler; }
 
     bool notify(QObject *receiver, QEvent *event) override;

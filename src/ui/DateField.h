@@ -2,14 +2,12 @@
 
 #include <QDateEdit>
 
-/// A date, shown "01-Apr-2011" with English month names whatever the locale, with a calendar that drops down (F4,
-/// Alt+Down).
+/// A date, shown "01-Apr-2011" with English month names whatever the locale. F4 and Alt+Down drop a calendar down.
 ///
 /// It is typed as people write dates, from the part on at which the caret stands, which is the day when the field is
 /// entered by key: "1/4/11", "1-apr-2011", "010411", or just "5" or "5/4" for another day of the same month or year. A
 /// year of two digits is one of this century. What is typed counts when the field is left, or another key is pressed in
-/// it; something that is no date is told and the date stays. Up and Down change the part at the caret; Tab leaves the
-/// field.
+/// it; something that is no date is told and the date stays. Up and Down change the part at the caret; Tab leaves.
 class DateField : public QDateEdit {
     Q_OBJECT
 

@@ -5,8 +5,7 @@
 #include <QTreeView>
 
 /// A list of whole rows with one of them current. It has its own `ListModel`. Columns share the width by their
-/// percentages and stretch with the window; a width that the user gave a column stays, also the next time the screen is
-/// opened.
+/// percentages and stretch with the window; a width that the user gave a column stays, for the next time too.
 class ListView : public QTreeView {
     Q_OBJECT
 

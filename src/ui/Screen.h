@@ -20,16 +20,14 @@ public:
     explicit Screen(const QString &name, const QString &title = {});
     ~Screen() override;
 
-    /// Shows the screen modally above the one in front and returns when it has closed. The screen below is activated
-    /// then.
+    /// Shows the screen modally above the one in front. When it has closed, activates that one and returns.
     int exec() override;
     void setVisible(bool visible) override;
 
     /// The screen that takes the input; none before the first is shown.
     [[nodiscard]] static Screen *front();
 
-    /// Offers a key press to the screen that `receiver` belongs to. True when the screen took it. Called by
-    /// `Application`.
+    /// Offers a key press to the screen that `receiver` belongs to; true when it took it. `Application` calls it.
     static bool previewKey(QObject *receiver, QKeyEvent *event);
 
 protected:

@@ -136,8 +136,7 @@ void frmMsg::layOut(int mode)
     expected->setDefault(true);
     expected->setFocus();
 
-    // The label grows with its text until half the screen's width is used, and with its lines until the screen's height
-    // is.
+    // The label grows with its text up to half the screen's width; from two thirds of its height on it scrolls.
     const Screen *const below = front();
     const QSize room = (below ? below->screen() : screen())->availableGeometry().size();
     lblMsg->ensurePolished();

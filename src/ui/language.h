@@ -10,8 +10,7 @@ class QWidget;
 void SetEngFont(QWidget &control, const QString &text);
 void SetHindiFont(QWidget &control, const QString &text);
 
-/// Called by screens when they load, with themselves: the one place where their captions would be translated. They are
-/// not.
+/// Called by screens when they load, with themselves: the one place to translate their captions. None is translated.
 void TranslateForm(QWidget &form);
 
 /// Gives the header of `listView` the font that the header of `fontSource` has. `bold` has no effect.

@@ -70,43 +70,34 @@ bool typeAhead(QComboBox &combo, const QString &text)
 
 class AutoSearch : public QObject {
 public:
-    explicit AutoSearch(QComboBox &combo) : QObject(&combo), m_combo(combo)
+    explicit AutoSearch(QComboBox &combo)
+        : QObject(&combo), m_combo(combo), m_line(combo.lineEdit()), m_list(combo.view())
     {
-        combo.installEventFilter(this);
-        combo.lineEdit()->installEventFilter(this);
-        combo.view()->installEventFilter(this);
+        for (QObject *part : std::initializer_list<QObject *>{&combo, m_line, m_list})
+            part->installEventFilter(this);
         // Deleting, cutting and undoing change the text without a key that the search sees.
-        connect(combo.lineEdit(), &QLineEdit::textEdited, this, [this](const QString &text) {
-            const int caret = m_combo.lineEdit()->cursorPosition();
+        connect(m_line, &QLineEdit::textEdited, this, [this](const QString &text) {
+            const int caret = m_line->cursorPosition();
             showOwnText(m_combo, text);
-            m_combo.lineEdit()->setCursorPosition(caret);
+            m_line->setCursorPosition(caret);
         });
     }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        // Once its window has become active, the line would drop its selection, as the open list has the focus and not
-        // it.
-        if (watched == m_combo.lineEdit())
-            return event->type() == QEvent::WindowActivate;
-        const bool inList = watched != &m_combo;
-        // A turn of the wheel over the field must not choose another entry unseen.
-        if (!inList && event->type() == QEvent::Wheel) {
+        // The combo is touched for what a user does alone: while it is being destroyed it still hides its list.
+        switch (event->type()) {
+        case QEvent::KeyPress: return keyPressed(watched, static_cast<QKeyEvent *>(event));
+        case QEvent::ShortcutOverride: return watched == m_list && overriddenByList(*static_cast<QKeyEvent *>(event));
+        case QEvent::Wheel:
+            // A turn of the wheel over the field must not choose another entry unseen.
             event->ignore();
-            return true;
+            return watched == &m_combo;
+        case QEvent::WindowActivate:
+            // The line would drop its selection now, as the open list has the focus and not the line.
+            return watched == m_line;
+        default: return false;
         }
-        if (event->type() == QEvent::KeyPress) {
-            auto *key = static_cast<QKeyEvent *>(event);
-            return inList ? keyInList(key) : keyInText(key);
-        }
-        // Here the list would let Enter take the row under the mouse, before it comes as a key.
-        if (inList && event->type() == QEvent::ShortcutOverride) {
-            // An access key works on the screen only while no list is open above it.
-            if (isCommandKey(*static_cast<QKeyEvent *>(event)))
-                m_combo.hidePopup();
-            return true;
-        }
-        return false;
     }
 
 private:
@@ -118,11 +109,27 @@ private:
         return (modifiers == Qt::AltModifier || modifiers == Qt::ControlModifier) && namesKey;
     }
 
+    bool keyPressed(const QObject *watched, QKeyEvent *event)
+    {
+        if (watched == &m_combo)
+            return keyInText(event);
+        return watched == m_list && keyInList(event);
+    }
+
+    /// Always true: the list would let Enter take the row under the mouse, before it comes as a key.
+    bool overriddenByList(const QKeyEvent &event)
+    {
+        // An access key works on the screen only while no list is open above it.
+        if (isCommandKey(event))
+            m_combo.hidePopup();
+        return true;
+    }
+
     bool keyInText(QKeyEvent *event)
     {
         if (event->matches(QKeySequence::Paste)) {
             const QString pasted = QApplication::clipboard()->text().simplified();
-            if (!typeAhead(m_combo, textBeforeSelection(*m_combo.lineEdit()) + pasted))
+            if (!typeAhead(m_combo, textBeforeSelection(*m_line) + pasted))
                 QApplication::beep();
             return true;
         }
@@ -171,6 +178,8 @@ private:
     }
 
     QComboBox &m_combo;
+    QLineEdit *m_line;
+    QAbstractItemView *m_list;
 };
 
 } // namespace

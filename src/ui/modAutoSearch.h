@@ -19,8 +19,7 @@ void SelectTypedEntry(QComboBox &combo);
 void ShowDropDown(QComboBox &combo);
 
 /// Selects the first entry that begins with the combo's text, in any case, and returns its index. -1 where there is
-/// none, and for an empty text: the combo stays as it is then. An entry that is selected already and reads just so
-/// stays.
+/// none, and for an empty text: the combo stays as it is then.
 int SelectComboEntry(QComboBox &combo);
 
 /// Binds `AutoSearchKey` to the keys of `combo`, with its list closed or open, and makes it editable.
