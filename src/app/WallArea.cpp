@@ -25,6 +25,9 @@ void WallArea::showDefault()
 
 void WallArea::showFile(const QString &path)
 {
+    // The pictures of today's cameras are larger than what is taken for a picture otherwise.
+    constexpr int megabytes = 1024;
+    QImageReader::setAllocationLimit(megabytes);
     QImageReader reader(path);
     // Whatever the name of the file says, and the way round that the camera was held.
     reader.setDecideFormatFromContent(true);

@@ -11,6 +11,6 @@ namespace shell {
 void openFile(const QString &path);
 
 /// Tests put their own opener in; an empty function brings the desktop's back.
-void replaceOpener(std::function<void(const QString &)> opener);
+void replaceOpener(std::function<void(const QString &)> replacement);
 
 } // namespace shell

@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
+#include <QTimer>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -102,7 +103,9 @@ void DateField::keyPressEvent(QKeyEvent *event)
         && (text.at(0).isLetterOrNumber() || u"/-. "_s.contains(text.at(0)));
     if (types)
         return type(text);
-    takeTyped();
+    // Enter on what is no date does not go on to the screen's default command.
+    if (!takeTyped())
+        return;
     if (isWholeSelected())
         setCurrentSectionIndex(0);
     QDateEdit::keyPressEvent(event);
@@ -138,19 +141,25 @@ void DateField::showTyped()
     lineEdit()->setText(parts.join(u'-'));
 }
 
-void DateField::takeTyped()
+bool DateField::takeTyped()
 {
     if (m_typed.isEmpty())
-        return;
+        return true;
     const QDate typed = typedDate();
     const QString text = std::exchange(m_typed, {});
     const bool fits = typed.isValid() && typed >= minimumDate() && typed <= maximumDate();
     showTyped();
-    if (fits)
-        return setDate(typed);
+    if (fits) {
+        setDate(typed);
+        return true;
+    }
     QApplication::beep();
-    QToolTip::showText(
-        mapToGlobal(rect().bottomLeft()), u"\"%1\" is not a date. It is still %2."_s.arg(text, DateText(date())));
+    // Once the focus has moved: a change of focus hides the tip.
+    QTimer::singleShot(0, this, [this, text] {
+        QToolTip::showText(
+            mapToGlobal(rect().bottomLeft()), u"\"%1\" is not a date. It is still %2."_s.arg(text, DateText(date())));
+    });
+    return false;
 }
 
 QDate DateField::typedDate() const

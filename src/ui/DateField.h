@@ -27,7 +27,8 @@ protected:
 private:
     void type(const QString &text);
     void showTyped();
-    void takeTyped();
+    /// False, and told to the user, where what was typed is no date.
+    bool takeTyped();
     [[nodiscard]] bool isWholeSelected() const;
     [[nodiscard]] QDate typedDate() const;
     void openCalendar();

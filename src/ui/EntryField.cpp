@@ -10,10 +10,12 @@ EntryField::EntryField(QWidget *control) : QObject(control), m_control(control)
 {
     auto *focus = new FieldFocus(control);
     connect(focus, &FieldFocus::entered, this, [this] {
+        m_isEntered = true;
         ShowAsSelected(*m_control);
         emit gotFocus();
     });
     connect(focus, &FieldFocus::left, this, [this] {
+        m_isEntered = false;
         ShowAsNormal(*m_control);
         setForeColor(m_foreColor);
         emit lostFocus();
@@ -23,7 +25,9 @@ EntryField::EntryField(QWidget *control) : QObject(control), m_control(control)
 void EntryField::setForeColor(const QColor &colour)
 {
     m_foreColor = colour;
-    setTextColour(*m_control, colour);
+    // White on black while it is entered, whatever its own colour.
+    if (!m_isEntered)
+        setTextColour(*m_control, colour);
 }
 
 bool EntryField::keySwallowed(const QKeyEvent &event)

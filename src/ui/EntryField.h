@@ -36,4 +36,5 @@ signals:
 private:
     QWidget *m_control;
     QColor m_foreColor = Qt::black;
+    bool m_isEntered = false;
 };

@@ -47,8 +47,11 @@ bool isCommandKey(const QKeyEvent &event)
 void setColours(QWidget &control, const QColor &background, const QColor &text)
 {
     QPalette palette = control.palette();
-    palette.setColor(QPalette::Base, background);
-    palette.setColor(QPalette::Text, text);
+    // Not for a disabled field, which is to look like one.
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Base, background);
+        palette.setColor(group, QPalette::Text, text);
+    }
     control.setPalette(palette);
 }
 
@@ -91,6 +94,10 @@ int keys::characterCode(const QKeyEvent &event)
         event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier);
     if (control && key >= Qt::Key_A && key <= Qt::Key_Z)
         return key - Qt::Key_A + 1;
+    // Ctrl and Alt together are how some keyboards type their third characters.
+    const bool alt = event.modifiers().testFlag(Qt::AltModifier) && !event.modifiers().testFlag(Qt::ControlModifier);
+    if (control || alt || event.modifiers().testFlag(Qt::MetaModifier))
+        return 0;
     const QString text = event.text();
     return text.size() == 1 && text.at(0).isPrint() ? text.at(0).unicode() : 0;
 }

@@ -11,6 +11,7 @@ class kvComboBox : public QComboBox {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY changed)
     Q_PROPERTY(int BoxType READ BoxType WRITE setBoxType)
+    Q_PROPERTY(QFont Font READ font WRITE setFont)
     Q_PROPERTY(QColor ForeColor READ ForeColor WRITE setForeColor)
 
 public:

@@ -14,6 +14,8 @@ class kvTextBox : public QLineEdit {
     Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY changed)
     Q_PROPERTY(int BoxType READ BoxType WRITE setBoxType)
     Q_PROPERTY(bool AutoTab READ AutoTab WRITE setAutoTab)
+    Q_PROPERTY(Qt::Alignment Alignment READ alignment WRITE setAlignment)
+    Q_PROPERTY(QFont Font READ font WRITE setFont)
     Q_PROPERTY(QColor ForeColor READ ForeColor WRITE setForeColor)
 
 public:

@@ -12,6 +12,7 @@ class kvTextBoxMultiLine : public QPlainTextEdit {
     Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY changed)
     Q_PROPERTY(int BoxType READ BoxType WRITE setBoxType)
     Q_PROPERTY(Qt::Alignment Alignment READ Alignment WRITE setAlignment)
+    Q_PROPERTY(QFont Font READ font WRITE setFont)
     Q_PROPERTY(QColor ForeColor READ ForeColor WRITE setForeColor)
 
 public:
