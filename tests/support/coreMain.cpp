@@ -4,6 +4,6 @@
 
 int main(int count, char **values)
 {
-    QCoreApplication application(count, values);
-    return TestRegistry::instance().run(application.arguments());
+    const QCoreApplication application(count, values);
+    return TestRegistry::instance().run(QCoreApplication::arguments());
 }
