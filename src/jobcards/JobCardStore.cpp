@@ -15,13 +15,14 @@ constexpr int jobCardVoucher = 1;
 constexpr int cancelledWithItsCard = 4;
 
 /// The columns that a card gives to each of its rows, at every save.
-void setSharedColumns(Recordset &record, const JobCard &card, qint32 jobID, const clsJobCardData &rows, int index)
+void setSharedColumns(
+    Recordset &record, const JobCard &card, qint32 jobID, qint32 clientID, const clsJobCardData &rows, int index)
 {
     const QString color = rows.Color(index);
     record.set(u"DATE", card.JobDate);
     record.set(u"JobID", jobID);
     record.set(u"ItemSr", index);
-    record.set(u"ClintID", GetAccountID(card.ClientTitle));
+    record.set(u"ClintID", clientID);
     record.set(u"ClintName", card.ClientTitle);
     record.set(u"ItemID", rows.ItemID(index));
     record.set(u"isInventory", rows.isInv(index));
@@ -138,7 +139,8 @@ void JobCardStore::writeCard(const JobCard &card, bool added)
     m_oldJobID = Int16(number);
     m_currentJobID = Int32(number);
     job.set(u"DATE", card.JobDate);
-    job.set(u"ClintID", GetAccountID(card.ClientTitle));
+    m_clientID = GetAccountID(card.ClientTitle);
+    job.set(u"ClintID", m_clientID);
     job.set(u"ClintName", card.ClientTitle);
     job.set(u"DeliveryDate", card.DeliveryDate);
     job.set(u"TrialDate", card.TrialDate);
@@ -159,7 +161,7 @@ void JobCardStore::addRow(const JobCard &card, clsJobCardData &rows, int index, 
     Recordset &record = DE().rsJOBS_DETAIL;
     record.reopen(u"Select * from jobs_detail where id=0"_s);
     record.addNew();
-    setSharedColumns(record, card, m_currentJobID, rows, index);
+    setSharedColumns(record, card, m_currentJobID, m_clientID, rows, index);
     record.set(u"WorkerID", 0);
     record.set(u"JobDelDate", card.DeliveryDate);
     for (const QStringView date : {u"CompletedDate", u"DelToCustDate", u"AltDate"})
@@ -179,7 +181,7 @@ void JobCardStore::overwriteRow(const JobCard &card, const clsJobCardData &rows,
 {
     Recordset &record = DE().rsJOBS_DETAIL;
     record.reopen(u"Select * from jobs_detail where id="_s + QString::number(rows.Sr(index)));
-    setSharedColumns(record, card, m_currentJobID, rows, index);
+    setSharedColumns(record, card, m_currentJobID, m_clientID, rows, index);
     record.update();
     record.close();
 }
@@ -192,15 +194,14 @@ void JobCardStore::writePostings(const JobCard &card)
         qint32 otherSide;
         double amount;
     };
-    const qint32 client = GetAccountID(card.ClientTitle);
     const qint32 sales = GetAccountID(u"Sales"_s);
     const double total = Val(card.TotalText);
     const double received = Val(card.ReceivedText);
-    std::vector<Leg> legs{{u"Sales"_s, client, sales, -total}, {u"Sales"_s, sales, client, total}};
+    std::vector<Leg> legs{{u"Sales"_s, m_clientID, sales, -total}, {u"Sales"_s, sales, m_clientID, total}};
     if (received > 0) {
         const qint32 receiptAccount = GetAccountID(card.ReceiptAccountTitle);
-        legs.push_back({u"Receipt"_s, receiptAccount, client, -received});
-        legs.push_back({u"Receipt"_s, client, receiptAccount, received});
+        legs.push_back({u"Receipt"_s, receiptAccount, m_clientID, -received});
+        legs.push_back({u"Receipt"_s, m_clientID, receiptAccount, received});
     }
     Recordset &postings = DE().rspostings;
     postings.reopen(u"Select * from Postings where id=0"_s);

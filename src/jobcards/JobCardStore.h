@@ -78,5 +78,7 @@ private:
     bool m_saved = false;
     qint32 m_currentJobID = 0;
     qint16 m_oldJobID = 0;
+    /// Looked up once a save: each write makes the lookups forget.
+    qint32 m_clientID = 0;
     QString m_removedRowIDs;
 };
