@@ -8,7 +8,7 @@ build_packages=(
 # Texts are drawn as boxes on a machine that has no font at all.
 run_packages=(fonts-dejavu-core)
 virtual_display_packages=(xvfb xauth)
-picture_packages=(xdotool scrot)
+picture_packages=(xdotool scrot openbox poppler-utils)
 lint_packages=(clang-format clang-tidy shellcheck)
 
 is_installed()

@@ -5,6 +5,7 @@
 #include "app/frmLogin.h"
 #include "app/frmMasters.h"
 #include "app/frmMenu.h"
+#include "app/frmOpenJob.h"
 #include "app/menuColumn.h"
 #include "base/RuntimeError.h"
 #include "base/session.h"
@@ -138,6 +139,7 @@ QWidget *frmMain::buildFoot()
     auto *row = new QHBoxLayout(foot);
     row->setContentsMargins(24, 6, 24, 6);
     row->setSpacing(18);
+    row->addWidget(coloured(new QLabel(u"F3  Open Job Card by its number"_s), theme::muted()));
     row->addWidget(lblUser, 1);
     for (const QString &text : {u"Help and Support"_s, u"mail@corvane.example"_s})
         row->addWidget(coloured(new QLabel(text), theme::muted()));
@@ -225,11 +227,16 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
 
 bool frmMain::keyPreview(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_F2 || event->modifiers() != Qt::NoModifier)
+    if (event->modifiers() != Qt::NoModifier)
         return false;
-    // As Tab would, so that what is typed begins with the day.
-    TodayDate->setFocus(Qt::TabFocusReason);
-    return true;
+    switch (event->key()) {
+    case Qt::Key_F2:
+        // As Tab would, so that what is typed begins with the day.
+        TodayDate->setFocus(Qt::TabFocusReason);
+        return true;
+    case Qt::Key_F3: frmOpenJob().exec(); return true;
+    default: return false;
+    }
 }
 
 void frmMain::escapePressed()

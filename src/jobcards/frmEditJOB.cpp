@@ -2,6 +2,7 @@
 
 #include "base/session.h"
 #include "base/values.h"
+#include "jobcards/MODPrintJOBCARD.h"
 #include "jobcards/ScrollingText.h"
 #include "jobcards/clientGreeting.h"
 #include "jobcards/entryFilters.h"
@@ -219,7 +220,6 @@ QLayout *frmEditJOB::buildCommands()
     Command3 = new Command(u"Command3"_s, u"&New"_s);
     Command7 = new Command(u"Command7"_s, u"&Delete"_s);
     Command11 = new Command(u"Command11"_s, u"Pending Orders Status"_s);
-    Command2->setComesLater(u"Printing comes with a later version."_s);
     Command11->setComesLater(u"The status of pending orders comes with a later version."_s);
     Command1->setDefault(true);
     auto *row = new QHBoxLayout;
@@ -249,6 +249,10 @@ void frmEditJOB::connectCommands()
     connect(lvItems, &ListView::opened, this, &frmEditJOB::openRow);
 
     connect(Command1, &Command::clicked, this, &frmEditJOB::save);
+    connect(Command2, &Command::clicked, this, [this] {
+        if (m_store.EditMode() == u"E")
+            PrintJobCard(m_store.CurrentJobID());
+    });
     connect(Command3, &Command::clicked, this, [this] {
         m_freshWanted = true;
         reject();
@@ -536,6 +540,8 @@ void frmEditJOB::save()
         txtJOBID->setText(QString::number(m_store.CurrentJobID()));
         setWindowTitle(u"Edit JOB Card"_s);
         ShowMessage(u"New Job Created."_s);
+        if (settingIsOn(setting::PrintAfterSave))
+            PrintJobCard(m_store.CurrentJobID());
     } else {
         m_store.SaveEdit(collect(), JobRows);
         ShowMessage(u"Job Edited."_s);

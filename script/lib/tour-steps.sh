@@ -1,0 +1,147 @@
+#!/usr/bin/env bash
+# The steps of script/tour, which prepares the folder and the display. Not for use alone.
+set -euo pipefail
+: "${program:?}" "${tour:?}"
+
+stop()
+{
+    echo "The tour stopped: $1" >&2
+    echo "In front: $(in_front)" >&2
+    scrot --overwrite "$tour/stopped.png" || true
+    exit 1
+}
+
+in_front() { xdotool getactivewindow getwindowname 2>/dev/null || true; }
+
+# until_so "what is awaited" COMMAND..: tries for ten seconds.
+until_so()
+{
+    local what=$1 try
+    shift
+    for ((try = 0; try < 100; ++try)); do
+        if "$@"; then
+            return
+        fi
+        kill -0 "$corvane" 2>/dev/null || stop "the program has ended; awaited was $what"
+        sleep 0.1
+    done
+    stop "$what did not come"
+}
+
+is_in_front() { [[ $(in_front) == "$1" ]]; }
+window() { until_so "the window \"$1\"" is_in_front "$1"; sleep 0.3; }
+keys() { xdotool key --delay 40 "$@"; sleep 0.2; }
+words() { xdotool type --delay 15 -- "$1"; sleep 0.1; }
+# field TEXT: types it and moves on.
+field() { words "$1"; keys Return; }
+# click X Y [COUNT]: in the window in front, from its top left corner, or from its far edges where below zero.
+click()
+{
+    local x=$1 y=$2 WIDTH=0 HEIGHT=0
+    eval "$(xdotool getactivewindow getwindowgeometry --shell | grep -E '^(WIDTH|HEIGHT)=')"
+    ((x >= 0)) || x=$((WIDTH + x))
+    ((y >= 0)) || y=$((HEIGHT + y))
+    xdotool mousemove --window "$(xdotool getactivewindow)" "$x" "$y" click --repeat "${3-1}" --delay 60 1
+    sleep 0.3
+}
+answer() { window "The Corvane"; keys "$1"; }
+
+number=0
+# picture NAME: the screen as it stands.
+picture()
+{
+    number=$((number + 1))
+    sleep 0.4
+    scrot --overwrite --pointer "$tour/$(printf '%02d' "$number")-$1.png"
+}
+
+# A window manager gives the windows the frames that a shop sees.
+openbox >/dev/null 2>&1 &
+sleep 0.5
+"$program" &
+corvane=$!
+trap 'kill "$corvane" 2>/dev/null || true' EXIT
+
+echo "First start: the demo shop is chosen."
+window "Select Database"
+picture first-start
+keys Tab Return
+window "Corvane 8.2 | www.corvane.example | Made to measure"
+picture main
+
+echo "A card is booked for a client found by typing, with two items."
+keys alt+n
+window "Create New Job Card"
+words "rav"
+picture client-by-typing
+keys Return
+picture greeting
+keys alt+a
+window "Item"
+field "sherw"
+for measurement in 43 40 36 42 18 25 16; do field "$measurement"; done
+picture item-measured
+keys alt+o
+window "Create New Job Card"
+keys alt+a
+window "Item"
+field "tro"
+for measurement in 42 34 40 24 18 16 11; do field "$measurement"; done
+keys alt+o
+window "Create New Job Card"
+picture two-items
+
+echo "An advance is taken, and the card saved."
+keys Tab Tab Tab Tab
+field 2500
+field cash
+words "Wedding on the 20th"
+picture advance
+keys alt+s
+window "The Corvane"
+picture saved
+keys Return
+window "Edit JOB Card"
+keys Escape
+window "Corvane 8.2 | www.corvane.example | Made to measure"
+
+echo "The client brings the card back: it is opened by its number and changed."
+keys F3
+window "Open Job Card"
+words 321
+picture open-by-number
+keys Return
+window "Edit JOB Card"
+click 200 180 2
+window "Item"
+keys shift+Tab shift+Tab shift+Tab
+picture item-again
+keys alt+o
+window "Edit JOB Card"
+keys alt+s
+answer Return
+window "Edit JOB Card"
+
+echo "The card on paper."
+keys alt+p
+window "Print Preview"
+picture preview
+keys minus minus minus
+picture preview-whole
+keys alt+s
+window "Save as PDF"
+words "$tour/job-card.pdf"
+picture save-as-pdf
+keys Return
+answer Return
+window "Print Preview"
+keys Escape
+window "Edit JOB Card"
+keys Escape
+window "Corvane 8.2 | www.corvane.example | Made to measure"
+
+paper=$(pdftotext -layout "$tour/job-card.pdf" -)
+for text in "Kovrel Tailors" "Job Card #" "Sherwani" "Trousers" "2,500.00" "Staple Cloth Samples here..."; do
+    [[ $paper == *"$text"* ]] || stop "the printed card lacks \"$text\""
+done
+pdftoppm -r 90 -png -singlefile "$tour/job-card.pdf" "$tour/job-card"

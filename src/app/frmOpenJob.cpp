@@ -1,0 +1,67 @@
+#include "app/frmOpenJob.h"
+
+#include "base/values.h"
+#include "jobcards/entryFilters.h"
+#include "jobcards/frmEditJOB.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "ui/Command.h"
+#include "ui/entryKeys.h"
+#include "ui/kvTextBox.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int plainText = 2;
+constexpr double largestJobNumber = std::numeric_limits<qint16>::max();
+
+} // namespace
+
+frmOpenJob::frmOpenJob()
+    : Screen(u"frmOpenJob"_s, u"Open Job Card"_s), txtJOBID(new kvTextBox(u"txtJOBID"_s, plainText)),
+      Command1(new Command(u"Command1"_s, u"&Open"_s))
+{
+    auto *caption = new QLabel(u"&Job Card #"_s);
+    caption->setBuddy(txtJOBID);
+    Command1->setDefault(true);
+
+    auto *form = new QGridLayout(this);
+    form->setContentsMargins(28, 24, 28, 24);
+    form->addWidget(caption, 0, 0);
+    form->addWidget(txtJOBID, 0, 1);
+    form->addWidget(Command1, 1, 1, Qt::AlignRight);
+    form->setColumnMinimumWidth(1, 180);
+    form->setSizeConstraint(QLayout::SetFixedSize);
+
+    filterKeys(txtJOBID, DigitKeysOnly);
+    connect(Command1, &Command::clicked, this, &frmOpenJob::open);
+}
+
+bool frmOpenJob::keyPreview(QKeyEvent *event)
+{
+    // One number, one Enter: the box would only move on to the command.
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        return Screen::keyPreview(event);
+    Command1->trigger();
+    return true;
+}
+
+void frmOpenJob::open()
+{
+    const double number = Val(txtJOBID->Text());
+    const bool possible = number >= 1 && number <= largestJobNumber;
+    if (!possible || GetFieldValueNum(u"ID"_s, u"jobs"_s, u"ID"_s, number, DE().rsJobs2).toDouble() < 0) {
+        txtJOBID->selectAll();
+        return complain(u"Job Card not found!"_s, txtJOBID);
+    }
+    accept();
+    bool deleted = false;
+    frmEditJOB().ShowEdit(Int32(number), deleted);
+}

@@ -1,0 +1,124 @@
+#include "jobcards/MODPrintJOBCARD.h"
+
+#include "base/session.h"
+#include "base/values.h"
+#include "reports/reportOutput.h"
+#include "reports/rptJOBCARD.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "store/settings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Where the shop's name and address stand when no logo stands beside them; in the report's unit.
+constexpr int textLeft = 144;
+constexpr int textWidth = 9360;
+
+void dress(Report &report)
+{
+    ReportSection &head = report.section(u"Section6");
+    SetJobCardLogo(report, GetSetting(setting::LogoFile));
+    head.setText(u"lblTag", GetSetting(setting::TagLine));
+    head.setText(u"lblCompany", session::ShopName);
+    head.setText(u"lbladdress1", session::ShopAddress1);
+    head.setText(u"lbladdress2", session::ShopAddress2);
+    head.setText(u"lbladdress3", session::ShopAddress3);
+    head.setText(u"lblContact", session::ShopContacts);
+    ReportSection &foot = report.section(u"Section7");
+    foot.setText(u"lblfootnote", GetSetting(setting::FootNote));
+    foot.setText(u"lblForCompany", u"For "_s + session::ShopName);
+}
+
+} // namespace
+
+void PrintJobCard(int JobID)
+{
+    // The shaping needs a connection of its own; it sees what the session's connection has written.
+    Connection shaping;
+    shaping.open(session::DBPath);
+    FillJobCardTemp(JobID);
+    Recordset cards(shaping);
+    cards.open(u"SHAPE {SELECT * FROM tmpHead where JobID="_s + QString::number(JobID) + u" } "_s
+        + u"APPEND ({SELECT * FROM tmpBody  order by id} AS Body "_s + u"RELATE JOBID to JOBID)"_s);
+    Report report = rptJOBCARD();
+    dress(report);
+    const ReportPages pages = report.layOut(cards);
+    cards.close();
+    shaping.close();
+
+    const QString way = GetSetting(setting::PrintPreview);
+    if (way == u"1")
+        reportOutput::preview(pages);
+    else if (way == u"0")
+        reportOutput::print(pages);
+}
+
+void FillJobCardTemp(int JobID)
+{
+    WriteGroup::run(DE().CN, [JobID] {
+        DE().CN.execute(u"Delete * from tmpHead"_s);
+        DE().CN.execute(u"Delete * from tmpbody"_s);
+
+        const QString number = QString::number(JobID);
+        Recordset &job = DE().rsJobs2;
+        job.reopen(u"Select * from Jobs where id="_s + number);
+        Recordset &head = DE().rsPrintHead;
+        head.reopen(u"Select * from tmpHead"_s);
+        AddTmpHead(head, job, JobID);
+        head.close();
+        job.close();
+
+        Recordset &row = DE().rsJOBS_DETAIL;
+        row.reopen(u"Select * from Jobs_Detail where jobid="_s + number);
+        Recordset &body = DE().rsPrintBody;
+        body.reopen(u"Select * from tmpBody"_s);
+        for (; !row.eof(); row.moveNext())
+            AddTmpBody(body, row, JobID);
+        body.updateBatch();
+        body.close();
+        row.close();
+    });
+}
+
+void AddTmpHead(Recordset &head, const Recordset &job, int JobID)
+{
+    const Currency due = Currency::fromDouble(job.number(u"AmountDue"));
+    const Currency paid = Currency::fromDouble(job.number(u"AmountPaid"));
+    const QString client = GetAccountTitle(job.integer(u"ClintID"));
+    head.addNew();
+    head.set(u"Date", DateText(job.date(u"DATE")));
+    head.set(u"JobID", JobID);
+    head.set(u"Name", client);
+    head.set(u"DelDate", DateText(job.date(u"DeliveryDate")));
+    head.set(u"trialdate", DateText(job.date(u"TrialDate")));
+    head.set(u"AmountDue", job.text(u"AmountDue"));
+    head.set(u"AmountPaid", job.text(u"AmountPaid"));
+    head.set(u"Amount", NumberText((due - paid).toDouble()));
+    head.update();
+}
+
+void AddTmpBody(Recordset &body, const Recordset &row, int JobID)
+{
+    const QString item = GetItemName(row.integer(u"ItemID"));
+    body.addNew();
+    body.set(u"JobID", JobID);
+    body.set(u"QNT", row.integer(u"QNT"));
+    body.set(u"ItemName", item);
+    body.set(u"Remarks", row.text(u"Remarks"));
+    body.set(u"FESS", row.text(u"FEES"));
+    body.set(u"Amount", row.text(u"Amount"));
+}
+
+void SetJobCardLogo(Report &report, const QString &path)
+{
+    ReportSection &head = report.section(u"Section6");
+    if (!path.isEmpty())
+        return head.setPicture(u"logo", path);
+    for (const auto *name : {u"lblCompany", u"lbladdress1", u"lbladdress2", u"lbladdress3", u"lblContact"}) {
+        QRect &place = head.control(name).place;
+        place.moveLeft(textLeft);
+        place.setWidth(textWidth);
+    }
+}

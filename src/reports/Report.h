@@ -1,0 +1,42 @@
+#pragma once
+
+#include "reports/ReportPages.h"
+#include "reports/ReportSection.h"
+
+class Recordset;
+
+/// A banded report: sections of controls, filled from the rows of a recordset and laid out on as many pages as it
+/// takes. A layout is a function that makes one (see rptJOBCARD); a caller then sets its labels and lays it out.
+class Report {
+public:
+    /// A4 upright; width and margins in twips.
+    struct Paper {
+        QSize size{11906, 16838};
+        int left = 1129;
+        int top = 720;
+        int bottom = 600;
+    };
+
+    /// `title` names the print job and the PDF. Without `details` each row of the source is a detail. With it, each row
+    /// is a group whose details are the rows of its child of that name.
+    Report(const QString &title, const Paper &paper, const QString &details = {});
+
+    /// Adds a section; at most one of each kind. The reference is good as long as the report. `height` in twips.
+    ReportSection &add(ReportSection::Kind kind, const QString &name, int height);
+    /// A section by name, without regard to case. Throws RuntimeError (ItemNotFound).
+    [[nodiscard]] ReportSection &section(QStringView name);
+
+    /// Reads `source` from its first row to its end and lays all of it out. Without a row the heads and feet of report
+    /// and page still print. A detail higher than a page flows on to the next; a group head that takes more than half
+    /// of a page is not repeated. Throws RuntimeError (ItemNotFound) for a field that the source lacks.
+    [[nodiscard]] ReportPages layOut(Recordset &source) const;
+
+private:
+    friend class ReportFlow;
+    [[nodiscard]] const ReportSection *find(ReportSection::Kind kind) const;
+
+    QString m_title;
+    Paper m_paper;
+    QString m_details;
+    std::deque<ReportSection> m_sections;
+};

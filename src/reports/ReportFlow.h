@@ -1,0 +1,41 @@
+#pragma once
+
+#include "reports/Report.h"
+
+class Recordset;
+
+/// The way of a report's sections on to pages. For `Report::layOut` only.
+class ReportFlow {
+public:
+    ReportFlow(const Report &report, Recordset &source);
+    [[nodiscard]] ReportPages run();
+
+private:
+    using Item = ReportPages::Item;
+    using Kind = ReportSection::Kind;
+
+    /// A section filled from one record; places count from its top left corner.
+    struct Block {
+        std::vector<Item> items;
+        double height = 0;
+    };
+
+    [[nodiscard]] static Block fill(const ReportSection &section, Recordset *record);
+    void details(Recordset &rows);
+    void place(Kind kind, Recordset *record);
+    void place(Block block);
+    void put(const Block &block);
+    void putPart(Block &block, double room);
+    void startPage();
+    void endPage();
+    void numberPages();
+
+    const Report &m_report;
+    Recordset &m_source;
+    ReportPages m_pages;
+    /// Where the next section goes, and where the page's room for sections begins and ends.
+    double m_y = 0;
+    double m_top = 0;
+    double m_bottom = 0;
+    bool m_inGroup = false;
+};

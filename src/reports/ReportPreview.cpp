@@ -1,0 +1,175 @@
+#include "reports/ReportPreview.h"
+
+#include "reports/reportOutput.h"
+#include "ui/Command.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int signWidth = 30;
+constexpr double zoomStep = 1.25;
+constexpr double leastZoom = 0.25;
+constexpr double mostZoom = 4;
+constexpr std::array zoomPercents{50, 75, 100, 125, 150, 200, 300, 400};
+/// Places of the entries of the zoom box that are no percentages.
+enum ZoomEntry { WholePage, PageWidth, FirstPercent };
+
+/// A narrow command that shows a sign; `meaning` is read out and shown as its tool tip.
+Command *signCommand(const QString &name, const QString &sign, const QString &meaning)
+{
+    auto *command = new Command(name, sign);
+    command->setAccessibleName(meaning);
+    command->setToolTip(meaning);
+    command->setStyleSheet(u"min-width: %1px; max-width: %1px; padding-left: 0; padding-right: 0;"_s.arg(signWidth));
+    return command;
+}
+
+} // namespace
+
+ReportPreview::ReportPreview(const ReportPages &pages)
+    : Screen(u"ReportPreview"_s, u"Print Preview"_s), m_pages(pages),
+      m_device(std::make_unique<QPrinter>(QPrinter::HighResolution))
+{
+    // The device only lends its measures: a preview is the same whatever printers the machine has.
+    m_device->setOutputFormat(QPrinter::PdfFormat);
+    m_device->setFullPage(true);
+    m_device->setPageLayout(m_pages.pageLayout());
+    buildForm();
+    connectCommands();
+    m_view->updatePreview();
+    showState();
+}
+
+ReportPreview::~ReportPreview() = default;
+
+void ReportPreview::buildForm()
+{
+    m_view = new QPrintPreviewWidget(m_device.get());
+    m_view->setObjectName(u"pages"_s);
+    m_view->setViewMode(QPrintPreviewWidget::SinglePageView);
+    m_view->fitToWidth();
+    m_view->setFocusPolicy(Qt::StrongFocus);
+
+    cmdFirst = signCommand(u"cmdFirst"_s, u"\u00ab"_s, u"First page (Home)"_s);
+    cmdPrevious = signCommand(u"cmdPrevious"_s, u"\u2039"_s, u"Previous page (Page Up)"_s);
+    lblPage = new QLabel;
+    lblPage->setObjectName(u"lblPage"_s);
+    lblPage->setAlignment(Qt::AlignCenter);
+    lblPage->setMinimumWidth(lblPage->fontMetrics().horizontalAdvance(u"Page 888 of 888"_s));
+    cmdNext = signCommand(u"cmdNext"_s, u"\u203a"_s, u"Next page (Page Down)"_s);
+    cmdLast = signCommand(u"cmdLast"_s, u"\u00bb"_s, u"Last page (End)"_s);
+    cmdZoomOut = signCommand(u"cmdZoomOut"_s, u"\u2212"_s, u"Smaller (-)"_s);
+    cmbZoom = new QComboBox;
+    cmbZoom->setObjectName(u"cmbZoom"_s);
+    cmbZoom->setAccessibleName(u"Zoom"_s);
+    cmbZoom->addItem(u"Whole Page"_s);
+    cmbZoom->addItem(u"Page Width"_s);
+    for (const int percent : zoomPercents)
+        cmbZoom->addItem(QString::number(percent) + u'%');
+    cmbZoom->setCurrentIndex(PageWidth);
+    cmdZoomIn = signCommand(u"cmdZoomIn"_s, u"+"_s, u"Larger (+)"_s);
+    cmdSavePdf = new Command(u"cmdSavePdf"_s, u"&Save as PDF"_s);
+    cmdClose = new Command(u"cmdClose"_s, u"&Close"_s);
+    cmdPrint = new Command(u"cmdPrint"_s, u"&Print"_s);
+    cmdPrint->setDefault(true);
+
+    auto *commands = new QHBoxLayout;
+    for (QWidget *control : std::initializer_list<QWidget *>{cmdFirst, cmdPrevious, lblPage, cmdNext, cmdLast})
+        commands->addWidget(control);
+    commands->addSpacing(16);
+    for (QWidget *control : std::initializer_list<QWidget *>{cmdZoomOut, cmbZoom, cmdZoomIn})
+        commands->addWidget(control);
+    commands->addStretch();
+    for (Command *command : {cmdClose, cmdSavePdf, cmdPrint})
+        commands->addWidget(command);
+
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(commands);
+    whole->addWidget(m_view, 1);
+    resize(1060, 690);
+    m_view->setFocus();
+}
+
+void ReportPreview::connectCommands()
+{
+    connect(m_view, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter *device) {
+        // The preview keeps what it was given of a drawing that broke off.
+        static_cast<void>(m_pages.draw(*device));
+    });
+    connect(m_view, &QPrintPreviewWidget::previewChanged, this, &ReportPreview::showState);
+    connect(cmdFirst, &Command::clicked, this, [this] { turnTo(1); });
+    connect(cmdPrevious, &Command::clicked, this, [this] { turnTo(m_view->currentPage() - 1); });
+    connect(cmdNext, &Command::clicked, this, [this] { turnTo(m_view->currentPage() + 1); });
+    connect(cmdLast, &Command::clicked, this, [this] { turnTo(m_pages.count()); });
+    connect(cmdZoomOut, &Command::clicked, this, [this] { zoom(1 / zoomStep); });
+    connect(cmdZoomIn, &Command::clicked, this, [this] { zoom(zoomStep); });
+    connect(cmbZoom, &QComboBox::activated, this, &ReportPreview::chooseZoom);
+    connect(cmdPrint, &Command::clicked, this, [this] { reportOutput::askAndPrint(m_pages, this); });
+    connect(cmdSavePdf, &Command::clicked, this, [this] { reportOutput::saveAsPdf(m_pages); });
+    connect(cmdClose, &Command::clicked, this, &QDialog::reject);
+}
+
+bool ReportPreview::keyPreview(QKeyEvent *event)
+{
+    if (cmbZoom->hasFocus())
+        return Screen::keyPreview(event);
+    switch (event->key()) {
+    case Qt::Key_PageDown: turnTo(m_view->currentPage() + 1); return true;
+    case Qt::Key_PageUp: turnTo(m_view->currentPage() - 1); return true;
+    case Qt::Key_Home: turnTo(1); return true;
+    case Qt::Key_End: turnTo(m_pages.count()); return true;
+    case Qt::Key_Plus: zoom(zoomStep); return true;
+    case Qt::Key_Minus: zoom(1 / zoomStep); return true;
+    default: return Screen::keyPreview(event);
+    }
+}
+
+void ReportPreview::turnTo(int number)
+{
+    m_view->setCurrentPage(std::clamp(number, 1, m_pages.count()));
+    showState();
+}
+
+void ReportPreview::zoom(double factor)
+{
+    m_view->setZoomFactor(std::clamp(m_view->zoomFactor() * factor, leastZoom, mostZoom));
+    showState();
+}
+
+void ReportPreview::chooseZoom(int entry)
+{
+    if (entry == WholePage)
+        m_view->fitInView();
+    else if (entry == PageWidth)
+        m_view->fitToWidth();
+    else
+        m_view->setZoomFactor(zoomPercents.at(static_cast<size_t>(entry - FirstPercent)) / 100.0);
+    showState();
+}
+
+void ReportPreview::showState()
+{
+    const int number = m_view->currentPage();
+    lblPage->setText(u"Page %1 of %2"_s.arg(number).arg(m_pages.count()));
+    cmdFirst->setEnabled(number > 1);
+    cmdPrevious->setEnabled(number > 1);
+    cmdNext->setEnabled(number < m_pages.count());
+    cmdLast->setEnabled(number < m_pages.count());
+    if (m_view->zoomMode() == QPrintPreviewWidget::CustomZoom) {
+        const QString percent = QString::number(qRound(m_view->zoomFactor() * 100)) + u'%';
+        const int entry = cmbZoom->findText(percent);
+        cmbZoom->setCurrentIndex(entry);
+        cmbZoom->setPlaceholderText(percent);
+    }
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "reports/ReportPages.h"
+#include "ui/Screen.h"
+
+class Command;
+class QComboBox;
+class QLabel;
+class QPrintPreviewWidget;
+class QPrinter;
+
+/// "Print Preview": turns the pages of a report, zooms, prints it and saves it as PDF. Page Down and Page Up turn, Home
+/// and End go to the first and last page, + and - zoom, the arrow keys move the page in sight.
+class ReportPreview : public Screen {
+    Q_OBJECT
+
+public:
+    /// REQUIRES: `pages` has at least one page.
+    explicit ReportPreview(const ReportPages &pages);
+    ~ReportPreview() override;
+
+protected:
+    bool keyPreview(QKeyEvent *event) override;
+
+private:
+    void buildForm();
+    void connectCommands();
+    void turnTo(int number);
+    void zoom(double factor);
+    void chooseZoom(int entry);
+    void showState();
+
+    ReportPages m_pages;
+    std::unique_ptr<QPrinter> m_device;
+    QPrintPreviewWidget *m_view;
+    QLabel *lblPage;
+    QComboBox *cmbZoom;
+    Command *cmdFirst;
+    Command *cmdPrevious;
+    Command *cmdNext;
+    Command *cmdLast;
+    Command *cmdZoomOut;
+    Command *cmdZoomIn;
+    Command *cmdPrint;
+    Command *cmdSavePdf;
+    Command *cmdClose;
+};
