@@ -9,6 +9,8 @@ build_packages=(
 run_packages=(fonts-dejavu-core)
 virtual_display_packages=(xvfb xauth)
 picture_packages=(xdotool scrot openbox poppler-utils)
+# Tests read printed matter back with pdftotext.
+test_packages=(poppler-utils)
 lint_packages=(clang-format clang-tidy shellcheck)
 
 is_installed()

@@ -37,6 +37,7 @@ private slots:
     void theWallpaperIsShownInItsSize();
     void aWallpaperThatCannotBeShownLeavesTheDefault_data();
     void aWallpaperThatCannotBeShownLeavesTheDefault();
+    void f3OpensACardByItsNumber();
     void commandsLeadToTheirScreens_data();
     void commandsLeadToTheirScreens();
     void everyCommandHasItsCaption_data();
@@ -242,6 +243,18 @@ void MainTest::aWallpaperThatCannotBeShownLeavesTheDefault()
         QCOMPARE(wallOf(screen), defaultWallOf(screen));
         QVERIFY(!control<QLabel>(screen, "MyWall").pixmap().isNull());
         QVERIFY(!control<QLabel>(screen, "Image1").isVisible());
+    }));
+}
+
+void MainTest::f3OpensACardByItsNumber()
+{
+    ReadyShop shop;
+    ModalScript script;
+    QVERIFY(runProgram([&](frmMain &screen) {
+        script.expect(u"frmOpenJob"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        press(Qt::Key_F3);
+        QVERIFY(script.isDone());
+        QCOMPARE(screen.focusWidget(), &screen);
     }));
 }
 

@@ -1,0 +1,304 @@
+#include "jobcards/MODPrintJOBCARD.h"
+
+#include "OrderDesk.h"
+#include "base/session.h"
+#include "devices/printer.h"
+#include "jobcards/frmEditJOB.h"
+#include "reports/rptJOBCARD.h"
+#include "store/DataEnvironment.h"
+#include "store/settings.h"
+#include "support/ModalScript.h"
+#include "support/expectFault.h"
+#include "support/pdfText.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/kvComboBox.h"
+
+#include <QImage>
+#include <QPdfWriter>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::accessKey;
+using driver::control;
+using driver::press;
+
+/// A job card on paper, from its rows in the file to the text on the sheet.
+class PrintJobCardTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theScratchTablesHoldTheCard();
+    void theSheetShowsCardAndShop();
+    void aCardOverManyPagesIsPrintedWhole();
+    void anOverpaidCardPrintsInBrackets();
+    void theLogoTakesItsPlace();
+    void aLogoThatIsGoneFailsThePrint();
+    void aCardThatIsGoneFailsThePrint();
+    void theSettingDecidesTheWay_data();
+    void theSettingDecidesTheWay();
+    void theCommandPrintsASavedCardOnly();
+    void aNewCardIsPrintedAfterItsSaveIfWanted();
+};
+
+namespace {
+
+const QString headStatement =
+    u"Select Date, JobID, Name, DelDate, trialdate, AmountDue, AmountPaid, Amount from tmpHead"_s;
+const QString bodyStatement = u"Select JobID, QNT, ItemName, Remarks, FESS, Amount from tmpBody order by id"_s;
+
+/// A shop with a printer that prints into a PDF file, at once and without a preview.
+struct PrintDesk : OrderDesk {
+    PrintDesk()
+    {
+        session::ShopName = u"Kovrel Tailors"_s;
+        session::ShopAddress1 = u"12 Station Road"_s;
+        session::ShopAddress2 = u"Opposite Clock Tower"_s;
+        session::ShopAddress3 = u"Jaipur"_s;
+        session::ShopContacts = u"0141 555 0142"_s;
+        SaveSetting(setting::PrintPreview, u"0"_s);
+        printer::replace([this](const printer::Job &job) {
+            ++jobs;
+            QPdfWriter device(paper());
+            device.setPageLayout(job.layout);
+            return job.draw(device, 1, job.pageCount) ? printer::Outcome::Printed : printer::Outcome::Failed;
+        });
+    }
+    ~PrintDesk() { printer::replace({}); }
+    PrintDesk(const PrintDesk &) = delete;
+    PrintDesk &operator=(const PrintDesk &) = delete;
+
+    [[nodiscard]] QString paper() const { return folder.filePath(u"paper.pdf"_s); }
+    /// Texts on the printed sheet, blanks put together.
+    [[nodiscard]] QStringList printed() const
+    {
+        QStringList pages = pdfText(paper());
+        for (QString &page : pages)
+            page = page.simplified();
+        return pages;
+    }
+
+    int jobs = 0;
+};
+
+} // namespace
+
+void PrintJobCardTest::theScratchTablesHoldTheCard()
+{
+    PrintDesk desk;
+    clsJobCardData two = desk.rows(2);
+    JobCardStore().SaveNew(desk.card(u"7"_s), two);
+    // The items print under the name that they have now.
+    DE().CN.execute(u"update Items set Name='Long Coat' where id=1"_s);
+    PrintJobCard(7);
+    QCOMPARE(desk.lines(headStatement), QStringList{u"10-Apr-2011|7|Asha Rao|17-Apr-2011|12-Apr-2011|1600|100|1500"_s});
+    QCOMPARE(
+        desk.lines(bodyStatement), QStringList({u"7|2|Long Coat|Wool|400|800"_s, u"7|2|Long Coat|Wool|400|800"_s}));
+
+    DE().CN.execute(u"update Items set Name='Coat' where id=1"_s);
+    JobCardStore store;
+    JobCard other = desk.card(u"8"_s);
+    other.ReceivedText = u"0"_s;
+    clsJobCardData rows = desk.rows(1);
+    store.SaveNew(other, rows);
+    PrintJobCard(8);
+    PrintJobCard(8);
+    QCOMPARE(desk.lines(headStatement), QStringList{u"10-Apr-2011|8|Asha Rao|17-Apr-2011|12-Apr-2011|1600|0|1600"_s});
+    QCOMPARE(desk.lines(bodyStatement), QStringList{u"8|2|Coat|Wool|400|800"_s});
+    QCOMPARE(desk.jobs, 3);
+}
+
+void PrintJobCardTest::theSheetShowsCardAndShop()
+{
+    PrintDesk desk;
+    SaveSetting(setting::TagLine, u"Made to measure"_s);
+    SaveSetting(setting::FootNote, u"No return after 30 days"_s);
+    static_cast<void>(desk.book(u"7"_s));
+    PrintJobCard(7);
+    const QStringList pages = desk.printed();
+    QCOMPARE(pages.size(), 1);
+    for (const QString &text :
+        {u"Kovrel Tailors"_s, u"12 Station Road"_s, u"Opposite Clock Tower"_s, u"Jaipur"_s, u"0141 555 0142"_s,
+            u"Made to measure"_s, u"Client Name : Asha Rao"_s, u"Job Card # 7"_s, u"Delivery Date : 17-Apr-2011"_s,
+            u"Date: 10-Apr-2011"_s, u"Trial Date: 12-Apr-2011"_s, u"Particulars Remark QTY Fees Amount"_s,
+            u"Coat Wool 2 400.00 800.00"_s, u"Total 1,600.00"_s, u"Amount Received 100.00"_s, u"Amount Due 1,500.00"_s,
+            u"For Kovrel Tailors"_s, u"Auth Sig"_s, u"No return after 30 days"_s, u"Staple Cloth Samples here..."_s})
+        QVERIFY2(pages.first().contains(text), qPrintable(text + u" is not in "_s + pages.first()));
+}
+
+void PrintJobCardTest::aCardOverManyPagesIsPrintedWhole()
+{
+    PrintDesk desk;
+    clsJobCardData rows;
+    for (int i = 1; i <= 70; ++i) {
+        JobCardRow row = desk.row();
+        row.Remarks = i == 40 ? QString(u"Remark 40 "_s).repeated(60) : u"Remark %1"_s.arg(i);
+        rows.AddNewRow(row);
+    }
+    JobCardStore store;
+    store.SaveNew(desk.card(u"7"_s), rows);
+    PrintJobCard(7);
+    const QStringList pages = desk.printed();
+    QVERIFY(pages.size() >= 3);
+    for (int i = 0; i < pages.size(); ++i) {
+        QVERIFY(pages.at(i).contains(u"Job Card # 7"_s));
+        QVERIFY(pages.at(i).contains(u"Page %1 of %2"_s.arg(i + 1).arg(pages.size())));
+        QCOMPARE(pages.at(i).contains(u"Amount Due"_s), i == pages.size() - 1);
+    }
+    const QString whole = pages.join(u' ');
+    for (int i = 1; i <= 70; ++i)
+        QVERIFY2(whole.contains(u"Remark %1 "_s.arg(i)), qPrintable(QString::number(i)));
+    QCOMPARE(whole.count(u"Remark 40"_s) + whole.count(u"40 Remark"_s) >= 60, true);
+    QCOMPARE(whole.count(u"400.00 800.00"_s), 70);
+}
+
+void PrintJobCardTest::anOverpaidCardPrintsInBrackets()
+{
+    PrintDesk desk;
+    JobCard card = desk.card(u"7"_s);
+    card.TotalText = u"0.10"_s;
+    card.ReceivedText = u"1250.3"_s;
+    clsJobCardData rows = desk.rows(1);
+    JobCardStore().SaveNew(card, rows);
+    PrintJobCard(7);
+    QVERIFY(desk.lines(headStatement).first().endsWith(u"|-1250.2"_s));
+    QVERIFY(desk.printed().first().contains(u"Amount Due (1,250.20)"_s));
+}
+
+void PrintJobCardTest::theLogoTakesItsPlace()
+{
+    PrintDesk desk;
+    const QString file = desk.folder.filePath(u"logo.png"_s);
+    QImage logo(30, 30, QImage::Format_RGB32);
+    logo.fill(Qt::darkBlue);
+    QVERIFY(logo.save(file));
+
+    Report with = rptJOBCARD();
+    const QRect beside = with.section(u"Section6").control(u"lblCompany").place;
+    SetJobCardLogo(with, file);
+    QVERIFY(!with.section(u"Section6").control(u"logo").picture.isNull());
+    QCOMPARE(with.section(u"Section6").control(u"lblCompany").place, beside);
+    QVERIFY(beside.left() > with.section(u"Section6").control(u"logo").place.right());
+
+    Report without = rptJOBCARD();
+    SetJobCardLogo(without, {});
+    for (const auto *name : {u"lblCompany", u"lblAddress1", u"lblAddress2", u"lblAddress3", u"lblContact"}) {
+        const QRect place = without.section(u"Section6").control(name).place;
+        QCOMPARE(place.left(), 144);
+        QCOMPARE(place.width(), 9360);
+    }
+
+    static_cast<void>(desk.book(u"7"_s));
+    SaveSetting(setting::LogoFile, file);
+    PrintJobCard(7);
+    QCOMPARE(desk.jobs, 1);
+}
+
+void PrintJobCardTest::aLogoThatIsGoneFailsThePrint()
+{
+    PrintDesk desk;
+    static_cast<void>(desk.book(u"7"_s));
+    SaveSetting(setting::LogoFile, desk.folder.filePath(u"gone.png"_s));
+    EXPECT_FAULT(Fault::FileNotFound, PrintJobCard(7));
+    QCOMPARE(desk.jobs, 0);
+    QCOMPARE(desk.count(u"JOBS"_s), 1);
+    // The shop can print again as soon as the logo is set right.
+    SaveSetting(setting::LogoFile, {});
+    PrintJobCard(7);
+    QCOMPARE(desk.jobs, 1);
+}
+
+void PrintJobCardTest::aCardThatIsGoneFailsThePrint()
+{
+    PrintDesk desk;
+    EXPECT_FAULT(Fault::NoCurrentRecord, PrintJobCard(9));
+    QCOMPARE(desk.jobs, 0);
+}
+
+void PrintJobCardTest::theSettingDecidesTheWay_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<bool>("previewed");
+    QTest::addColumn<int>("jobs");
+    QTest::newRow("never saved") << QString() << true << 0;
+    QTest::newRow("preview") << u"1"_s << true << 0;
+    QTest::newRow("at once") << u"0"_s << false << 1;
+    QTest::newRow("neither") << u"2"_s << false << 0;
+}
+
+void PrintJobCardTest::theSettingDecidesTheWay()
+{
+    QFETCH(QString, value);
+    QFETCH(bool, previewed);
+    QFETCH(int, jobs);
+    PrintDesk desk;
+    static_cast<void>(desk.book(u"7"_s));
+    if (value.isNull())
+        DE().CN.execute(u"Delete * from Settings where setting='15'"_s);
+    else
+        SaveSetting(setting::PrintPreview, value);
+    ModalScript script;
+    if (previewed)
+        script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
+    PrintJobCard(7);
+    QVERIFY(script.isDone());
+    QCOMPARE(desk.jobs, jobs);
+}
+
+void PrintJobCardTest::theCommandPrintsASavedCardOnly()
+{
+    PrintDesk desk;
+    static_cast<void>(desk.book(u"7"_s));
+    ModalScript script;
+    script.expect(u"frmEditJOB"_s, [&desk](QWidget &) {
+        accessKey('p');
+        QCOMPARE(desk.jobs, 0);
+        press(Qt::Key_Escape);
+    });
+    frmEditJOB().ShowAddNew();
+    script.expect(u"frmEditJOB"_s, [&desk](QWidget &) {
+        accessKey('p');
+        QCOMPARE(desk.jobs, 1);
+        press(Qt::Key_Escape);
+    });
+    bool deleted = false;
+    frmEditJOB().ShowEdit(7, deleted);
+    QCOMPARE(desk.lines(headStatement).size(), 1);
+}
+
+void PrintJobCardTest::aNewCardIsPrintedAfterItsSaveIfWanted()
+{
+    PrintDesk desk;
+    static_cast<void>(desk.book(u"7"_s));
+    SaveSetting(setting::PrintAfterSave, u"1"_s);
+    ModalScript script;
+    script.expect(u"frmEditJOB"_s, [](QWidget &) {
+        accessKey('s');
+        press(Qt::Key_Escape);
+    });
+    script.expectMessage(u"Job Edited."_s);
+    bool deleted = false;
+    frmEditJOB().ShowEdit(7, deleted);
+    // An edit never prints by itself.
+    QCOMPARE(desk.jobs, 0);
+
+    script.expect(u"frmEditJOB"_s, [](QWidget &screen) {
+        control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
+        accessKey('a');
+        accessKey('s');
+        press(Qt::Key_Escape);
+    });
+    script.expect(u"frmAddItem"_s, [](QWidget &) {
+        driver::type(u"coat"_s);
+        press(Qt::Key_Return);
+        accessKey('o');
+    });
+    script.expectMessage(u"New Job Created."_s);
+    frmEditJOB().ShowAddNew();
+    QCOMPARE(desk.jobs, 1);
+    QCOMPARE(desk.lines(u"Select JobID from tmpHead"_s), QStringList{u"8"_s});
+}
+
+CORVANE_TEST(PrintJobCardTest)
+#include "tst_MODPrintJOBCARD.moc"

@@ -1,0 +1,421 @@
+#include "reports/Report.h"
+
+#include "store/DataEnvironment.h"
+#include "support/TestShop.h"
+#include "support/expectFault.h"
+#include "support/pdfText.h"
+#include "support/testRegistry.h"
+
+#include <QFile>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using Format = ReportControl::Format;
+using Item = ReportPages::Item;
+using Kind = ReportSection::Kind;
+
+/// What the report engine makes of sections, fields and long lists.
+class ReportTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void fieldsAreShownInTheirFormat_data();
+    void fieldsAreShownInTheirFormat();
+    void aFieldMayBeThatOfAChild();
+    void groupsPrintTheirHeadOnEachPage();
+    void withoutRowsHeadsAndFeetStillPrint();
+    void onlyPageSectionsAreNumbered();
+    void aTextLongerThanAPageLosesNothing();
+    void aHeadTallerThanHalfAPageIsNotRepeated();
+    void aLineTooWideIsSetSmaller_data();
+    void aLineTooWideIsSetSmaller();
+    void whatGrowsPushesTheRestDown();
+    void namesAreFoundInAnyCase();
+    void picturesAreCheckedWhenSet();
+    void aPdfHoldsTheTextsAndIsWrittenWholeOrNotAtAll();
+};
+
+namespace {
+
+constexpr QRect wholeWidth{0, 0, 9000, 300};
+
+QStringList texts(const ReportPages::Page &page)
+{
+    QStringList found;
+    for (const Item &item : page) {
+        if (item.kind == Item::Kind::Text)
+            found += item.text;
+    }
+    return found;
+}
+
+const Item &itemWith(const ReportPages &pages, const QString &text)
+{
+    for (int i = 0; i < pages.count(); ++i) {
+        for (const Item &item : pages.page(i)) {
+            if (item.text == text)
+                return item;
+        }
+    }
+    qFatal("the report has no \"%s\"", qPrintable(text));
+}
+
+/// A shop with numbered accounts, and a recordset to report on.
+struct Desk : TestShop {
+    Recordset source{connection};
+
+    /// "Client 1" and so on; these and the four default accounts are there then.
+    void addClients(int count)
+    {
+        WriteGroup::run(connection, [&] {
+            for (int i = 1; i <= count; ++i)
+                addAccount(u"Client %1"_s.arg(i));
+        });
+    }
+};
+
+} // namespace
+
+void ReportTest::fieldsAreShownInTheirFormat_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QString>("shown");
+    const auto row = [](const char *name, const QString &stored, Format format, const QString &shown) {
+        QTest::newRow(name) << stored << static_cast<int>(format) << shown;
+    };
+    row("money", u"1234.5"_s, Format::Money, u"1234.50"_s);
+    row("grouped", u"1234567.5"_s, Format::MoneyGrouped, u"1,234,567.50"_s);
+    row("negative in brackets", u"-1250"_s, Format::MoneyGrouped, u"(1,250.00)"_s);
+    row("not an amount", u"free"_s, Format::MoneyGrouped, u"free"_s);
+    row("date", u"2011-04-01"_s, Format::DayMonthYear, u"01-Apr-2011"_s);
+    row("not a date", u"soon"_s, Format::DayMonthYear, u"soon"_s);
+    row("plain", u"0042 x"_s, Format::Plain, u"0042 x"_s);
+}
+
+void ReportTest::fieldsAreShownInTheirFormat()
+{
+    QFETCH(QString, stored);
+    QFETCH(int, format);
+    QFETCH(QString, shown);
+    Desk desk;
+    desk.addAccount(stored);
+    Report report(u"Test"_s, {});
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth).as(static_cast<Format>(format));
+    desk.source.open(u"Select * from Accounts where Type=0"_s);
+    QCOMPARE(texts(report.layOut(desk.source).page(0)), QStringList{shown});
+}
+
+void ReportTest::aFieldMayBeThatOfAChild()
+{
+    Desk desk;
+    desk.addClients(1);
+    desk.addPosting(5, QDate(2011, 4, 1), -80);
+    desk.addPosting(99, QDate(2011, 4, 1), 80);
+    Report report(u"Test"_s, {});
+    ReportSection &row = report.add(Kind::Detail, u"row"_s, 300);
+    row.field(u"title"_s, u"acc.Title"_s, wholeWidth);
+    row.field(u"amount"_s, u"Amount"_s, wholeWidth).as(Format::MoneyGrouped);
+    row.field(u"remark"_s, u"acc.Key"_s, wholeWidth);
+    desk.source.open(
+        u"SHAPE {SELECT * FROM `postings`} AS p APPEND ({SELECT * FROM `Accounts`} RELATE 'AccID' TO 'Id') AS acc"_s);
+    // Null, and a child that isn't there, print nothing.
+    QCOMPARE(texts(report.layOut(desk.source).page(0)), QStringList({u"Client 1"_s, u"(80.00)"_s, u"80.00"_s}));
+
+    row.field(u"wrong"_s, u"Titel"_s, wholeWidth);
+    EXPECT_FAULT(Fault::ItemNotFound, static_cast<void>(report.layOut(desk.source)));
+}
+
+void ReportTest::groupsPrintTheirHeadOnEachPage()
+{
+    Desk desk;
+    desk.addClients(130);
+    Report report(u"Test"_s, {}, u"rows"_s);
+    report.add(Kind::PageHead, u"top"_s, 300).caption(u"Page head"_s, wholeWidth);
+    report.add(Kind::GroupHead, u"head"_s, 300).field(u"t"_s, u"Title"_s, wholeWidth);
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    report.add(Kind::GroupFoot, u"foot"_s, 300).caption(u"Group foot"_s, wholeWidth);
+    report.add(Kind::PageFoot, u"bottom"_s, 300).caption(u"Page %p of %P"_s, wholeWidth);
+    desk.source.open(
+        u"SHAPE {SELECT * FROM Accounts where id=4} APPEND ({SELECT * FROM Accounts where type=0 order by id} "
+        "AS rows RELATE ReadOnly TO Nature) AS rows"_s);
+    // Cash is read-only, which is 1: the clients are related to it by a Nature of 1.
+    DE().CN.execute(u"update Accounts set Nature=1 where type=0"_s);
+    desk.source.open(
+        u"SHAPE {SELECT * FROM Accounts where id=4} APPEND ({SELECT * FROM Accounts where type=0 order by id} "
+        "AS rows RELATE ReadOnly TO Nature) AS rows"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    QCOMPARE(pages.count(), 3);
+
+    QStringList details;
+    for (int i = 0; i < pages.count(); ++i) {
+        QStringList page = texts(pages.page(i));
+        QCOMPARE(page.takeFirst(), u"Page head"_s);
+        QCOMPARE(page.takeFirst(), u"Cash"_s);
+        QCOMPARE(page.takeLast(), u"Page %1 of 3"_s.arg(i + 1));
+        details += page;
+    }
+    QCOMPARE(details.takeLast(), u"Group foot"_s);
+    QCOMPARE(details.size(), 130);
+    QCOMPARE(details.first(), u"Client 1"_s);
+    QCOMPARE(details.last(), u"Client 130"_s);
+}
+
+void ReportTest::withoutRowsHeadsAndFeetStillPrint()
+{
+    Desk desk;
+    Report report(u"Test"_s, {});
+    report.add(Kind::ReportHead, u"first"_s, 300).caption(u"Statement"_s, wholeWidth);
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    report.add(Kind::ReportFoot, u"last"_s, 300).caption(u"Total"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    QCOMPARE(pages.count(), 1);
+    QCOMPARE(texts(pages.page(0)), QStringList({u"Statement"_s, u"Total"_s}));
+}
+
+void ReportTest::onlyPageSectionsAreNumbered()
+{
+    Desk desk;
+    desk.addAccount(u"50%pure, 100%Pure"_s);
+    Report report(u"Test"_s, {});
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0"_s);
+    QCOMPARE(texts(report.layOut(desk.source).page(0)), QStringList{u"50%pure, 100%Pure"_s});
+}
+
+void ReportTest::aTextLongerThanAPageLosesNothing()
+{
+    Desk desk;
+    QStringList words;
+    for (int i = 0; i < 3000; ++i)
+        words += u"word%1"_s.arg(i);
+    desk.addAccount(words.join(u' '));
+    desk.addAccount(u"Next"_s);
+    Report report(u"Test"_s, {});
+    report.add(Kind::PageHead, u"top"_s, 300).caption(u"Top"_s, wholeWidth);
+    ReportSection &row = report.add(Kind::Detail, u"row"_s, 300);
+    row.field(u"f"_s, u"Title"_s, {0, 0, 2500, 300}).wrapped();
+    row.field(u"n"_s, u"Id"_s, {3000, 0, 900, 300});
+    desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    QVERIFY(pages.count() > 3);
+
+    QStringList printed;
+    for (int i = 0; i < pages.count(); ++i) {
+        for (const Item &item : pages.page(i)) {
+            QVERIFY(item.place.bottom() <= 16838 - 600);
+            if (item.place.x() < 3000 + 1129 && item.text != u"Top")
+                printed += item.text.split(u' ');
+        }
+    }
+    QCOMPARE(printed, words + QStringList{u"Next"_s});
+}
+
+void ReportTest::aHeadTallerThanHalfAPageIsNotRepeated()
+{
+    Desk desk;
+    desk.addClients(40);
+    DE().CN.execute(u"update Accounts set Nature=1 where type=0"_s);
+    Report report(u"Test"_s, {}, u"rows"_s);
+    report.add(Kind::GroupHead, u"head"_s, 9000).caption(u"Tall"_s, wholeWidth);
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    // Cash is read-only, which is 1: the clients are related to it by a Nature of 1.
+    DE().CN.execute(u"update Accounts set Nature=1 where type=0"_s);
+    desk.source.open(
+        u"SHAPE {SELECT * FROM Accounts where id=4} APPEND ({SELECT * FROM Accounts where type=0 order by id} "
+        "AS rows RELATE ReadOnly TO Nature) AS rows"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    QCOMPARE(pages.count(), 3);
+
+    QStringList details;
+    for (int i = 0; i < pages.count(); ++i) {
+        QStringList page = texts(pages.page(i));
+        QCOMPARE(page.takeFirst(), u"Page head"_s);
+        QCOMPARE(page.takeFirst(), u"Cash"_s);
+        QCOMPARE(page.takeLast(), u"Page %1 of 3"_s.arg(i + 1));
+        details += page;
+    }
+    QCOMPARE(details.takeLast(), u"Group foot"_s);
+    QCOMPARE(details.size(), 130);
+    QCOMPARE(details.first(), u"Client 1"_s);
+    QCOMPARE(details.last(), u"Client 130"_s);
+}
+
+void ReportTest::withoutRowsHeadsAndFeetStillPrint()
+{
+    Desk desk;
+    Report report(u"Test"_s, {});
+    report.add(Kind::ReportHead, u"first"_s, 300).caption(u"Statement"_s, wholeWidth);
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    report.add(Kind::ReportFoot, u"last"_s, 300).caption(u"Total"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    QCOMPARE(pages.count(), 1);
+    QCOMPARE(texts(pages.page(0)), QStringList({u"Statement"_s, u"Total"_s}));
+}
+
+void ReportTest::onlyPageSectionsAreNumbered()
+{
+    Desk desk;
+    desk.addAccount(u"50%pure, 100%Pure"_s);
+    Report report(u"Test"_s, {});
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0"_s);
+    QCOMPARE(texts(report.layOut(desk.source).page(0)), QStringList{u"50%pure, 100%Pure"_s});
+}
+
+void ReportTest::aTextLongerThanAPageLosesNothing()
+{
+    Desk desk;
+    QStringList words;
+    for (int i = 0; i < 3000; ++i)
+        words += u"word%1"_s.arg(i);
+    desk.addAccount(words.join(u' '));
+    desk.addAccount(u"Next"_s);
+    Report report(u"Test"_s, {});
+    report.add(Kind::PageHead, u"top"_s, 300).caption(u"Top"_s, wholeWidth);
+    ReportSection &row = report.add(Kind::Detail, u"row"_s, 300);
+    row.field(u"f"_s, u"Title"_s, {0, 0, 2500, 300}).wrapped();
+    row.field(u"n"_s, u"Id"_s, {3000, 0, 900, 300});
+    desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    QVERIFY(pages.count() > 3);
+
+    QStringList printed;
+    for (int i = 0; i < pages.count(); ++i) {
+        for (const Item &item : pages.page(i)) {
+            QVERIFY(item.place.bottom() <= 16838 - 600);
+            if (item.place.x() < 3000 + 1129 && item.text != u"Top")
+                printed += item.text.split(u' ');
+        }
+    }
+    QCOMPARE(printed, words + QStringList{u"Next"_s});
+}
+
+void ReportTest::aHeadTallerThanHalfAPageIsNotRepeated()
+{
+    Desk desk;
+    desk.addClients(40);
+    DE().CN.execute(u"update Accounts set Nature=1 where type=0"_s);
+    Report report(u"Test"_s, {}, u"rows"_s);
+    report.add(Kind::GroupHead, u"head"_s, 9000).caption(u"Tall"_s, wholeWidth);
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    desk.source.open(u"SHAPE {SELECT * FROM Accounts where id=4} APPEND ({SELECT * FROM Accounts where type=0} "
+                     "AS rows RELATE ReadOnly TO Nature) AS rows"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    QCOMPARE(pages.count(), 2);
+    QVERIFY(!texts(pages.page(1)).contains(u"Tall"_s));
+}
+
+void ReportTest::aLineTooWideIsSetSmaller_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("oneLine");
+    QTest::newRow("fits") << u"1,250.00"_s << true;
+    QTest::newRow("a little too wide") << u"1,234,567,890.00"_s << true;
+    QTest::newRow("far too wide") << u"A name that no column of a printed card was ever made for"_s << false;
+    QTest::newRow("far too wide, no blank") << QString(60, u'9') << false;
+}
+
+void ReportTest::aLineTooWideIsSetSmaller()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, oneLine);
+    Desk desk;
+    Report report(u"Test"_s, {});
+    ReportSection &head = report.add(Kind::ReportHead, u"head"_s, 600);
+    head.caption(text, {0, 0, 1500, 300}).right();
+    desk.source.open(u"Select * from Accounts"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    for (const Item &item : pages.page(0))
+        QVERIFY(QFontMetricsF(item.font).horizontalAdvance(item.text) <= 1500 * 1.01);
+    QCOMPARE(pages.page(0).size() == 1, oneLine);
+    QCOMPARE(texts(pages.page(0)).join(QString()).remove(u' '), QString(text).remove(u' '));
+}
+
+void ReportTest::whatGrowsPushesTheRestDown()
+{
+    Desk desk;
+    Report report(u"Test"_s, {});
+    ReportSection &head = report.add(Kind::ReportHead, u"head"_s, 900);
+    head.frame({0, 0, 5000, 900});
+    head.caption(u"one\r\ntwo\rthree\nfour"_s, {0, 0, 2000, 300});
+    head.caption(u"beside"_s, {2500, 0, 2000, 300});
+    head.caption(u"below"_s, {0, 350, 2000, 300});
+    head.line({0, 700, 5000, 0});
+    report.add(Kind::ReportFoot, u"foot"_s, 300).caption(u"after"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where id=0"_s);
+    const ReportPages pages = report.layOut(desk.source);
+
+    const double top = 720;
+    const double grown = itemWith(pages, u"four"_s).place.bottom() - top - 300;
+    QVERIFY(grown > 300);
+    QVERIFY(itemWith(pages, u"beside"_s).place.y() < top + 300);
+    QVERIFY(itemWith(pages, u"below"_s).place.y() >= itemWith(pages, u"four"_s).place.bottom());
+    const auto ofKind = [&pages](
+                            Item::Kind kind) { return std::ranges::find(pages.page(0), kind, &Item::kind)->place; };
+    QVERIFY(ofKind(Item::Kind::Line).y() >= top + 700 + grown - 1);
+    QVERIFY(ofKind(Item::Kind::Frame).bottom() >= top + 900 + grown - 1);
+    QVERIFY(itemWith(pages, u"after"_s).place.y() >= top + 900 + grown - 1);
+}
+
+void ReportTest::namesAreFoundInAnyCase()
+{
+    Report report(u"Test"_s, {});
+    report.add(Kind::PageHead, u"Section4"_s, 300).label(u"lblAddress3"_s, wholeWidth);
+    report.section(u"section4").setText(u"LBLADDRESS3", u"Jaipur"_s);
+    QCOMPARE(report.section(u"Section4").control(u"lbladdress3").text, u"Jaipur"_s);
+    EXPECT_FAULT(Fault::ItemNotFound, static_cast<void>(report.section(u"Section5")));
+    EXPECT_FAULT(Fault::ItemNotFound, report.section(u"Section4").setText(u"lblAddress4", {}));
+}
+
+void ReportTest::picturesAreCheckedWhenSet()
+{
+    Desk desk;
+    const QString file = desk.folder.filePath(u"logo.png"_s);
+    Report report(u"Test"_s, {});
+    ReportSection &head = report.add(Kind::PageHead, u"head"_s, 2000);
+    head.picture(u"logo"_s, {0, 0, 1000, 1000});
+    EXPECT_FAULT(Fault::FileNotFound, head.setPicture(u"logo", file));
+    QFile noPicture(file);
+    QVERIFY(noPicture.open(QIODevice::WriteOnly));
+    noPicture.write("no picture");
+    noPicture.close();
+    EXPECT_FAULT(Fault::FileFault, head.setPicture(u"logo", file));
+
+    QImage red(40, 20, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    QVERIFY(red.save(file));
+    head.setPicture(u"logo", file);
+    desk.source.open(u"Select * from Accounts where id=0"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    QCOMPARE(pages.page(0).front().picture.size(), red.size());
+}
+
+void ReportTest::aPdfHoldsTheTextsAndIsWrittenWholeOrNotAtAll()
+{
+    Desk desk;
+    desk.addClients(70);
+    Report report(u"Test"_s, {});
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
+    const ReportPages pages = report.layOut(desk.source);
+    const QString file = desk.folder.filePath(u"report.pdf"_s);
+    QVERIFY(pages.savePdf(file));
+    const QStringList read = pdfText(file);
+    QCOMPARE(read.size(), 2);
+    QVERIFY(read.first().contains(u"Client 1\n"_s));
+    QVERIFY(read.last().contains(u"Client 70\n"_s));
+
+    QVERIFY(!pages.savePdf(desk.folder.filePath(u"no such folder/report.pdf"_s)));
+    QVERIFY(!pages.savePdf(desk.folder.path()));
+    QCOMPARE(pdfText(file), read);
+}
+
+CORVANE_TEST(ReportTest)
+#include "tst_Report.moc"
