@@ -41,7 +41,7 @@ frmOpenJob::frmOpenJob()
     form->setSizeConstraint(QLayout::SetFixedSize);
 
     filterKeys(txtJOBID, DigitKeysOnly);
-    connect(Command1, &Command::clicked, this, &frmOpenJob::open);
+    connect(Command1, &Command::clicked, this, &frmOpenJob::openCard);
 }
 
 bool frmOpenJob::keyPreview(QKeyEvent *event)
@@ -53,7 +53,7 @@ bool frmOpenJob::keyPreview(QKeyEvent *event)
     return true;
 }
 
-void frmOpenJob::open()
+void frmOpenJob::openCard()
 {
     const double number = Val(txtJOBID->Text());
     const bool possible = number >= 1 && number <= largestJobNumber;

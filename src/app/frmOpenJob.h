@@ -16,7 +16,7 @@ protected:
     bool keyPreview(QKeyEvent *event) override;
 
 private:
-    void open();
+    void openCard();
 
     kvTextBox *txtJOBID;
     Command *Command1;
