@@ -132,7 +132,7 @@ void PrintJobCardTest::aCardOverManyPagesIsPrintedWhole()
     PrintDesk desk;
     clsJobCardData rows;
     for (int i = 1; i <= 70; ++i) {
-        JobCardRow row = desk.row();
+        JobCardRow row = OrderDesk::row();
         row.Remarks = i == 40 ? QString(u"Remark 40 "_s).repeated(60) : u"Remark %1"_s.arg(i);
         rows.AddNewRow(row);
     }
