@@ -44,6 +44,9 @@
 [[nodiscard]] qint16 Int16(double number);
 [[nodiscard]] qint32 Int32(double number);
 
+/// Amounts above this are no bills of a tailor; money columns and their sums hold far more.
+inline constexpr double largestAmount = 1e9;
+
 /// The span between two dates in words, "1 year, 2 months, 3 days".
 /// Empty when `from` is after `to`. `showAll` names all three counts; otherwise the years are left out while there are
 /// none, and the months with them. With `singular` a count of 1 takes the singular word. The text ends without a blank.
