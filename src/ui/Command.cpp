@@ -27,6 +27,18 @@ void Command::setComesLater(const QString &toolTip)
     setToolTip(toolTip);
 }
 
+QSize Command::sizeHint() const
+{
+    QSize size = QPushButton::sizeHint();
+    // The look writes a default command bold, of which the size that it asks for knows nothing.
+    if (isDefault()) {
+        QFont bold = font();
+        bold.setBold(true);
+        size.rwidth() += QFontMetrics(bold).horizontalAdvance(text()) - fontMetrics().horizontalAdvance(text());
+    }
+    return size;
+}
+
 bool Command::event(QEvent *event)
 {
     if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent *>(event)->isAmbiguous())

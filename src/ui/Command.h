@@ -19,6 +19,8 @@ public:
     /// Shows the command disabled, with a tool tip that says why.
     void setComesLater(const QString &toolTip);
 
+    [[nodiscard]] QSize sizeHint() const override;
+
 protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

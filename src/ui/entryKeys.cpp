@@ -53,6 +53,9 @@ void setColours(QWidget &control, const QColor &background, const QColor &text)
         palette.setColor(group, QPalette::Text, text);
     }
     control.setPalette(palette);
+    // The ground of a multi-line box does not follow the box by itself.
+    if (auto *area = qobject_cast<QAbstractScrollArea *>(&control))
+        area->viewport()->setPalette(palette);
 }
 
 /// The part of a control that shows its text. A combo's own colours would reach its list too.

@@ -228,6 +228,13 @@ void EntryFieldsTest::theFocusShowsWhiteOnBlack()
     QCOMPARE(background(screen.name), QColor(Qt::white));
     QCOMPARE(screen.name.palette().color(QPalette::Text), QColor(Qt::darkRed));
     QCOMPARE(background(screen.amount), QColor(Qt::black));
+    // What the screen shows counts, not what the box thinks.
+    const auto ground = [&screen] { return screen.lines.grab().toImage().pixelColor(screen.lines.rect().center()); };
+    QCOMPARE(ground(), QColor(Qt::white));
+    driver::press(Qt::Key_Tab);
+    QCOMPARE(ground(), QColor(Qt::black));
+    driver::press(Qt::Key_Tab);
+    QCOMPARE(ground(), QColor(Qt::white));
 }
 
 void EntryFieldsTest::aFieldIsLeftBeforeACommandActs_data()
