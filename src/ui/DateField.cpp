@@ -1,5 +1,6 @@
 #include "ui/DateField.h"
 
+#include "base/clock.h"
 #include "base/values.h"
 #include "ui/FieldFocus.h"
 
@@ -19,6 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int thisCentury = 2000;
+constexpr int century = 100;
 
 /// "1/4/11" into its parts; digits without separators are taken as day, month and year of two digits each, the year
 /// also of four.
@@ -59,6 +61,39 @@ DateField::DateField(const QString &name, QWidget *parent) : DateField(parent)
     setObjectName(name);
 }
 
+void DateField::setForBirthdays()
+{
+    m_forBirthdays = true;
+    // The first date that the field knows stands for none.
+    setSpecialValueText(u" "_s);
+    makeEmpty();
+}
+
+bool DateField::isEmpty() const
+{
+    return m_forBirthdays && date() == minimumDate();
+}
+
+void DateField::makeEmpty()
+{
+    m_typed.clear();
+    setDate(minimumDate());
+    showTyped();
+}
+
+QDate DateField::birthday() const
+{
+    return isEmpty() ? QDate() : date();
+}
+
+void DateField::setBirthday(QDate date)
+{
+    if (date.isValid())
+        setDate(date);
+    else
+        makeEmpty();
+}
+
 bool DateField::focusNextPrevChild(bool next)
 {
     // Past QDateTimeEdit, for which Tab walks through the parts.
@@ -76,6 +111,8 @@ void DateField::mousePressEvent(QMouseEvent *event)
 {
     takeTyped();
     QDateEdit::mousePressEvent(event);
+    if (isEmpty())
+        calendarWidget()->showToday();
 }
 
 void DateField::wheelEvent(QWheelEvent *event)
@@ -94,6 +131,10 @@ void DateField::keyPressEvent(QKeyEvent *event)
         m_typed.clear();
         return type(QApplication::clipboard()->text().simplified());
     }
+    const bool empties = m_forBirthdays && !isReadOnly()
+        && (event->key() == Qt::Key_Delete || (event->key() == Qt::Key_Backspace && m_typed.isEmpty()));
+    if (empties)
+        return makeEmpty();
     if (event->key() == Qt::Key_Backspace) {
         m_typed.chop(1);
         return showTyped();
@@ -106,6 +147,9 @@ void DateField::keyPressEvent(QKeyEvent *event)
     // Enter on what is no date does not go on to the screen's default command.
     if (!takeTyped())
         return;
+    // There is no part to change in an empty field.
+    if (isEmpty())
+        return event->ignore();
     if (isWholeSelected())
         setCurrentSectionIndex(0);
     QDateEdit::keyPressEvent(event);
@@ -121,7 +165,7 @@ void DateField::type(const QString &text)
     if (isReadOnly())
         return;
     if (m_typed.isEmpty())
-        m_firstPart = isWholeSelected() ? 0 : currentSectionIndex();
+        m_firstPart = isWholeSelected() || isEmpty() ? 0 : currentSectionIndex();
     m_typed += text;
     showTyped();
 }
@@ -135,6 +179,8 @@ QValidator::State DateField::validate(QString &input, int &place) const
 void DateField::showTyped()
 {
     const QSignalBlocker quiet(lineEdit());
+    if (m_typed.isEmpty() && isEmpty())
+        return lineEdit()->setText(specialValueText());
     QStringList parts = DateText(date()).split(u'-');
     if (!m_typed.isEmpty())
         parts = parts.first(m_firstPart) << m_typed;
@@ -156,8 +202,9 @@ bool DateField::takeTyped()
     QApplication::beep();
     // Once the focus has moved: a change of focus hides the tip.
     QTimer::singleShot(0, this, [this, text] {
+        const QString kept = isEmpty() ? u"empty"_s : DateText(date());
         QToolTip::showText(
-            mapToGlobal(rect().bottomLeft()), u"\"%1\" is not a date. It is still %2."_s.arg(text, DateText(date())));
+            mapToGlobal(rect().bottomLeft()), u"\"%1\" is not a date. It is still %2."_s.arg(text, kept));
     });
     return false;
 }
@@ -171,20 +218,26 @@ QDate DateField::typedDate() const
         return moment ? moment->date() : QDate();
     }
     QStringList parts = DateText(date()).split(u'-');
-    if (typed.isEmpty() || m_firstPart + typed.size() > parts.size())
+    const qsizetype lastPart = m_firstPart + typed.size();
+    if (typed.isEmpty() || lastPart > parts.size() || (isEmpty() && lastPart < parts.size()))
         return {};
     for (int i = 0; i < typed.size(); ++i)
         parts[m_firstPart + i] = typed.at(i);
     QString &year = parts[2];
     if (year.size() == 2)
-        year = QString::number(thisCentury + year.toInt());
+        year = QString::number(wholeYear(year.toInt()));
     const auto moment = readDateTime(parts.join(u'-'));
     return moment ? moment->date() : QDate();
 }
 
+int DateField::wholeYear(int ofTwoDigits) const
+{
+    const int year = thisCentury + ofTwoDigits;
+    return m_forBirthdays && year > machineClock::today().year() ? year - century : year;
+}
+
 void DateField::openCalendar()
 {
-    takeTyped();
     // QDateTimeEdit opens it for a press on its arrow and in no other way.
     QStyleOptionComboBox option;
     option.initFrom(this);
@@ -194,5 +247,5 @@ void DateField::openCalendar()
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this).center();
     QMouseEvent press(
         QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QDateEdit::mousePressEvent(&press);
+    mousePressEvent(&press);
 }

@@ -8,6 +8,9 @@
 /// entered by key: "1/4/11", "1-apr-2011", "010411", or just "5" or "5/4" for another day of the same month or year. A
 /// year of two digits is one of this century. What is typed counts when the field is left, or another key is pressed in
 /// it; something that is no date is told and the date stays. Up and Down change the part at the caret; Tab leaves.
+///
+/// A field for birthdays may be empty, which Delete makes it; into an empty one the whole date is typed. Its years of
+/// two digits lie in the hundred years up to now.
 class DateField : public QDateEdit {
     Q_OBJECT
 
@@ -15,6 +18,13 @@ public:
     explicit DateField(QWidget *parent = nullptr);
     /// `name` becomes the object name.
     explicit DateField(const QString &name, QWidget *parent = nullptr);
+
+    /// From now on the field is one for birthdays, and empty.
+    void setForBirthdays();
+    [[nodiscard]] bool isEmpty() const;
+    /// Invalid while the field is empty. `setBirthday` with an invalid date empties it.
+    [[nodiscard]] QDate birthday() const;
+    void setBirthday(QDate date);
 
 protected:
     bool focusNextPrevChild(bool next) override;
@@ -31,8 +41,11 @@ private:
     bool takeTyped();
     [[nodiscard]] bool isWholeSelected() const;
     [[nodiscard]] QDate typedDate() const;
+    [[nodiscard]] int wholeYear(int ofTwoDigits) const;
+    void makeEmpty();
     void openCalendar();
 
+    bool m_forBirthdays = false;
     QString m_typed;
     /// 0 for the day, 1 for the month, 2 for the year.
     int m_firstPart = 0;

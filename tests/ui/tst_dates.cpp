@@ -1,3 +1,4 @@
+#include "base/clock.h"
 #include "support/ModalScript.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
@@ -42,6 +43,8 @@ private slots:
     void whatIsNoDateIsToldAndTheDateStays();
     void keysChangeThePartsAndOpenTheCalendar();
     void theWheelChangesNothing();
+    void birthdaysMayBeEmpty_data();
+    void birthdaysMayBeEmpty();
     void aDateIsAskedFor();
 };
 
@@ -147,6 +150,62 @@ void DateTest::theWheelChangesNothing()
         Qt::NoScrollPhase, false);
     QApplication::sendEvent(&screen.date, &turn);
     QCOMPARE(screen.date.date(), QDate(2015, 6, 15));
+}
+
+void DateTest::birthdaysMayBeEmpty_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QDate>("date");
+    const auto row = [](const QString &typed, const QDate &date) { QTest::newRow(qPrintable(typed)) << typed << date; };
+    row(u"12/5/1975"_s, {1975, 5, 12});
+    row(u"12/5/75"_s, {1975, 5, 12});
+    row(u"120510"_s, {2010, 5, 12});
+    row(u"12/5/11"_s, {2011, 5, 12});
+    row(u"12/5/12"_s, {1912, 5, 12});
+    row(u"1975-05-12"_s, {1975, 5, 12});
+    // Half a date of an empty field is none.
+    row(u"12"_s, {});
+    row(u"12/5"_s, {});
+    row(u"31/6/1975"_s, {});
+}
+
+void DateTest::birthdaysMayBeEmpty()
+{
+    QFETCH(QString, typed);
+    QFETCH(QDate, date);
+    machineClock::replace([] { return QDateTime(QDate(2011, 4, 1), QTime(10, 0)); });
+    DateScreen screen;
+    screen.date.setForBirthdays();
+    QVERIFY(driver::show(screen));
+    const auto isEmpty = [&screen] { return screen.date.isEmpty() && screen.shown().trimmed().isEmpty(); };
+    QVERIFY(isEmpty());
+    for (const auto key : {Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Right, Qt::Key_Delete}) {
+        driver::press(key);
+        QVERIFY(isEmpty());
+    }
+    driver::press(Qt::Key_F4);
+    QTRY_VERIFY(screen.date.calendarWidget()->isVisible());
+    QCOMPARE(screen.date.calendarWidget()->yearShown(), QDate::currentDate().year());
+    driver::press(Qt::Key_Escape);
+    QTRY_VERIFY(!screen.date.calendarWidget()->isVisible());
+    QVERIFY(isEmpty());
+    driver::type(typed);
+    QCOMPARE(screen.shown(), typed);
+    driver::press(Qt::Key_Tab);
+    QVERIFY(screen.next.hasFocus());
+    QCOMPARE(screen.date.birthday(), date);
+    QCOMPARE(isEmpty(), !date.isValid());
+    for (const auto key : {Qt::Key_Delete, Qt::Key_Backspace}) {
+        screen.date.setBirthday({1980, 1, 31});
+        QCOMPARE(screen.shown(), u"31-Jan-1980"_s);
+        screen.date.setFocus(Qt::TabFocusReason);
+        driver::press(key);
+        QVERIFY(isEmpty());
+        driver::press(Qt::Key_Tab);
+        QVERIFY(isEmpty());
+    }
+    QToolTip::hideText();
+    machineClock::replace({});
 }
 
 void DateTest::aDateIsAskedFor()
