@@ -40,6 +40,7 @@ private slots:
     void f3OpensACardByItsNumber();
     void commandsLeadToTheirScreens_data();
     void commandsLeadToTheirScreens();
+    void theMastersLeadToTheirLists();
     void everyCommandHasItsCaption_data();
     void everyCommandHasItsCaption();
     void aboutTellsTheVersions();
@@ -287,6 +288,25 @@ void MainTest::commandsLeadToTheirScreens()
     }));
 }
 
+void MainTest::theMastersLeadToTheirLists()
+{
+    const std::pair<char, QString> lists[]{
+        {'c', u"frmClients"_s}, {'w', u"frmWorkers"_s}, {'i', u"frmItems"_s}, {'a', u"frmAccountsList"_s}};
+    ReadyShop shop;
+    ModalScript script;
+    QVERIFY(runProgram([&](frmMain &) {
+        script.expect(u"frmMasters"_s, [&](QWidget &) {
+            for (const auto &[key, className] : lists) {
+                script.expect(className, [](QWidget &) { press(Qt::Key_Escape); });
+                accessKey(key);
+            }
+            press(Qt::Key_Escape);
+        });
+        accessKey('m');
+        QVERIFY(script.isDone());
+    }));
+}
+
 void MainTest::everyCommandHasItsCaption_data()
 {
     QTest::addColumn<char>("menu");
@@ -296,8 +316,7 @@ void MainTest::everyCommandHasItsCaption_data()
         << u"cmdCreateJOB &New Job Card|cmdCreateNewClint &Masters|-Command2 JOB &Register|Command8 Report&s|"
            "-Command5 Shop Info|-Command7 Settings|Command4 &About Corvane"_s;
     QTest::newRow("masters")
-        << 'm'
-        << u"-cmdCreateNewClint &Clients|-Command1 &Workers|-Command3 &Items|-Command2 &Accounts|Command8 Back"_s;
+        << 'm' << u"cmdCreateNewClint &Clients|Command1 &Workers|Command3 &Items|Command2 &Accounts|Command8 Back"_s;
     QTest::newRow("reports")
         << 's'
         << u"-Command2 D&ues Register|-Command3 &Account Book|-Command7 &Wages Register|-Command6 &Day Book|"

@@ -1,0 +1,91 @@
+#include "masters/frmEditAccount.h"
+
+#include "store/DataEnvironment.h"
+#include "ui/Command.h"
+#include "ui/frmMsg.h"
+#include "ui/kvComboBox.h"
+#include "ui/kvTextBox.h"
+#include "ui/modAutoSearch.h"
+
+#include <QGridLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int ledgerAccount = 2;
+
+} // namespace
+
+frmEditAccount::frmEditAccount()
+    : MasterEditor(u"frmEditAccount"_s,
+        {u"Accounts"_s, u"Title"_s, DE().rsaccounts, DE().rsaccounts,
+            // Cancelled postings count too.
+            {{DE().rspostings, u"Select * from Postings where AccID="_s},
+                {DE().rspostings, u"Select * from Postings where RefID="_s}}})
+{
+    buildForm();
+}
+
+void frmEditAccount::buildForm()
+{
+    cmbType = new kvComboBox(u"cmbType"_s);
+    installAutoSearch(cmbType);
+    // In the order of their numbers in `Nature`.
+    setComboEntries(*cmbType, {u"Income"_s, u"Expenses"_s});
+    auto *fields = new QGridLayout;
+    addField(fields, u"Account Title :"_s, txtName);
+    addField(fields, u"Type :"_s, cmbType);
+    stretch(fields);
+    buildFrame(fields);
+    resize(460, sizeHint().height());
+    setTabOrder(Command1, Command2);
+}
+
+void frmEditAccount::startNew()
+{
+    start(u"N"_s, u"Add New Account"_s);
+}
+
+void frmEditAccount::ShowAddNew()
+{
+    addOne();
+}
+
+void frmEditAccount::ShowEdit(int AccountID)
+{
+    Recordset &row = startEdit(u"Edit Account"_s, AccountID);
+    cmbType->setCurrentIndex(row.integer(u"Nature"));
+    IsReadOnly = row.integer(u"ReadOnly");
+    row.close();
+    exec();
+}
+
+void frmEditAccount::save()
+{
+    if (isNameMissing(u"Please enter account title!"_s))
+        return;
+    if (cmbType->currentIndex() < 0)
+        return complain(u"Please select account type"_s, cmbType);
+    if (!isNew() && IsReadOnly == 1)
+        return complain(u"Cant't Rename!"_s);
+    if (isNameTaken())
+        return;
+    Recordset &row = rowToWrite();
+    row.set(u"Type", ledgerAccount);
+    row.set(u"Nature", cmbType->currentIndex());
+    store();
+    if (!isNew())
+        // The title that it was opened with stays the one that a change is measured by.
+        return ShowMessage(u"Account information edited."_s);
+    m_loadedName = txtName->Text();
+    ShowMessage(u"New Account created."_s);
+    start(u"E"_s, u"Edit Account"_s);
+}
+
+void frmEditAccount::deleteRow()
+{
+    if (IsReadOnly == 1)
+        return complain(u"Cant't Delete!"_s);
+    MasterEditor::deleteRow();
+}
