@@ -79,7 +79,7 @@ void DemoShop::addItems()
         items.set(u"WorkerFees", item.workerFees);
         items.set(u"ItemDetails", lines.join(u"\r\n"_s));
         items.set(u"ProdcutionCap", QString::number(item.capacity));
-        items.set(u"OpPendingOrders", u"0"_s);
+        items.set(u"OpPendingOrders", QString::number(item.pending));
         items.set(u"isInventory", item.inventory ? 1 : 0);
         items.update();
     }
@@ -102,7 +102,12 @@ void DemoShop::addAccount(const QString &title, int type, int nature)
     }
     if (type == Client) {
         accounts.set(u"Key", QString::number(m_clients.size() + 1));
-        accounts.set(u"DOB", QDate(pick(1945, 1995), pick(1, 12), pick(1, 28)));
+        const int year = pick(1945, 1995);
+        const int month = pick(1, 12);
+        const QDate birthday(year, month, pick(1, 28));
+        // Not everybody tells it.
+        if (m_clients.size() % 9 != 8)
+            accounts.set(u"DOB", birthday);
     }
     accounts.update();
     accounts.close();
@@ -110,9 +115,8 @@ void DemoShop::addAccount(const QString &title, int type, int nature)
 
 void DemoShop::addAccounts()
 {
-    addAccount(u"State Bank"_s, Ledger, Income);
-    addAccount(u"Shop Rent"_s, Ledger, Expenses);
-    addAccount(u"Electricity"_s, Ledger, Expenses);
+    for (const demoData::LedgerAccount &account : demoData::ledgerAccounts())
+        addAccount(account.title, Ledger, account.income ? Income : Expenses);
 }
 
 void DemoShop::addWorkers()

@@ -35,40 +35,48 @@ std::span<const Item> items()
     static const std::vector<Measure> waistcoat{{u"Length"_s, 24, 27}, {u"Chest"_s, 36, 46}, {u"Waist"_s, 32, 44},
         {u"Shoulder"_s, 13, 16}, {u"Neck Depth"_s, 9, 12}, {u"Buttons"_s, 0, 0, u"5"_s}};
     static const Item table[]{
-        {u"Shirt"_s, 350, 90, false, 12,
+        {u"Shirt"_s, 350, 90, false, 12, 9,
             {{u"Length"_s, 28, 32}, {u"Chest"_s, 36, 46}, {u"Waist"_s, 34, 44}, {u"Shoulder"_s, 16, 20},
                 {u"Sleeve"_s, 22, 26}, {u"Collar"_s, 14, 18}, {u"Cuff"_s, 8, 10}, {u"Pocket"_s, 0, 0, u"One"_s}}},
-        {u"Trousers"_s, 450, 120, false, 10, trousers()},
-        {u"Kurta"_s, 500, 130, false, 8,
+        {u"Trousers"_s, 450, 120, false, 10, 6, trousers()},
+        {u"Kurta"_s, 500, 130, false, 8, 4,
             {{u"Length"_s, 36, 44}, {u"Chest"_s, 36, 46}, {u"Waist"_s, 34, 44}, {u"Shoulder"_s, 16, 20},
                 {u"Sleeve"_s, 22, 26}, {u"Neck"_s, 14, 18}, {u"Side Slit"_s, 10, 15},
                 {u"Collar"_s, 0, 0, u"Chinese"_s}}},
-        {u"Pyjama"_s, 300, 70, false, 12,
+        {u"Pyjama"_s, 300, 70, false, 12, 3,
             {{u"Length"_s, 38, 43}, {u"Waist"_s, 28, 42}, {u"Seat"_s, 38, 48}, {u"Bottom"_s, 12, 20},
                 {u"Belt"_s, 0, 0, u"Drawstring"_s}}},
-        {u"Blazer"_s, 2800, 800, false, 2, jacket()},
-        {u"Suit 2 Piece"_s, 4200, 1200, false, 2, together(jacket(), trousers(), u"Trousers "_s)},
-        {u"Suit 3 Piece"_s, 5200, 1500, false, 1,
+        {u"Blazer"_s, 2800, 800, false, 2, 2, jacket()},
+        {u"Suit 2 Piece"_s, 4200, 1200, false, 2, 1, together(jacket(), trousers(), u"Trousers "_s)},
+        {u"Suit 3 Piece"_s, 5200, 1500, false, 1, 0,
             together(together(jacket(), trousers(), u"Trousers "_s), waistcoat, u"Waistcoat "_s)},
-        {u"Waistcoat"_s, 900, 260, false, 4, waistcoat},
-        {u"Nehru Jacket"_s, 1500, 420, false, 3,
+        {u"Waistcoat"_s, 900, 260, false, 4, 2, waistcoat},
+        {u"Nehru Jacket"_s, 1500, 420, false, 3, 1,
             {{u"Length"_s, 26, 29}, {u"Chest"_s, 36, 46}, {u"Waist"_s, 34, 44}, {u"Shoulder"_s, 15, 18},
                 {u"Collar"_s, 14, 18}, {u"Buttons"_s, 0, 0, u"5"_s}}},
-        {u"Sherwani"_s, 6500, 1900, false, 1,
+        {u"Sherwani"_s, 6500, 1900, false, 1, 1,
             {{u"Length"_s, 40, 46}, {u"Chest"_s, 36, 46}, {u"Waist"_s, 34, 44}, {u"Hip"_s, 38, 48},
                 {u"Shoulder"_s, 16, 20}, {u"Sleeve"_s, 23, 26}, {u"Collar"_s, 14, 18},
                 {u"Embroidery"_s, 0, 0, u"Collar and cuffs"_s}}},
-        {u"Salwar Kameez"_s, 750, 210, false, 6,
+        {u"Salwar Kameez"_s, 750, 210, false, 6, 5,
             {{u"Kameez Length"_s, 36, 44}, {u"Bust"_s, 32, 42}, {u"Waist"_s, 26, 38}, {u"Hip"_s, 34, 44},
                 {u"Shoulder"_s, 13, 16}, {u"Sleeve"_s, 10, 22}, {u"Neck Front"_s, 5, 8}, {u"Neck Back"_s, 4, 9},
                 {u"Salwar Length"_s, 36, 41}, {u"Salwar Bottom"_s, 12, 16}}},
-        {u"Blouse"_s, 400, 120, false, 8,
+        {u"Blouse"_s, 400, 120, false, 8, 7,
             {{u"Length"_s, 13, 16}, {u"Bust"_s, 32, 42}, {u"Waist"_s, 26, 36}, {u"Shoulder"_s, 12, 15},
                 {u"Sleeve"_s, 5, 12}, {u"Armhole"_s, 14, 18}, {u"Neck Front"_s, 6, 9}, {u"Neck Back"_s, 6, 11},
                 {u"Hook"_s, 0, 0, u"Front"_s}}},
-        {u"Safari Suit"_s, 1800, 520, false, 3, together(jacket(), trousers(), u"Trousers "_s)},
-        {u"Silk Tie"_s, 450, 0, true, 0, {}},
+        {u"Safari Suit"_s, 1800, 520, false, 3, 0, together(jacket(), trousers(), u"Trousers "_s)},
+        {u"Silk Tie"_s, 450, 0, true, 0, 0, {}},
     };
+    return table;
+}
+
+std::span<const LedgerAccount> ledgerAccounts()
+{
+    static const LedgerAccount table[]{{u"State Bank"_s, true}, {u"Shop Rent"_s, false}, {u"Electricity"_s, false},
+        {u"Alterations"_s, true}, {u"Owner's Capital"_s, true}, {u"Thread and Buttons"_s, false},
+        {u"Machine Repairs"_s, false}, {u"Tea and Sundries"_s, false}};
     return table;
 }
 

@@ -24,10 +24,18 @@ struct Item {
     bool inventory;
     /// Pieces a day, for the forecast of delivery dates.
     int capacity;
+    /// Pieces that waited already when the shop began to use the program.
+    int pending;
     std::vector<Measure> measures;
 };
 
+struct LedgerAccount {
+    QString title;
+    bool income;
+};
+
 [[nodiscard]] std::span<const Item> items();
+[[nodiscard]] std::span<const LedgerAccount> ledgerAccounts();
 [[nodiscard]] std::span<const QString> workers();
 [[nodiscard]] std::span<const QString> firstNames();
 [[nodiscard]] std::span<const QString> lastNames();
