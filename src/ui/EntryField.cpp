@@ -43,6 +43,11 @@ void EntryField::passCharacter(
     QKeyEvent *event, const std::function<int(int)> &filter, const std::function<void(QKeyEvent *)> &act)
 {
     const int typed = keys::characterCode(*event);
+    // An access key whose command is disabled would be taken for the letter.
+    const bool isAccessKey = typed == 0 && event->modifiers() == Qt::AltModifier && !event->text().isEmpty()
+        && event->text().at(0).isPrint();
+    if (isAccessKey)
+        return event->ignore();
     if (typed == 0)
         return act(event);
     int character = typed;
