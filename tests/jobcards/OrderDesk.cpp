@@ -13,20 +13,6 @@ OrderDesk::OrderDesk()
     addItem(u"Coat"_s, u"Chest\r\nWaist"_s, 400, 150);
 }
 
-void OrderDesk::addItem(
-    const QString &name, const QString &measurements, double fees, double workerFees, bool inventory)
-{
-    Recordset items(connection);
-    items.open(u"Select * from Items"_s);
-    items.addNew();
-    items.set(u"Name", name);
-    items.set(u"ItemDetails", measurements);
-    items.set(u"Fees", fees);
-    items.set(u"WorkerFees", workerFees);
-    items.set(u"isInventory", inventory ? 1 : 0);
-    items.update();
-}
-
 JobCard OrderDesk::card(const QString &number) const
 {
     JobCard card;
@@ -73,22 +59,6 @@ JobCardStore OrderDesk::book(const QString &number)
     clsJobCardData items = rows(1);
     store.SaveNew(card(number), items);
     return store;
-}
-
-QStringList OrderDesk::lines(const QString &statement)
-{
-    QStringList lines;
-    Recordset rows(connection);
-    rows.open(statement);
-    for (; !rows.eof(); rows.moveNext()) {
-        QStringList cells;
-        for (int column = 0; column < rows.columnCount(); ++column) {
-            const Value value = rows.value(column);
-            cells += value.isNull() ? QString() : value.toText();
-        }
-        lines += cells.join(u'|');
-    }
-    return lines;
 }
 
 QStringList OrderDesk::postings()

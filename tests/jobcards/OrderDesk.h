@@ -14,10 +14,5 @@ struct OrderDesk : TestShop {
     [[nodiscard]] clsJobCardData rows(int count) const;
     JobCardStore book(const QString &number);
 
-    void addItem(
-        const QString &name, const QString &measurements, double fees, double workerFees, bool inventory = false);
-
-    /// Each row of a statement as one text, columns joined by "|"; Null is empty.
-    [[nodiscard]] QStringList lines(const QString &statement);
     [[nodiscard]] QStringList postings();
 };

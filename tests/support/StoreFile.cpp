@@ -54,6 +54,36 @@ void StoreFile::addPosting(int accountID, const Value &date, double amount, int 
     rows.update();
 }
 
+void StoreFile::addItem(
+    const QString &name, const QString &measurements, double fees, double workerFees, bool inventory)
+{
+    Recordset items(connection);
+    items.open(u"Select * from Items"_s);
+    items.addNew();
+    items.set(u"Name", name);
+    items.set(u"ItemDetails", measurements);
+    items.set(u"Fees", fees);
+    items.set(u"WorkerFees", workerFees);
+    items.set(u"isInventory", inventory ? 1 : 0);
+    items.update();
+}
+
+QStringList StoreFile::lines(const QString &statement)
+{
+    QStringList lines;
+    Recordset rows(connection);
+    rows.open(statement);
+    for (; !rows.eof(); rows.moveNext()) {
+        QStringList cells;
+        for (int column = 0; column < rows.columnCount(); ++column) {
+            const Value value = rows.value(column);
+            cells += value.isNull() ? QString() : value.toText();
+        }
+        lines += cells.join(u'|');
+    }
+    return lines;
+}
+
 int StoreFile::count(const QString &table)
 {
     Recordset rows(connection);

@@ -3,6 +3,7 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 
+#include <QStringList>
 #include <QTemporaryDir>
 
 /// A new shop database in a folder of its own, made by the program's own creation and opened beside the data
@@ -13,6 +14,10 @@ struct StoreFile {
 
     void addAccount(const QString &title, QDate birthday = {}, int type = 0);
     void addPosting(int accountID, const Value &date, double amount, int status = 0);
+    void addItem(
+        const QString &name, const QString &measurements, double fees, double workerFees, bool inventory = false);
+    /// Each row of a statement as one text, columns joined by "|"; Null is empty.
+    [[nodiscard]] QStringList lines(const QString &statement);
     [[nodiscard]] int count(const QString &table);
     [[nodiscard]] QString path() const { return folder.filePath(QStringLiteral("data15.mdb")); }
 

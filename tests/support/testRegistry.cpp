@@ -11,6 +11,9 @@ QtMessageHandler testHandler = nullptr;
 /// Qt Test forgets after each function that warnings fail it, so it is told again when one comes.
 void failOnWarning(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
+    // Which scripts the machine has fonts for is not the program's doing.
+    if (message.contains(QLatin1String("OpenType support missing")))
+        return;
     if (type == QtWarningMsg)
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
     testHandler(type, context, message);
