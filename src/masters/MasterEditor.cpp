@@ -106,14 +106,19 @@ void MasterEditor::start(const QString &mode, const QString &heading)
     TranslateForm(*this);
 }
 
+QString MasterEditor::rowStatement() const
+{
+    return u"Select * from "_s + m_kind.table + u" where id="_s + QString::number(m_id);
+}
+
 Recordset &MasterEditor::startEdit(const QString &heading, int id)
 {
     start(u"E"_s, heading);
     m_id = id;
     Recordset &row = m_kind.rows;
-    row.reopen(u"Select * from "_s + m_kind.table + u" where id="_s + QString::number(id));
-    m_loadedName = row.text(m_kind.nameColumn);
-    txtName->setText(m_loadedName);
+    row.reopen(rowStatement());
+    OldTitle = row.text(m_kind.nameColumn);
+    txtName->setText(OldTitle);
     for (const TextField &field : m_texts)
         field.box->setText(row.textOrEmpty(field.column));
     return row;
@@ -130,7 +135,7 @@ bool MasterEditor::isNameMissing(const QString &message)
 
 bool MasterEditor::isNameTaken()
 {
-    return isTaken(m_kind.nameColumn, txtName, m_loadedName, u"Duplicate!"_s);
+    return isTaken(m_kind.nameColumn, txtName, OldTitle, u"Duplicate!"_s);
 }
 
 bool MasterEditor::isTaken(const QString &column, kvTextBox *box, const QString &loaded, const QString &message)
@@ -148,10 +153,7 @@ bool MasterEditor::isTaken(const QString &column, kvTextBox *box, const QString 
 Recordset &MasterEditor::rowToWrite()
 {
     Recordset &row = m_kind.rows;
-    QString statement = u"Select * from "_s + m_kind.table;
-    if (!isNew())
-        statement += u" where id="_s + QString::number(m_id);
-    row.reopen(statement);
+    row.reopen(isNew() ? m_kind.allRows : rowStatement());
     if (isNew())
         row.addNew();
     row.set(m_kind.nameColumn, txtName->Text());
@@ -171,7 +173,7 @@ void MasterEditor::store()
 
 void MasterEditor::finishSave(const QString &added, const QString &changed)
 {
-    m_loadedName = txtName->Text();
+    OldTitle = txtName->Text();
     if (!isNew())
         return ShowMessage(changed);
     m_addedOne = true;

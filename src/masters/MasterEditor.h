@@ -26,6 +26,8 @@ protected:
     struct Kind {
         QString table;
         QString nameColumn;
+        /// What a new row is added to.
+        QString allRows;
         Recordset &rows;
         Recordset &lookups;
         std::vector<Use> uses;
@@ -79,7 +81,7 @@ protected:
 
     QString EditMode;
     int m_id = 0;
-    QString m_loadedName;
+    QString OldTitle;
     kvTextBox *txtName;
     Command *Command1;
     Command *Command2;
@@ -89,6 +91,8 @@ private:
         kvTextBox *box;
         QString column;
     };
+
+    [[nodiscard]] QString rowStatement() const;
 
     Kind m_kind;
     QLabel *lblTitle;

@@ -17,6 +17,7 @@
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -167,7 +168,11 @@ void MasterList::fill()
     rows.reserve(static_cast<size_t>(names.size()));
     for (const QString &entry : names)
         rows.push_back({.cells = {entry}});
+    // Where the user looks stays in view.
+    const int scrolled = lstSummary->verticalScrollBar()->value();
     lstSummary->list().setRows(std::move(rows));
+    lstSummary->doItemsLayout();
+    lstSummary->verticalScrollBar()->setValue(scrolled);
     if (row >= 0) {
         const int same = rowOf(name);
         lstSummary->setCurrentRow(same >= 0 ? same : qMin(row, static_cast<int>(names.size()) - 1));

@@ -19,7 +19,7 @@ constexpr int ledgerAccount = 2;
 
 frmEditAccount::frmEditAccount()
     : MasterEditor(u"frmEditAccount"_s,
-        {u"Accounts"_s, u"Title"_s, DE().rsaccounts, DE().rsaccounts,
+        {u"Accounts"_s, u"Title"_s, u"Select * from accounts order by id"_s, DE().rsaccounts, DE().rsaccounts,
             // Cancelled postings count too.
             {{DE().rspostings, u"Select * from Postings where AccID="_s},
                 {DE().rspostings, u"Select * from Postings where RefID="_s}}})
@@ -78,7 +78,7 @@ void frmEditAccount::save()
     if (!isNew())
         // The title that it was opened with stays the one that a change is measured by.
         return ShowMessage(u"Account information edited."_s);
-    m_loadedName = txtName->Text();
+    OldTitle = txtName->Text();
     ShowMessage(u"New Account created."_s);
     start(u"E"_s, u"Edit Account"_s);
 }

@@ -25,7 +25,7 @@ QString &lastSavedName()
 
 frmEditClients::frmEditClients()
     : MasterEditor(u"frmEditClients"_s,
-        {u"Accounts"_s, u"Title"_s, DE().rsaccounts, DE().rsaccounts,
+        {u"Accounts"_s, u"Title"_s, u"Select * from Accounts"_s, DE().rsaccounts, DE().rsaccounts,
             // Its postings don't keep a client: they go with its job cards.
             {{DE().rsJOBS_DETAIL, u"Select * from JOBS_DETAIL where ClintID="_s}}})
 {

@@ -42,7 +42,7 @@ QRadioButton *option(const QString &name, const QString &caption)
 
 frmEditItem::frmEditItem()
     : MasterEditor(u"frmEditItem"_s,
-        {u"Items"_s, u"Name"_s, DE().rsITEMS, DE().rsItems2,
+        {u"Items"_s, u"Name"_s, u"Select * from Items"_s, DE().rsITEMS, DE().rsItems2,
             {{DE().rsJOBS_DETAIL, u"Select * from JOBS_DETAIL where ItemID="_s}}})
 {
     buildForm();

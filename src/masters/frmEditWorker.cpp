@@ -16,7 +16,7 @@ constexpr int worker = 1;
 
 frmEditWorker::frmEditWorker()
     : MasterEditor(u"frmEditWorker"_s,
-        {u"Accounts"_s, u"Title"_s, DE().rsaccounts, DE().rsaccounts,
+        {u"Accounts"_s, u"Title"_s, u"Select * from Accounts"_s, DE().rsaccounts, DE().rsaccounts,
             {{DE().rsJOBS_DETAIL, u"Select * from JOBS_DETAIL where WorkerID="_s},
                 {DE().rspostings, u"Select * from Postings where AccID="_s}}})
 {

@@ -68,6 +68,11 @@ void inScreen(const QString &className, const std::function<void()> &open,
     QVERIFY(script.isDone());
 }
 
+bool isEntered(const QWidget &field)
+{
+    return field.window()->focusWidget() == &field;
+}
+
 void paste(const QString &text)
 {
     QApplication::clipboard()->setText(text);

@@ -40,5 +40,8 @@ enum Kind { Client, Worker, Item, Account };
 void inScreen(const QString &className, const std::function<void()> &open,
     const std::function<void(QWidget &, ModalScript &)> &work);
 
+/// Whether `field` has the focus of its screen, which may still be waiting for the keyboard after a message.
+[[nodiscard]] bool isEntered(const QWidget &field);
+
 /// Puts `text` into the focused field as from another program.
 void paste(const QString &text);

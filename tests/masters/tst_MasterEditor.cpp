@@ -106,7 +106,7 @@ void MasterEditorTest::newOnesAreAddedOneAfterAnother()
         script.expect(master(kind).editor, [&, round](QWidget &editor) {
             QCOMPARE(shownScreens(), 1);
             QCOMPARE(control<QLabel>(editor, "lblTitle").text(), headings.section(u'|', 0, 0));
-            QVERIFY(control<kvTextBox>(editor, "txtName").hasFocus());
+            QVERIFY(isEntered(control<kvTextBox>(editor, "txtName")));
             QVERIFY(control<kvTextBox>(editor, "txtName").text().isEmpty());
             QVERIFY(!control<QPushButton>(editor, "Command2").isEnabled());
             if (round == 3)
@@ -139,7 +139,7 @@ void MasterEditorTest::aNameMustBeGiven()
             script.expectMessage(master(kind).missing);
             accessKey('s');
             QVERIFY(script.isDone());
-            QVERIFY(control<kvTextBox>(editor, "txtName").hasFocus());
+            QVERIFY(isEntered(control<kvTextBox>(editor, "txtName")));
         }
         press(Qt::Key_Escape);
     });
@@ -191,7 +191,7 @@ void MasterEditorTest::aNameMayNotBeTaken()
                 script.expect(master(kind).editor, [](QWidget &) { press(Qt::Key_Escape); });
             accessKey('s');
             QCOMPARE(control<kvTextBox>(editor, "txtName").text(), name);
-            QVERIFY(!expected || control<kvTextBox>(editor, "txtName").hasFocus());
+            QVERIFY(!expected || isEntered(control<kvTextBox>(editor, "txtName")));
             if (editor.isVisible())
                 press(Qt::Key_Escape);
         });

@@ -79,7 +79,7 @@ void EditAccountTest::theTypeMustBeChosen()
         type(u"cash"_s);
         for (int i = 0; i < 2; ++i) {
             tells(script, 's', u"Please select account type"_s);
-            QVERIFY(kind.hasFocus());
+            QVERIFY(isEntered(kind));
             // Half an entry is none.
             type(u"i"_s);
             press(Qt::Key_Backspace);
@@ -88,7 +88,7 @@ void EditAccountTest::theTypeMustBeChosen()
         type(u"i"_s);
         press(Qt::Key_Return);
         tells(script, 's', u"Duplicate!"_s);
-        QVERIFY(control<kvTextBox>(editor, "txtName").hasFocus());
+        QVERIFY(isEntered(control<kvTextBox>(editor, "txtName")));
         press(Qt::Key_Escape);
     });
     QCOMPARE(desk.count(u"Accounts"_s), 7);

@@ -88,7 +88,7 @@ void EditClientsTest::aClientIsEnteredByEnterAlone()
             type(QLatin1StringView(entry));
             press(Qt::Key_Return);
         }
-        QVERIFY(control<QPushButton>(editor, "Command1").hasFocus());
+        QVERIFY(isEntered(control<QPushButton>(editor, "Command1")));
         script.expectMessage(u"New Client Created."_s);
         script.expect(u"frmEditClients"_s, [&script](QWidget &next) {
             QVERIFY(control<DateField>(next, "dateDob").isEmpty());
@@ -170,7 +170,7 @@ void EditClientsTest::keysAreOneEach()
         if (saved && isNew)
             script.expect(u"frmEditClients"_s, [](QWidget &) { press(Qt::Key_Escape); });
         accessKey('s');
-        QVERIFY(saved || box.hasFocus());
+        QVERIFY(saved || isEntered(box));
         if (saved && !isNew) {
             // What it was saved with is its own from now on.
             script.expectMessage(message);
@@ -207,9 +207,9 @@ void EditClientsTest::theNextKeyFollowsTheLastAccounts()
     inNew([&next](QWidget &editor, ModalScript &) {
         accessKey('g');
         QCOMPARE(control<kvTextBox>(editor, "txtKey").text(), next);
-        QVERIFY(control<kvTextBox>(editor, "txtKey").hasFocus());
+        QVERIFY(isEntered(control<kvTextBox>(editor, "txtKey")));
         press(Qt::Key_Return);
-        QVERIFY(control<kvTextBox>(editor, "txtAddress").hasFocus());
+        QVERIFY(isEntered(control<kvTextBox>(editor, "txtAddress")));
         press(Qt::Key_Escape);
     });
 }

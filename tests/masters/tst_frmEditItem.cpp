@@ -64,7 +64,7 @@ void EditItemTest::anItemIsEnteredByKeys()
                 press(Qt::Key_Return);
             }
             press(Qt::Key_Return);
-            QVERIFY(lines.hasFocus());
+            QVERIFY(isEntered(lines));
             // The pattern is selected and written over; Enter makes a line, Tab leaves.
             type(u"Length"_s);
             press(Qt::Key_Return);
@@ -144,7 +144,7 @@ void EditItemTest::numbersAreKeptOrToldAtTheirField()
         if (told)
             control<QRadioButton>(editor, "ckProduct").setChecked(true);
         save(script, told ? outcome : u"Item Edited."_s);
-        QVERIFY(!told || box.hasFocus());
+        QVERIFY(!told || isEntered(box));
         QVERIFY(!told || control<kvTextBoxMultiLine>(editor, "txtItemDetails").Text() == u"Chest\r\nWaist");
         press(Qt::Key_Escape);
     });
