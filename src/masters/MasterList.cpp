@@ -117,7 +117,7 @@ void MasterList::buildForm()
     form->addLayout(head);
     form->addWidget(lstSummary, 1);
     form->addLayout(commands);
-    resize(420, 560);
+    resize(420, 480);
     setTabOrder(lstSummary, Command1);
     setTabOrder(Command1, Command2);
 }

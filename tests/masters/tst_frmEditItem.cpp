@@ -26,7 +26,6 @@ private slots:
     void templatesHoldNoBlankLines_data();
     void templatesHoldNoBlankLines();
     void anInventoryItemHasNoMeasurements();
-    void ordersKeepTheirTemplate();
 };
 
 namespace {
@@ -218,20 +217,6 @@ void EditItemTest::anInventoryItemHasNoMeasurements()
         QVERIFY(control<QRadioButton>(editor, "ckProduct").isChecked());
         press(Qt::Key_Escape);
     });
-}
-
-void EditItemTest::ordersKeepTheirTemplate()
-{
-    MasterDesk desk;
-    desk.addOrder(5, 1, 6);
-    inEdit([](QWidget &editor, ModalScript &script) {
-        control<kvTextBox>(editor, "txtName").setText(u"Long Coat"_s);
-        control<kvTextBoxMultiLine>(editor, "txtItemDetails").setText(u"Length"_s);
-        save(script, u"Item Edited."_s);
-        press(Qt::Key_Escape);
-    });
-    QCOMPARE(
-        desk.lines(u"Select ItemID, ItemName, ItemDetails from JOBS_DETAIL"_s), QStringList{u"1|Asha Rao|Asha Rao"_s});
 }
 
 CORVANE_TEST(EditItemTest)
