@@ -46,6 +46,7 @@ click()
 }
 answer() { window "The Corvane"; keys "$1"; }
 
+main="Corvane 8.2 | www.corvane.example | Made to measure"
 number=0
 # picture NAME: the screen as it stands.
 picture()
@@ -66,8 +67,75 @@ echo "First start: the demo shop is chosen."
 window "Select Database"
 picture first-start
 keys Tab Return
-window "Corvane 8.2 | www.corvane.example | Made to measure"
+window "$main"
 picture main
+
+echo "The masters: a client is found and looked at, a new one added; items, workers and accounts."
+keys alt+m
+window "Masters"
+keys alt+c
+window "Clients"
+words "me"
+picture clients
+keys Return
+window "Edit Client Information"
+picture edit-client
+keys Escape
+window "Clients"
+keys alt+a
+window "Add New Client"
+field "Nandini O'Brien"
+keys alt+g Return
+field "14, Lake View"
+field "Udaipur"
+field "Rajasthan"
+words "98290 12345"
+picture new-client
+keys alt+s
+answer Return
+window "Add New Client"
+keys Escape
+window "Clients"
+words "nandini"
+keys Return
+window "Edit Client Information"
+keys Escape
+window "Clients"
+keys Escape
+window "Masters"
+keys alt+i
+window "Items"
+words "sherw"
+keys Return
+window "Edit Item"
+picture edit-item
+keys Escape
+window "Items"
+keys Escape
+window "Masters"
+keys alt+w
+window "Workers"
+words "imr"
+keys Return
+window "Edit Worker Information"
+picture edit-worker
+keys Escape
+window "Workers"
+keys Escape
+window "Masters"
+keys alt+a
+window "Accounts"
+picture accounts
+words "shop"
+keys Return
+window "Edit Account"
+picture edit-account
+keys Escape
+window "Accounts"
+keys Escape
+window "Masters"
+keys Escape
+window "$main"
 
 echo "A card is booked for a client found by typing, with two items."
 keys alt+n
@@ -103,7 +171,7 @@ picture saved
 keys Return
 window "Edit JOB Card"
 keys Escape
-window "Corvane 8.2 | www.corvane.example | Made to measure"
+window "$main"
 
 echo "The client brings the card back: it is opened by its number and changed."
 keys F3
@@ -138,7 +206,7 @@ window "Print Preview"
 keys Escape
 window "Edit JOB Card"
 keys Escape
-window "Corvane 8.2 | www.corvane.example | Made to measure"
+window "$main"
 
 paper=$(pdftotext -layout "$tour/job-card.pdf" -)
 for text in "Kovrel Tailors" "Job Card #" "Sherwani" "Trousers" "2,500.00" "Staple Cloth Samples here..."; do
