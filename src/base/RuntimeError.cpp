@@ -11,6 +11,7 @@ QString usualText(Fault fault)
     case Fault::SubscriptOutOfRange: return u"Subscript out of range"_s;
     case Fault::TypeMismatch: return u"Type mismatch"_s;
     case Fault::FileNotFound: return u"File not found"_s;
+    case Fault::DeviceFault: return u"Device I/O error"_s;
     case Fault::FileFault: return u"Path/File access error"_s;
     case Fault::InvalidUseOfNull: return u"Invalid use of Null"_s;
     case Fault::NoCurrentRecord: return u"No current record."_s;

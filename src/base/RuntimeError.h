@@ -10,6 +10,7 @@ enum class Fault {
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
     FileNotFound = 53,
+    DeviceFault = 57,
     FileFault = 75,
     InvalidUseOfNull = 94,
     NoCurrentRecord = 3021,

@@ -2,11 +2,16 @@
 
 #include "base/session.h"
 #include "base/values.h"
+#include "comms/kvSMS.h"
+#include "comms/modSMS.h"
 #include "jobcards/MODPrintJOBCARD.h"
 #include "jobcards/ScrollingText.h"
 #include "jobcards/clientGreeting.h"
 #include "jobcards/entryFilters.h"
 #include "jobcards/frmAddItem.h"
+#include "jobcards/frmSearchClient.h"
+#include "masters/frmEditClients.h"
+#include "production/frmDDP.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "store/settings.h"
@@ -62,13 +67,12 @@ kvTextBox *amountBox(const QString &name, bool shownOnly)
 
 } // namespace
 
-frmEditJOB::frmEditJOB() : Screen(u"frmEditJOB"_s, u"Create New Job Card"_s)
+frmEditJOB::frmEditJOB() : Screen(u"frmEditJOB"_s, u"Create New Job Card"_s), m_sms(new kvSMS(this))
 {
     buildForm();
     setTabs();
     connectCommands();
-    setComboEntries(
-        *cmbClient, FillCombo(u"Title"_s, u"Accounts"_s, u" where type="_s + QString::number(0), DE().rsaccounts));
+    fillClients();
     setComboEntries(*cmbAccount,
         FillCombo(
             u"Title"_s, u"Accounts"_s, u" where type="_s + QString::number(2) + u" and nature=0 "_s, DE().rsaccounts));
@@ -103,7 +107,6 @@ QLayout *frmEditJOB::buildHead()
     cmbClient = new kvComboBox(u"cmbClient"_s);
     installAutoSearch(cmbClient);
     Command9 = new Command(u"Command9"_s, u"&Quick Find"_s);
-    Command9->setComesLater(u"The search for clients comes with a later version."_s);
     DateDel = new DateField(u"DateDel"_s);
     DateTrial = new DateField(u"DateTrial"_s);
     lblDelDate = new QLabel;
@@ -220,7 +223,6 @@ QLayout *frmEditJOB::buildCommands()
     Command3 = new Command(u"Command3"_s, u"&New"_s);
     Command7 = new Command(u"Command7"_s, u"&Delete"_s);
     Command11 = new Command(u"Command11"_s, u"Pending Orders Status"_s);
-    Command11->setComesLater(u"The status of pending orders comes with a later version."_s);
     Command1->setDefault(true);
     auto *row = new QHBoxLayout;
     row->addWidget(Command7);
@@ -266,7 +268,9 @@ void frmEditJOB::connectCommands()
         if (picCancel->isVisible())
             txtCancel->setFocus(Qt::OtherFocusReason);
     });
+    connect(Command9, &Command::clicked, this, &frmEditJOB::findClient);
     connect(Command10, &Command::clicked, this, &frmEditJOB::copyRow);
+    connect(Command11, &Command::clicked, this, [] { frmDDP().exec(); });
     connect(Command12, &Command::clicked, this, [this] {
         chStatus->setFocus(Qt::OtherFocusReason);
         picCancel->hide();
@@ -277,6 +281,10 @@ bool frmEditJOB::keyPreview(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_I && event->modifiers() == Qt::ControlModifier) {
         lvItems->setFocus(Qt::ShortcutFocusReason);
+        return true;
+    }
+    if (event->key() == Qt::Key_A && event->modifiers() == Qt::ControlModifier && cmbClient->hasFocus()) {
+        addClient();
         return true;
     }
     return Screen::keyPreview(event);
@@ -425,6 +433,28 @@ void frmEditJOB::leaveReceived()
     showAmountDue();
 }
 
+void frmEditJOB::fillClients()
+{
+    setComboEntries(
+        *cmbClient, FillCombo(u"Title"_s, u"Accounts"_s, u" where type="_s + QString::number(0), DE().rsaccounts));
+}
+
+void frmEditJOB::findClient()
+{
+    const QString title = frmSearchClient().SearchClient();
+    if (title.isEmpty())
+        return;
+    cmbClient->setText(title);
+    cmbClient->setFocus(Qt::OtherFocusReason);
+}
+
+void frmEditJOB::addClient()
+{
+    const QString title = frmEditClients().AddNewFromJobCard();
+    fillClients();
+    cmbClient->setText(title);
+}
+
 void frmEditJOB::greetClient()
 {
     if (SelectComboEntry(*cmbClient) < 0)
@@ -546,6 +576,17 @@ void frmEditJOB::save()
         m_store.SaveEdit(collect(), JobRows);
         ShowMessage(u"Job Edited."_s);
     }
+    offerSMS();
+}
+
+void frmEditJOB::offerSMS()
+{
+    if (GetSetting(setting::SendJobNumber) == u"No")
+        return;
+    if (AskUser(u"This Job has been registered.\r\nWould you like to Inform Client via SMS?"_s) != 1)
+        return;
+    m_sms->sendAtShopPort(
+        GetClientMobile(cmbClient->Text(), 0), GetBookedSMS(m_store.CurrentJobID(), Val(txtAmount->Text())));
 }
 
 void frmEditJOB::deleteCard()

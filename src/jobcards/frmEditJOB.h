@@ -11,6 +11,7 @@ class QCheckBox;
 class QLabel;
 class ScrollingText;
 class kvComboBox;
+class kvSMS;
 class kvTextBox;
 
 /// The order desk: one screen on which a job card is booked, changed, cancelled or deleted.
@@ -50,6 +51,9 @@ private:
     void allowManualNumber();
     void showCards();
 
+    void fillClients();
+    void findClient();
+    void addClient();
     void greetClient();
     void leaveReceived();
     void showAmountDue();
@@ -60,6 +64,7 @@ private:
     void clearRows();
     void showRow(int listRow, int index);
     void save();
+    void offerSMS();
     void deleteCard();
     [[nodiscard]] JobCard collect() const;
 
@@ -94,6 +99,7 @@ private:
     Command *Command11;
     Command *Command12;
 
+    kvSMS *m_sms;
     JobCardStore m_store;
     clsJobCardData JobRows;
     bool m_jobDeleted = false;

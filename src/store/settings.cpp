@@ -38,7 +38,7 @@ std::span<const Default> defaults()
         {FollowSystemDate, u"0"_s},
         {FirstJobNumber, u"1"_s},
         {BookedSms,
-            u"Dear Customer\r Your Job ID # %eid%\r of Rs. %amount%\r has been booked. "
+            u"Dear Customer\r Your Job ID # %eid%\r of Rs. %amount% has been booked. "
             "To track job status call us with this ID.\r\r"_s},
         {CompletedSms,
             u"Dear Customer Your Job ID # %eid% has been completed. Please visit our shop to collect clothes.\r\r"_s},

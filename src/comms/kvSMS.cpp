@@ -1,0 +1,34 @@
+#include "comms/kvSMS.h"
+
+#include "base/RuntimeError.h"
+#include "base/values.h"
+#include "store/settings.h"
+#include "ui/frmMsg.h"
+#include "ui/platformBox.h"
+
+using namespace Qt::StringLiterals;
+
+void kvSMS::SendSMS(qint16 &port, const QString &number, const QString &message)
+{
+    constexpr char endOfMessage = 26;
+    try {
+        m_port.close();
+        m_port.open(port);
+        m_port.write("AT+CMGF=1\r");
+        m_port.write("AT+CMGS=\"" + NumberText(Val(number)).toLatin1() + "\"\r");
+        m_port.write(message.toLatin1() + endOfMessage);
+    } catch (const RuntimeError &error) {
+        platformBox::show(error.text());
+    }
+}
+
+void kvSMS::sendAtShopPort(const QString &mobile, const QString &message)
+{
+    if (mobile.isEmpty())
+        return ShowMessage(u"Mobile Number Not Found!\r\nSMS Sending has been Failed."_s);
+    const QString port = GetSetting(setting::ModemPort);
+    if (port.isEmpty())
+        return ShowMessage(u"Modem Com Port Error!\r\nSMS Sending has been Failed."_s);
+    qint16 number = Int16(Val(port));
+    SendSMS(number, mobile, message);
+}

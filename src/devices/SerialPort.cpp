@@ -1,0 +1,92 @@
+#include "devices/SerialPort.h"
+
+#include "base/RuntimeError.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QSerialPort>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int inputBuffer = 1024;
+constexpr int writeMilliseconds = 2000;
+
+} // namespace
+
+SerialPort::SerialPort() : m_port(std::make_unique<QSerialPort>())
+{
+    m_port->setReadBufferSize(inputBuffer);
+}
+
+SerialPort::~SerialPort()
+{
+    close();
+}
+
+QString SerialPort::deviceOf(int number)
+{
+    if (const QString device = qEnvironmentVariable("CORVANE_MODEM"); !device.isEmpty())
+        return device;
+#ifdef Q_OS_WIN
+    return u"COM%1"_s.arg(number);
+#else
+    const QString index = QString::number(number - 1);
+    for (const QString &kind : {u"/dev/ttyUSB"_s, u"/dev/ttyACM"_s}) {
+        if (QFileInfo::exists(kind + index))
+            return kind + index;
+    }
+    return u"/dev/ttyS"_s + index;
+#endif
+}
+
+bool SerialPort::isOpen() const
+{
+    return m_port->isOpen();
+}
+
+void SerialPort::open(int number)
+{
+    if (number < 1)
+        throw RuntimeError(Fault::DeviceFault, u"Invalid port number"_s, QString::number(number));
+    m_port->setPortName(deviceOf(number));
+    m_port->setBaudRate(QSerialPort::Baud9600);
+    m_port->setDataBits(QSerialPort::Data8);
+    m_port->setParity(QSerialPort::NoParity);
+    m_port->setStopBits(QSerialPort::OneStop);
+    m_port->setFlowControl(QSerialPort::NoFlowControl);
+    if (!m_port->open(QIODevice::ReadWrite))
+        fail();
+    m_millisecondsLeft = writeMilliseconds;
+}
+
+void SerialPort::close()
+{
+    if (!isOpen())
+        return;
+    // The system would wait for a device that takes nothing before it lets it go.
+    m_port->clear();
+    m_port->close();
+}
+
+void SerialPort::write(const QByteArray &bytes)
+{
+    QElapsedTimer clock;
+    clock.start();
+    if (m_port->write(bytes) < 0)
+        fail();
+    while (m_port->bytesToWrite() > 0) {
+        const auto left = static_cast<int>(m_millisecondsLeft - clock.elapsed());
+        if (left > 0 && m_port->waitForBytesWritten(left))
+            continue;
+        m_port->clear();
+        fail();
+    }
+    m_millisecondsLeft -= clock.elapsed();
+}
+
+void SerialPort::fail() const
+{
+    throw RuntimeError(Fault::DeviceFault, m_port->errorString(), m_port->portName());
+}

@@ -1,0 +1,153 @@
+#include "jobcards/frmSearchClient.h"
+
+#include "store/DataEnvironment.h"
+#include "store/jetsql.h"
+#include "store/settings.h"
+#include "ui/Command.h"
+#include "ui/ListView.h"
+#include "ui/entryKeys.h"
+#include "ui/kvTextBox.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Searching ignores case; what is typed stays as typed.
+constexpr int plainText = 2;
+constexpr int searchesInARow = 2;
+
+} // namespace
+
+frmSearchClient::frmSearchClient() : Screen(u"frmSearchClient"_s, u"Search Client"_s)
+{
+    buildForm();
+    opShowAllUndel->setChecked(settingIsOn(setting::ShowUndelivered));
+    connect(opShowAllUndel, &QCheckBox::clicked, this,
+        [](bool ticked) { SaveSetting(setting::ShowUndelivered, ticked ? u"1"_s : u"0"_s); });
+    connect(lvResults, &ListView::opened, this, &frmSearchClient::choose);
+    connect(Command1, &Command::clicked, this, &frmSearchClient::choose);
+    connect(Command2, &Command::clicked, this, &QDialog::reject);
+}
+
+void frmSearchClient::buildForm()
+{
+    const Search searches[]{{u"txtName"_s, u"Name :"_s, u"Title"_s}, {u"txtMobile"_s, u"Mobile :"_s, u"Mobile"_s},
+        {u"txtAddress"_s, u"Address :"_s, u"Address"_s}, {u"txtCity"_s, u"City :"_s, u"City"_s},
+        {u"txtState"_s, u"State :"_s, u"State"_s}, {u"txtKey"_s, u"Key :"_s, u"Key"_s}};
+    auto *grid = new QGridLayout;
+    int place = 0;
+    for (const Search &search : searches) {
+        const int row = place / searchesInARow;
+        const int column = place % searchesInARow * 2;
+        grid->addWidget(new QLabel(search.caption), row, column, Qt::AlignRight);
+        grid->addWidget(searchBox(search), row, column + 1);
+        ++place;
+    }
+    lvResults = new ListView(u"lvResults"_s, {{u"Name"_s, 30}, {u"Address"_s, 34}, {u"City"_s, 16}, {u"Mobile"_s, 20}});
+
+    auto *query = new QGroupBox(u"Alter Query"_s);
+    query->setObjectName(u"fmQuery"_s);
+    fmQuery = query;
+    opShowAllUndel = new QCheckBox(u"Show all jobs"_s);
+    opShowAllUndel->setObjectName(u"opShowAllUndel"_s);
+    auto *queryRow = new QHBoxLayout(fmQuery);
+    queryRow->addWidget(opShowAllUndel);
+    fmQuery->hide();
+
+    Command1 = new Command(u"Command1"_s, u"&Ok"_s);
+    Command1->setDefault(true);
+    Command2 = new Command(u"Command2"_s, u"&Cancel"_s);
+    auto *commands = new QHBoxLayout;
+    commands->addWidget(fmQuery);
+    commands->addStretch();
+    commands->addWidget(Command2);
+    commands->addWidget(Command1);
+
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(grid);
+    whole->addWidget(lvResults, 1);
+    whole->addLayout(commands);
+    resize(820, 540);
+}
+
+kvTextBox *frmSearchClient::searchBox(const Search &search)
+{
+    auto *box = new kvTextBox(search.name, plainText);
+    box->setAutoTab(false);
+    connect(box, &kvTextBox::changed, this, [this, box, column = search.column] { SearchText(box->Text(), column); });
+    connect(box, &kvTextBox::keyDown, this, [this](int &key) { ScrollLV(*lvResults, key); });
+    connect(box, &kvTextBox::keyPress, this, [this](int &key) {
+        if (key != keys::Enter)
+            return;
+        key = keys::Swallowed;
+        choose();
+    });
+    return box;
+}
+
+QString frmSearchClient::SearchClient()
+{
+    m_chosen.clear();
+    exec();
+    return m_chosen;
+}
+
+QString frmSearchClient::SearchClient2(bool &ShowAllUndel)
+{
+    fmQuery->show();
+    const QString title = SearchClient();
+    ShowAllUndel = m_showAll;
+    return title;
+}
+
+void frmSearchClient::SearchText(const QString &text, const QString &column)
+{
+    std::vector<ListRow> rows;
+    if (!text.isEmpty()) {
+        Recordset &clients = DE().rsaccounts;
+        clients.reopen(u"Select * from Accounts  where type="_s + QString::number(0) + u" and "_s + column
+            + u" like '%"_s + jetsql::quoted(text) + u"%'"_s);
+        rows.reserve(static_cast<size_t>(clients.recordCount()));
+        for (; !clients.eof(); clients.moveNext())
+            rows.push_back({.cells = {clients.text(u"Title"), clients.textOrEmpty(u"Address"),
+                                clients.textOrEmpty(u"City"), clients.textOrEmpty(u"Mobile")}});
+        clients.close();
+    }
+    lvResults->list().setRows(std::move(rows));
+    // Enter right after the last letter takes the first hit.
+    lvResults->setCurrentRow(0);
+    FindListItem(*lvResults, text);
+}
+
+void frmSearchClient::FindListItem(ListView &list, const QString &text)
+{
+    const QString sought = text.toUpper();
+    for (int row = 0; row < list.list().rowCount(); ++row) {
+        if (list.list().cell(row, 0).left(text.size()).trimmed().toUpper().contains(sought))
+            return list.setCurrentRow(row);
+    }
+}
+
+void frmSearchClient::ScrollLV(ListView &list, int key)
+{
+    const int row = list.currentRow();
+    if (key == keys::Up && row > 0)
+        list.setCurrentRow(row - 1);
+    else if (key == keys::Down && row < list.list().rowCount() - 1)
+        list.setCurrentRow(row + 1);
+}
+
+void frmSearchClient::choose()
+{
+    if (lvResults->list().rowCount() == 0 || lvResults->currentRow() < 0)
+        return;
+    m_chosen = lvResults->list().cell(lvResults->currentRow(), 0);
+    m_showAll = opShowAllUndel->isChecked();
+    accept();
+}
