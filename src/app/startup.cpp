@@ -1,7 +1,9 @@
 #include "app/startup.h"
 
+#include "app/defaultWallpaper.h"
 #include "app/frmMain.h"
 #include "app/frmSelectDB.h"
+#include "app/programFolder.h"
 #include "base/RuntimeError.h"
 #include "base/clock.h"
 #include "base/session.h"
@@ -10,14 +12,18 @@
 #include "store/schema.h"
 #include "store/settings.h"
 #include "ui/platformBox.h"
+#include "ui/theme.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
 #include <QSaveFile>
 #include <QScopedValueRollback>
 #include <QSettings>
 #include <QTextStream>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -80,6 +86,20 @@ QSettings userValues()
 }
 
 } // namespace
+
+void startProgram(QApplication &application, const QString &folder)
+{
+    const QString ownFolder = QCoreApplication::applicationDirPath();
+    session::ProgramFolder = chooseProgramFolder(folder, ownFolder);
+    prepareProgramFolder(session::ProgramFolder, ownFolder);
+
+    applyTheme(application);
+    QApplication::setWindowIcon(QIcon(programSign(128)));
+    // The process ends with the main screen, and not with a choice or a message that is shown before it.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    // From within the event loop, so that a failure ends in the error report as any other.
+    QTimer::singleShot(0, &application, Main);
+}
 
 void Main()
 {

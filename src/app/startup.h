@@ -2,12 +2,18 @@
 
 #include <QString>
 
+class QApplication;
+
 /// From the configuration file to the open database of the session and the main screen.
 ///
 /// The configuration file, "cv.ini" in `ProgramFolder`, names the database in its last line, "DBPATH=" and the path.
 /// Earlier lines have no effect.
 
-/// Starts the program: finds the database, offers the choice of one on the user's first run, makes a missing one, opens
+/// Gives the process its folder, `folder` being the one that was asked for, and its look, and has `Main` run as soon as
+/// the event loop does.
+void startProgram(QApplication &application, const QString &folder);
+
+/// Starts the session: finds the database, offers the choice of one on the user's first run, makes a missing one, opens
 /// it, and shows the main screen. REQUIRES: an event loop runs, `session::ProgramFolder` is set.
 void Main();
 

@@ -1,14 +1,8 @@
-#include "app/defaultWallpaper.h"
-#include "app/programFolder.h"
 #include "app/startup.h"
-#include "base/session.h"
 #include "store/DataEnvironment.h"
 #include "ui/Application.h"
-#include "ui/theme.h"
 
 #include <QCommandLineParser>
-#include <QIcon>
-#include <QTimer>
 
 #include <algorithm>
 #include <cstdlib>
@@ -47,16 +41,7 @@ int main(int count, char **arguments)
     Application application(count, arguments);
     parser.process(application);
 
-    const QString ownFolder = QCoreApplication::applicationDirPath();
-    session::ProgramFolder = chooseProgramFolder(parser.value(folder), ownFolder);
-    prepareProgramFolder(session::ProgramFolder, ownFolder);
-
-    applyTheme(application);
-    QApplication::setWindowIcon(QIcon(programSign(128)));
-    // The process ends with the main screen, and not with a choice or a message that is shown before it.
-    QGuiApplication::setQuitOnLastWindowClosed(false);
-    // From within the event loop, so that a failure ends in the error report as any other.
-    QTimer::singleShot(0, &application, Main);
+    startProgram(application, parser.value(folder));
     const int status = QCoreApplication::exec();
     renewDE();
     return status;
