@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Case.h"
+
+/// The lines of the table. Each group is made on the full shop, open in `DE`; a further line is one more entry in its
+/// group's list.
+namespace bench {
+
+[[nodiscard]] std::vector<Case> storeCases();
+/// REQUIRES: an Application.
+[[nodiscard]] std::vector<Case> screenCases();
+/// REQUIRES: the user has chosen a database before, and `session::ProgramFolder` is the shop's.
+[[nodiscard]] std::vector<Case> startCases();
+
+/// Most memory that the program has held, in MiB, measured in a process of its own that opened the main screen, above
+/// it a list of all item rows, scrolled to its end, and above that the large card. REQUIRES: as `startCases`.
+[[nodiscard]] double peakMemory();
+
+/// Whether this process was started for one of `startCases` or `peakMemory`; it is to return `runAsChild` then.
+[[nodiscard]] bool isChild(int count, char **arguments);
+[[nodiscard]] int runAsChild(int count, char **arguments);
+
+} // namespace bench

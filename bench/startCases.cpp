@@ -1,0 +1,167 @@
+#include "PaintWatch.h"
+#include "app/startup.h"
+#include "base/RuntimeError.h"
+#include "base/session.h"
+#include "cases.h"
+#include "fullShop.h"
+#include "itemList.h"
+#include "jobcards/frmEditJOB.h"
+#include "ui/Application.h"
+#include "ui/ListView.h"
+#include "ui/Screen.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QScreen>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace bench {
+
+namespace {
+
+constexpr int patience = 60'000;
+
+/// What a child process tells, before it waits to be ended.
+void tell(const QByteArray &line)
+{
+    std::fputs((line + '\n').constData(), stdout);
+    std::fflush(stdout);
+}
+
+/// A process of this program with a task of its own, started when it is made.
+class Child {
+public:
+    explicit Child(const QString &task)
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(
+            QCoreApplication::applicationFilePath(), {u"--child"_s, task, session::ProgramFolder}, QIODevice::ReadOnly);
+    }
+
+    ~Child()
+    {
+        m_process.kill();
+        m_process.waitForFinished(patience);
+    }
+
+    /// Waits for the child's one line.
+    QByteArray line()
+    {
+        while (!m_process.canReadLine()) {
+            if (!m_process.waitForReadyRead(patience))
+                throw RuntimeError(Fault::Engine, u"A child process told nothing."_s, {});
+        }
+        return m_process.readLine().trimmed();
+    }
+
+private:
+    QProcess m_process;
+};
+
+Run timedStart(const QString &task)
+{
+    const auto start = Clock::now();
+    Child child(task);
+    child.line();
+    return {Clock::now() - start};
+}
+
+void showMain(QApplication &application, const QString &folder)
+{
+    startProgram(application, folder);
+    static const PaintWatch watch(u"frmMain"_s, [](QWidget &) { tell("painted"); });
+}
+
+void showEmpty(QApplication &, const QString &)
+{
+    auto *window = new QWidget;
+    window->setObjectName(u"empty"_s);
+    auto *layout = new QVBoxLayout(window);
+    layout->addWidget(new QTableView);
+    window->resize(window->screen()->availableSize());
+    static const PaintWatch watch(u"empty"_s, [](QWidget &) { tell("painted"); });
+    window->show();
+}
+
+/// The "VmHWM:" of the process, in KiB.
+QByteArray mostMemory()
+{
+    QFile status(u"/proc/self/status"_s);
+    if (status.open(QIODevice::ReadOnly)) {
+        for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine()) {
+            if (line.startsWith("VmHWM:"))
+                return line.mid(6).replace("kB", "").trimmed();
+        }
+    }
+    return {};
+}
+
+void showAll(QApplication &application, const QString &folder)
+{
+    startProgram(application, folder);
+    static const PaintWatch mainWatch(u"frmMain"_s, [](QWidget &) {
+        Screen screen(u"frmRegister"_s);
+        auto *layout = new QVBoxLayout(&screen);
+        auto *view = new ListView(u"lvItems"_s, itemList::columns());
+        layout->addWidget(view);
+        screen.resize(1000, 600);
+        itemList::fill(view->list());
+        const PaintWatch watch(u"frmRegister"_s, [view](QWidget &) {
+            view->setCurrentRow(view->list().rowCount() - 1);
+            view->repaint();
+            const PaintWatch cardWatch(u"frmEditJOB"_s, [](QWidget &) { tell(mostMemory()); });
+            bool deleted = false;
+            frmEditJOB().ShowEdit(fullShop::largeCard, deleted);
+        });
+        screen.exec();
+    });
+}
+
+Case startProgramCase()
+{
+    Case work{u"start of the process to the main screen painted"_s, 3.0};
+    work.ours = [] { return timedStart(u"main"_s); };
+    work.byHand = [] { return timedStart(u"empty"_s); };
+    return work;
+}
+
+} // namespace
+
+std::vector<Case> startCases()
+{
+    return {startProgramCase()};
+}
+
+double peakMemory()
+{
+    constexpr double kibInMib = 1024;
+    return Child(u"all"_s).line().toDouble() / kibInMib;
+}
+
+bool isChild(int count, char **arguments)
+{
+    return count == 4 && QByteArrayView(arguments[1]) == "--child";
+}
+
+int runAsChild(int count, char **arguments)
+{
+    const QByteArrayView task(arguments[2]);
+    const QString folder = QFile::decodeName(arguments[3]);
+    if (task == "empty") {
+        // Without anything of the program, its application object included.
+        QApplication application(count, arguments);
+        showEmpty(application, folder);
+        return QApplication::exec();
+    }
+    Application application(count, arguments);
+    (task == "main" ? showMain : showAll)(application, folder);
+    return Application::exec();
+}
+
+} // namespace bench
