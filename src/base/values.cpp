@@ -1,5 +1,6 @@
 #include "base/values.h"
 
+#include "base/Currency.h"
 #include "base/RuntimeError.h"
 
 #include <QLocale>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -83,6 +85,12 @@ bool isZero(const Decimal &number)
     return std::all_of(number.digits.cbegin(), number.digits.cend(), [](char digit) { return digit == '0'; });
 }
 
+/// The last digit of a whole number.
+QChar digit(qint64 number)
+{
+    return QChar(static_cast<char16_t>(u'0' + number % 10));
+}
+
 struct MoneyParts {
     bool negative;
     QString whole;
@@ -91,6 +99,16 @@ struct MoneyParts {
 
 MoneyParts moneyParts(double amount)
 {
+    // Nearly all amounts have four decimals at most and are known exactly by their ten-thousandths: lists of thousands
+    // of them need no digits taken apart.
+    constexpr double mostUnits = 1e14;
+    const double units = std::nearbyint(amount * Currency::Scale);
+    if (std::fabs(units) < mostUnits && units / Currency::Scale == amount) {
+        constexpr qint64 unitsOfCent = Currency::Scale / 100;
+        const qint64 cents = (std::llabs(static_cast<qint64>(units)) + unitsOfCent / 2) / unitsOfCent;
+        const QChar digits[]{digit(cents / 10), digit(cents)};
+        return {units < 0 && cents != 0, QString::number(cents / 100), QString(digits, 2)};
+    }
     Decimal number = toDecimal(amount);
     roundTo(number, 2);
     return {number.negative && !isZero(number), wholePart(number), fraction(number).leftJustified(2, u'0', true)};
@@ -257,7 +275,16 @@ QString MoneyGrouped(double amount)
 
 QString DayMonthYear(QDate date)
 {
-    return date.isValid() ? QLocale::c().toString(date, u"dd-MMM-yyyy") : QString();
+    if (!date.isValid())
+        return {};
+    const int year = date.year();
+    if (year < 0 || year > 9999)
+        return QLocale::c().toString(date, u"dd-MMM-yyyy");
+    // Lists show thousands of dates; a locale takes its pattern apart for each of them.
+    const QLatin1StringView month = monthNames.at(static_cast<size_t>(date.month()) - 1);
+    const QChar text[]{digit(date.day() / 10), digit(date.day()), u'-', QChar(month[0]).toUpper(), month[1], month[2],
+        u'-', digit(year / 1000), digit(year / 100), digit(year / 10), digit(year)};
+    return QString(text, std::size(text));
 }
 
 QString DateText(QDate date)
