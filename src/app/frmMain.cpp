@@ -19,7 +19,6 @@
 #include "ui/language.h"
 #include "ui/theme.h"
 
-#include <QCalendarWidget>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -72,7 +71,11 @@ frmMain::frmMain()
     setWindowState(Qt::WindowMaximized);
 
     connect(TodayDate, &DateField::dateChanged, this, &frmMain::takeDate);
-    TodayDate->calendarWidget()->installEventFilter(this);
+    // Closed without a choice, the calendar confirms the date shown.
+    connect(TodayDate, &DateField::calendarClosed, this, [this] {
+        if (isVisible())
+            takeDate();
+    });
 }
 
 void frmMain::buildForm()
@@ -215,14 +218,6 @@ void frmMain::takeDate()
 {
     session::CurrentDate = TodayDate->date();
     SaveSetting(setting::WorkingDate, DateText(session::CurrentDate));
-}
-
-bool frmMain::eventFilter(QObject *watched, QEvent *event)
-{
-    // The calendar is the only thing watched. Closed without a choice, it confirms the date shown.
-    if (event->type() == QEvent::Hide && isVisible())
-        takeDate();
-    return Screen::eventFilter(watched, event);
 }
 
 bool frmMain::keyPreview(QKeyEvent *event)

@@ -30,7 +30,6 @@ protected:
     void escapePressed() override;
     void activated() override;
     void done(int result) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void buildForm();

@@ -48,8 +48,6 @@ DateField::DateField(QWidget *parent) : QDateEdit(parent)
     setLocale(QLocale::c());
     setDisplayFormat(u"dd-MMM-yyyy"_s);
     setCalendarPopup(true);
-    calendarWidget()->setLocale(QLocale::c());
-    calendarWidget()->setFirstDayOfWeek(Qt::Monday);
     setFocusPolicy(Qt::StrongFocus);
     // Date fields are drawn less high than the text fields that they stand beside.
     setMinimumHeight(QLineEdit().sizeHint().height());
@@ -110,9 +108,18 @@ void DateField::focusOutEvent(QFocusEvent *event)
 void DateField::mousePressEvent(QMouseEvent *event)
 {
     takeTyped();
+    prepareCalendar();
     QDateEdit::mousePressEvent(event);
     if (isEmpty())
         calendarWidget()->showToday();
+}
+
+bool DateField::eventFilter(QObject *watched, QEvent *event)
+{
+    // The calendar is the only thing watched.
+    if (event->type() == QEvent::Hide)
+        emit calendarClosed();
+    return QDateEdit::eventFilter(watched, event);
 }
 
 void DateField::wheelEvent(QWheelEvent *event)
@@ -234,6 +241,17 @@ int DateField::wholeYear(int ofTwoDigits) const
 {
     const int year = thisCentury + ofTwoDigits;
     return m_forBirthdays && year > machineClock::today().year() ? year - century : year;
+}
+
+/// A calendar is made when it is first wanted: making one takes as long as making a whole row of other fields.
+void DateField::prepareCalendar()
+{
+    if (m_calendarPrepared)
+        return;
+    m_calendarPrepared = true;
+    calendarWidget()->setLocale(QLocale::c());
+    calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+    calendarWidget()->installEventFilter(this);
 }
 
 void DateField::openCalendar()

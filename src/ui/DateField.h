@@ -26,7 +26,12 @@ public:
     [[nodiscard]] QDate birthday() const;
     void setBirthday(QDate date);
 
+signals:
+    /// The calendar has closed, with or without a choice.
+    void calendarClosed();
+
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -44,9 +49,11 @@ private:
     [[nodiscard]] int wholeYear(int ofTwoDigits) const;
     void makeEmpty();
     void openCalendar();
+    void prepareCalendar();
 
     bool m_forBirthdays = false;
     QString m_typed;
     /// 0 for the day, 1 for the month, 2 for the year.
     int m_firstPart = 0;
+    bool m_calendarPrepared = false;
 };
