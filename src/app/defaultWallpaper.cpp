@@ -18,6 +18,9 @@ constexpr QColor tapeInk(0x4a, 0x38, 0x10);
 /// What the pieces were drawn on; the wallpaper is scaled from it.
 constexpr QSizeF drawing(1366, 768);
 
+/// How much finer than a pixel the lines are that a curve is taken apart into.
+constexpr qreal fineness = 16;
+
 QColor chalk(qreal strength)
 {
     QColor colour(0xf4, 0xf1, 0xe6);
@@ -163,18 +166,25 @@ void drawTape(QPainter &painter)
     digits.setBold(true);
     painter.setFont(digits);
     constexpr qreal step = 11;
-    const qreal length = course.length();
-    for (int mark = 1; mark * step < length; ++mark) {
-        const qreal place = course.percentAtLength(mark * step);
-        painter.save();
-        painter.translate(course.pointAtPercent(place));
-        painter.rotate(-course.angleAtPercent(place));
-        const bool whole = mark % 5 == 0;
-        painter.setPen(QPen(tapeInk, whole ? 1.8 : 1));
-        painter.drawLine(QPointF(0, -17), QPointF(0, whole ? -5 : -10));
-        if (whole)
-            painter.drawText(QRectF(-14, -5, 28, 20), Qt::AlignCenter, QString::number(mark / 5));
-        painter.restore();
+    int mark = 0;
+    qreal toNext = step;
+    // In short straight lines, walked once: the path itself measures its whole length for each place asked of it.
+    const QPolygonF lines = course.toSubpathPolygons(QTransform::fromScale(fineness, fineness)).constFirst();
+    for (qsizetype i = 1; i < lines.size(); ++i) {
+        const QLineF line(lines[i - 1] / fineness, lines[i] / fineness);
+        for (; toNext <= line.length(); toNext += step) {
+            ++mark;
+            painter.save();
+            painter.translate(line.pointAt(toNext / line.length()));
+            painter.rotate(-line.angle());
+            const bool whole = mark % 5 == 0;
+            painter.setPen(QPen(tapeInk, whole ? 1.8 : 1));
+            painter.drawLine(QPointF(0, -17), QPointF(0, whole ? -5 : -10));
+            if (whole)
+                painter.drawText(QRectF(-14, -5, 28, 20), Qt::AlignCenter, QString::number(mark / 5));
+            painter.restore();
+        }
+        toNext -= line.length();
     }
 }
 
