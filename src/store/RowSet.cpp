@@ -11,6 +11,7 @@ namespace {
 // A text's payload: where it starts in the upper bits, its length in the lower ones.
 constexpr int lengthBits = 28;
 constexpr quint64 lengthMask = (quint64(1) << lengthBits) - 1;
+constexpr int blockRows = 512;
 
 RowSet::Type typeOf(const char *declared)
 {
@@ -50,37 +51,67 @@ RowSet::RowSet(Connection::Statement &statement, bool rowNumbers, const QString 
     }
 }
 
+RowSet::Place RowSet::growRow()
+{
+    const auto columns = static_cast<qsizetype>(m_columns.size());
+    if (m_rowCount % blockRows == 0) {
+        Block next;
+        if (!m_blocks.empty()) {
+            next.kinds.reserve(blockRows * columns);
+            next.payloads.reserve(blockRows * columns);
+            next.texts.reserve(m_blocks.back().texts.size());
+        }
+        m_blocks.push_back(std::move(next));
+    }
+    ++m_rowCount;
+    Block &block = m_blocks.back();
+    const qsizetype first = block.kinds.size();
+    block.kinds.resize(first + columns);
+    block.payloads.resize(first + columns);
+    return {block, first};
+}
+
+RowSet::Place RowSet::placeOf(int row, int column)
+{
+    return {m_blocks[static_cast<size_t>(row / blockRows)],
+        row % blockRows * static_cast<qsizetype>(m_columns.size()) + column};
+}
+
 void RowSet::readRow(Connection::Statement &statement, int firstColumn)
 {
-    sqlite3_stmt *handle = statement.handle();
-    const int end = firstColumn + static_cast<int>(m_columns.size());
-    for (int i = firstColumn; i < end; ++i) {
-        switch (sqlite3_column_type(handle, i)) {
-        case SQLITE_NULL: addCell(Kind::Null, 0); break;
-        case SQLITE_INTEGER: addCell(Kind::Integer, static_cast<quint64>(sqlite3_column_int64(handle, i))); break;
-        case SQLITE_FLOAT: addCell(Kind::Floating, std::bit_cast<quint64>(sqlite3_column_double(handle, i))); break;
+    const auto [block, first] = growRow();
+    Kind *kinds = block.kinds.data() + first;
+    quint64 *payloads = block.payloads.data() + first;
+    for (int i = 0; i < static_cast<int>(m_columns.size()); ++i) {
+        // The cell is asked for once and not for each of its properties. With one thread that is allowed.
+        sqlite3_value *cell = sqlite3_column_value(statement.handle(), firstColumn + i);
+        switch (sqlite3_value_type(cell)) {
+        case SQLITE_NULL: kinds[i] = Kind::Null; break;
+        case SQLITE_INTEGER:
+            kinds[i] = Kind::Integer;
+            payloads[i] = static_cast<quint64>(sqlite3_value_int64(cell));
+            break;
+        case SQLITE_FLOAT:
+            kinds[i] = Kind::Floating;
+            payloads[i] = std::bit_cast<quint64>(sqlite3_value_double(cell));
+            break;
         default: {
-            const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(handle, i));
-            addCell(Kind::Text, keepText({text, static_cast<size_t>(sqlite3_column_bytes(handle, i))}));
+            const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(cell));
+            kinds[i] = Kind::Text;
+            payloads[i] = block.keepText({text, sqlite3_value_bytes(cell)});
         }
         }
     }
-    ++m_rowCount;
 }
 
-void RowSet::addCell(Kind kind, quint64 payload)
+quint64 RowSet::Block::keepText(QByteArrayView text)
 {
-    m_kinds.push_back(kind);
-    m_payloads.push_back(payload);
-}
-
-quint64 RowSet::keepText(std::string_view text)
-{
-    if (text.size() > lengthMask)
+    const auto length = static_cast<quint64>(text.size());
+    if (length > lengthMask)
         throw RuntimeError(Fault::Overflow, u"A text is too long."_s, {});
-    const quint64 start = m_texts.size();
-    m_texts.append(text);
-    return (start << lengthBits) | text.size();
+    const auto start = static_cast<quint64>(texts.size());
+    texts.append(text);
+    return (start << lengthBits) | length;
 }
 
 quint32 RowSet::nameHash(QStringView name)
@@ -103,10 +134,11 @@ int RowSet::indexOf(QStringView name) const
 
 Value RowSet::value(int row, int column) const
 {
-    const size_t cell = static_cast<size_t>(row) * m_columns.size() + static_cast<size_t>(column);
-    const quint64 payload = m_payloads[cell];
+    const Block &block = m_blocks[static_cast<size_t>(row / blockRows)];
+    const qsizetype cell = row % blockRows * static_cast<qsizetype>(m_columns.size()) + column;
+    const quint64 payload = block.payloads[cell];
     const Type type = m_columns[static_cast<size_t>(column)].type;
-    switch (m_kinds[cell]) {
+    switch (block.kinds[cell]) {
     case Kind::Null: return {};
     case Kind::Integer: {
         const auto number = static_cast<qint64>(payload);
@@ -120,7 +152,7 @@ Value RowSet::value(int row, int column) const
     }
     case Kind::Text: {
         const QByteArrayView text(
-            m_texts.data() + (payload >> lengthBits), static_cast<qsizetype>(payload & lengthMask));
+            block.texts.constData() + (payload >> lengthBits), static_cast<qsizetype>(payload & lengthMask));
         if (type == Type::Date)
             return jetsql::dateFromStored(text);
         return QString::fromUtf8(text);
@@ -131,10 +163,9 @@ Value RowSet::value(int row, int column) const
 
 int RowSet::addRow()
 {
-    m_kinds.insert(m_kinds.end(), m_columns.size(), Kind::Null);
-    m_payloads.insert(m_payloads.end(), m_columns.size(), 0);
+    growRow();
     m_rowNumbers.push_back(0);
-    return m_rowCount++;
+    return m_rowCount - 1;
 }
 
 void RowSet::setRow(int row, qint64 rowNumber, const std::vector<Value> &values)
@@ -146,15 +177,12 @@ void RowSet::setRow(int row, qint64 rowNumber, const std::vector<Value> &values)
 
 void RowSet::setValue(int row, int column, const Value &value)
 {
-    const size_t cell = static_cast<size_t>(row) * m_columns.size() + static_cast<size_t>(column);
-    const auto put = [&](Kind kind, quint64 payload) {
-        m_kinds[cell] = kind;
-        m_payloads[cell] = payload;
+    const Place place = placeOf(row, column);
+    const auto put = [&place](Kind kind, quint64 payload) {
+        place.block.kinds[place.cell] = kind;
+        place.block.payloads[place.cell] = payload;
     };
-    const auto putText = [&](const QString &text) {
-        const QByteArray utf8 = text.toUtf8();
-        put(Kind::Text, keepText({utf8.constData(), static_cast<size_t>(utf8.size())}));
-    };
+    const auto putText = [&](const QString &text) { put(Kind::Text, place.block.keepText(text.toUtf8())); };
     const auto &data = value.data();
     if (const auto *whole = std::get_if<qint64>(&data))
         put(Kind::Integer, static_cast<quint64>(*whole));

@@ -3,7 +3,9 @@
 #include "base/RuntimeError.h"
 #include "store/Connection.h"
 
-#include <string>
+#include <QByteArray>
+#include <QList>
+
 #include <vector>
 
 /// Rows of a result, kept compactly: nine bytes a cell, and the texts one behind the other. A full shop's item rows fit
@@ -39,17 +41,28 @@ public:
 
 private:
     enum class Kind : quint8 { Null, Integer, Floating, Text };
-    void addCell(Kind kind, quint64 payload);
+    /// Some hundred rows. A large result is a row of blocks and never moved as it grows.
+    struct Block {
+        QList<Kind> kinds;
+        QList<quint64> payloads;
+        QByteArray texts;
+
+        quint64 keepText(QByteArrayView text);
+    };
+    struct Place {
+        Block &block;
+        qsizetype cell;
+    };
+    /// Room for one row more, its cells Null: the place of its first cell.
+    Place growRow();
+    [[nodiscard]] Place placeOf(int row, int column);
     void readRow(Connection::Statement &statement, int firstColumn);
-    quint64 keepText(std::string_view text);
     [[nodiscard]] static quint32 nameHash(QStringView name);
 
     std::vector<Column> m_columns;
     std::vector<quint32> m_nameHashes;
     QString m_table;
     int m_rowCount = 0;
-    std::vector<Kind> m_kinds;
-    std::vector<quint64> m_payloads;
+    std::vector<Block> m_blocks;
     std::vector<qint64> m_rowNumbers;
-    std::string m_texts;
 };

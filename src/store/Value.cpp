@@ -54,9 +54,15 @@ Value::Value(QDate date)
 
 Value::Value(const QDateTime &moment)
 {
+    if (!moment.isValid())
+        return;
+    // What comes from the file is in that form already.
+    if (moment.timeSpec() == Qt::UTC && moment.time().msec() == 0) {
+        m_data = moment;
+        return;
+    }
     const QTime time = moment.time();
-    if (moment.isValid())
-        m_data = QDateTime(moment.date(), QTime(time.hour(), time.minute(), time.second()), Qt::UTC);
+    m_data = QDateTime(moment.date(), QTime(time.hour(), time.minute(), time.second()), Qt::UTC);
 }
 
 qint64 Value::toInt64(QStringView field) const
