@@ -3,6 +3,7 @@
 #include "store/Value.h"
 #include "store/jetsql.h"
 
+#include <QByteArrayList>
 #include <QHash>
 
 #include <functional>
@@ -44,9 +45,10 @@ public:
     /// Runs a statement of the engine's own language, for what the program's dialect has no words for: making tables.
     void define(const QString &sql);
 
-    /// Changes with each statement that may have written, with opening and with closing, and is never the same for two
-    /// connections: whoever remembers answers of this one forgets them when it has changed.
-    [[nodiscard]] quint64 writeStamp() const { return m_writeStamp; }
+    /// Changes with each statement that may have written to `table`, named in small letters, with a group that was
+    /// taken back, with opening and with closing, and is never the same for two connections: whoever remembers answers
+    /// from that table forgets them when it has changed.
+    [[nodiscard]] quint64 writeStamp(const QByteArray &table) const { return m_tableStamps.value(table, m_writeStamp); }
 
     /// A prepared statement at its start with `values` bound, and reset when it leaves its scope.
     class Statement {
@@ -73,16 +75,25 @@ public:
 
 private:
     friend class WriteGroup;
+    struct Prepared {
+        sqlite3_stmt *handle = nullptr;
+        /// The tables that it writes to, in small letters.
+        QByteArrayList written = {};
+    };
     void openHandle(const QString &path, int flags);
     void unlock();
     void proveReadable(const QString &path);
-    sqlite3_stmt *prepared(const QByteArray &sql, const QString &source);
+    const Prepared &prepared(const QByteArray &sql, const QString &source);
+    void noteWrites(const Prepared &statement);
+    void noteAnyWrite();
     [[noreturn]] void fail(int code, const QString &source) const;
     int run(const QByteArray &sql, const std::vector<Value> &values, const QString &source);
 
     sqlite3 *m_database = nullptr;
-    QHash<QByteArray, sqlite3_stmt *> m_statements;
+    QHash<QByteArray, Prepared> m_statements;
+    /// Of the tables that have not been written to since they were last all taken for changed.
     quint64 m_writeStamp;
+    QHash<QByteArray, quint64> m_tableStamps;
     int m_groupDepth = 0;
     bool m_proven = false;
 };

@@ -13,6 +13,7 @@ namespace journal {
 
 namespace {
 
+const QByteArray table = "postings";
 constexpr qint64 secondsOfDay = 24 * 60 * 60;
 
 qint64 instant(const QDateTime &moment)
@@ -35,7 +36,7 @@ class Summary {
 public:
     const std::vector<Entry> *entriesOf(Connection &connection, int accountID)
     {
-        if (m_writeStamp != connection.writeStamp())
+        if (m_writeStamp != connection.writeStamp(table))
             build(connection);
         const auto found = m_accounts.constFind(accountID);
         return found == m_accounts.cend() ? nullptr : &*found;
@@ -64,7 +65,7 @@ private:
                 entry.sums = running;
             }
         }
-        m_writeStamp = connection.writeStamp();
+        m_writeStamp = connection.writeStamp(table);
     }
 
     quint64 m_writeStamp = 0;

@@ -14,36 +14,113 @@ namespace {
 
 const QDate startOfBooks(1985, 11, 17);
 
-/// Answers of one-value lookups by their statement and column, until the next write.
-class LookupMemo {
+/// Answers from one table, good until the next write to it.
+template <typename Key>
+class Memo {
 public:
-    Value answer(const Connection &connection, Recordset &source, const QString &column, const QString &statement)
+    explicit Memo(const QByteArray &table) : m_table(table) { }
+
+    QHash<Key, Value> &answers(const Connection &connection)
     {
-        if (m_writeStamp != connection.writeStamp()) {
+        const quint64 stamp = connection.writeStamp(m_table);
+        if (m_writeStamp != stamp) {
             m_answers.clear();
-            m_writeStamp = connection.writeStamp();
+            m_writeStamp = stamp;
         }
-        source.close();
-        QHash<QString, Value> &answers = m_answers[column];
-        if (const auto known = answers.constFind(statement); known != answers.cend())
-            return *known;
-        source.open(statement);
-        const Value found = source.value(column);
-        source.close();
-        answers.insert(statement, found);
-        return found;
+        return m_answers;
     }
 
 private:
+    QByteArray m_table;
     quint64 m_writeStamp = 0;
-    QHash<QString, QHash<QString, Value>> m_answers;
+    QHash<Key, Value> m_answers;
 };
 
-Value lookUp(Recordset &source, const QString &column, const QString &statement)
+const QByteArray accounts = "accounts";
+const QByteArray items = "items";
+
+Value valueOf(Recordset &source, const QString &column, const QString &statement)
 {
-    static LookupMemo memo;
-    return memo.answer(DE().CN, source, column, statement);
+    source.open(statement);
+    const Value found = source.value(column);
+    source.close();
+    return found;
 }
+
+/// Answers by name, each under its column and statement.
+class NamedRows {
+public:
+    explicit NamedRows(const QByteArray &table) : m_memo(table) { }
+
+    Value value(Recordset &source, const QString &column, const QString &statement)
+    {
+        source.close();
+        QHash<QString, Value> &answers = m_memo.answers(DE().CN);
+        const QString key = column + u' ' + statement;
+        if (const auto known = answers.constFind(key); known != answers.cend())
+            return *known;
+        return *answers.insert(key, valueOf(source, column, statement));
+    }
+
+private:
+    Memo<QString> m_memo;
+};
+
+Value ofAccount(const QString &column, const QString &title)
+{
+    static NamedRows rows(accounts);
+    return rows.value(
+        DE().rsaccounts, column, u"Select * from Accounts where Title='"_s + jetsql::quoted(title) + u'\'');
+}
+
+Value ofItem(const QString &column, const QString &name)
+{
+    static NamedRows rows(items);
+    return rows.value(DE().rsItems2, column, u"Select * from Items where Name='"_s + jetsql::quoted(name) + u'\'');
+}
+
+/// One column of a table by the row's number. Whoever asks for many, a list that looks up something for each of its
+/// rows, has the whole column read in one pass, which takes no longer than a hundred statements.
+class NumberedColumn {
+public:
+    /// `statement` gives one row when its number is joined on.
+    NumberedColumn(const QString &column, const QByteArray &table, const QString &statement)
+        : m_column(column), m_table(table), m_statement(statement), m_memo(table)
+    {
+    }
+
+    Value of(int id, Recordset &source)
+    {
+        source.close();
+        QHash<int, Value> &answers = m_memo.answers(DE().CN);
+        const auto known = answers.constFind(id);
+        if (known != answers.cend())
+            return *known;
+        if (answers.size() == fewAnswers) {
+            readAll(answers);
+            if (const auto found = answers.constFind(id); found != answers.cend())
+                return *found;
+        }
+        return *answers.insert(id, valueOf(source, m_column, m_statement + QString::number(id)));
+    }
+
+private:
+    static constexpr qsizetype fewAnswers = 24;
+
+    void readAll(QHash<int, Value> &answers)
+    {
+        Recordset all(DE().CN);
+        all.open(u"Select ID, "_s + m_column + u" from "_s + QString::fromLatin1(m_table));
+        answers.reserve(all.recordCount());
+        for (; !all.eof(); all.moveNext())
+            answers.insert(all.value(0).toInt(), all.value(1));
+    }
+
+    QString m_column;
+    QByteArray m_table;
+    QString m_statement;
+    Memo<int> m_memo;
+};
 
 Value firstValue(const QString &statement, Recordset &source)
 {
@@ -91,34 +168,35 @@ double scoreSum(int workerID)
 
 qint32 GetAccountID(const QString &title)
 {
-    return lookUp(DE().rsaccounts, u"ID"_s, u"Select * from Accounts where Title='"_s + jetsql::quoted(title) + u'\'')
-        .toInt();
+    return ofAccount(u"ID"_s, title).toInt();
 }
 
 QString GetAccountTitle(int id)
 {
-    return lookUp(DE().rsaccounts, u"Title"_s, u"Select * from Accounts where ID="_s + QString::number(id)).toText();
+    static NumberedColumn titles(u"Title"_s, accounts, u"Select * from Accounts where ID="_s);
+    return titles.of(id, DE().rsaccounts).toText();
 }
 
 double GetItemWorkerFees(const QString &name)
 {
-    return lookUp(DE().rsItems2, u"WorkerFees"_s, u"Select * from Items where Name='"_s + jetsql::quoted(name) + u'\'')
-        .toDouble();
+    return ofItem(u"WorkerFees"_s, name).toDouble();
 }
 
 double GetItemFees(int id)
 {
-    return lookUp(DE().rsItems2, u"Fees"_s, u"Select * from Items where id="_s + QString::number(id)).toDouble();
+    static NumberedColumn fees(u"Fees"_s, items, u"Select * from Items where id="_s);
+    return fees.of(id, DE().rsItems2).toDouble();
 }
 
 qint32 GetItemID(const QString &name)
 {
-    return lookUp(DE().rsItems2, u"ID"_s, u"Select * from Items where Name='"_s + jetsql::quoted(name) + u'\'').toInt();
+    return ofItem(u"ID"_s, name).toInt();
 }
 
 QString GetItemName(int id)
 {
-    return lookUp(DE().rsItems2, u"Name"_s, u"Select * from Items where ID="_s + QString::number(id)).toText();
+    static NumberedColumn names(u"Name"_s, items, u"Select * from Items where ID="_s);
+    return names.of(id, DE().rsItems2).toText();
 }
 
 Value GetFieldValue(

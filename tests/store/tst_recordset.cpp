@@ -145,10 +145,10 @@ void RecordsetTest::onlyWhatWasSetIsWritten()
     second.reopen(u"Select * from Accounts where id=4"_s);
     QCOMPARE(second.text(u"City"), u"Pune"_s);
     QCOMPARE(second.text(u"Mobile"), u"98"_s);
-    const quint64 stamp = file.connection.writeStamp();
+    const quint64 stamp = file.connection.writeStamp("accounts");
     first.set(u"Title", u"Cash"_s);
     first.update();
-    QCOMPARE(file.connection.writeStamp(), stamp);
+    QCOMPARE(file.connection.writeStamp("accounts"), stamp);
 }
 
 void RecordsetTest::aRowThatIsGoneCannotBeWritten()
