@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QtMath>
 
 #include <cmath>
 
@@ -58,10 +59,9 @@ void drawCloth(QPainter &painter, QSizeF size)
     const QRectF all(QPointF(), size);
     painter.fillRect(all, light);
     painter.drawTiledPixmap(all, weave());
-    painter.setPen(QPen(chalk(0.07), 1.4));
     constexpr qreal stripe = 84;
     for (qreal x = std::fmod(size.width() / 2, stripe); x < size.width(); x += stripe)
-        painter.drawLine(QPointF(x, 0), QPointF(x, size.height()));
+        painter.fillRect(QRect(qRound(x) - 1, 0, 2, qCeil(size.height())), chalk(0.05));
 }
 
 /// A cutting line, and the seam inside it, `allowance` away. `grain` is where the thread of the cloth has to run.
