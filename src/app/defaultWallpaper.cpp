@@ -75,7 +75,8 @@ void drawPiece(QPainter &painter, const QPainterPath &outline, qreal allowance, 
     margin.setWidth(2 * allowance);
     margin.setJoinStyle(Qt::RoundJoin);
     QPen seam = chalkPen(1.5, 0.50, Qt::CustomDashLine);
-    seam.setDashPattern({6, 5});
+    seam.setDashPattern({7, 4});
+    seam.setCapStyle(Qt::FlatCap);
     painter.strokePath(outline.subtracted(margin.createStroke(outline)), seam);
 
     painter.setPen(chalkPen(1.5, 0.60));
