@@ -12,8 +12,6 @@
 
 #include <QFile>
 #include <QProcess>
-#include <QScreen>
-#include <QTableView>
 #include <QVBoxLayout>
 
 #include <cstdio>
@@ -27,21 +25,24 @@ namespace {
 
 constexpr int patience = 60'000;
 
-/// What a child process tells, before it waits to be ended.
 void tell(const QByteArray &line)
 {
     std::fputs((line + '\n').constData(), stdout);
     std::fflush(stdout);
 }
 
-/// A process of this program with a task of its own, started when it is made.
+/// A process that tells one line and then waits to be ended. Started when it is made.
 class Child {
 public:
-    explicit Child(const QString &task)
+    Child(const QString &program, const QStringList &arguments)
     {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(
-            QCoreApplication::applicationFilePath(), {u"--child"_s, task, session::ProgramFolder}, QIODevice::ReadOnly);
+        m_process.start(program, arguments, QIODevice::ReadOnly);
+    }
+    /// This program once more, with a task of its own.
+    explicit Child(const QString &task)
+        : Child(QCoreApplication::applicationFilePath(), {u"--child"_s, task, session::ProgramFolder})
+    {
     }
 
     ~Child()
@@ -50,7 +51,7 @@ public:
         m_process.waitForFinished(patience);
     }
 
-    /// Waits for the child's one line.
+    /// Waits for it.
     QByteArray line()
     {
         while (!m_process.canReadLine()) {
@@ -64,10 +65,11 @@ private:
     QProcess m_process;
 };
 
-Run timedStart(const QString &task)
+template <typename... Arguments>
+Run timedStart(const Arguments &...arguments)
 {
     const auto start = Clock::now();
-    Child child(task);
+    Child child(arguments...);
     child.line();
     return {Clock::now() - start};
 }
@@ -76,17 +78,6 @@ void showMain(QApplication &application, const QString &folder)
 {
     startProgram(application, folder);
     static const PaintWatch watch(u"frmMain"_s, [](QWidget &) { tell("painted"); });
-}
-
-void showEmpty(QApplication &, const QString &)
-{
-    auto *window = new QWidget;
-    window->setObjectName(u"empty"_s);
-    auto *layout = new QVBoxLayout(window);
-    layout->addWidget(new QTableView);
-    window->resize(window->screen()->availableSize());
-    static const PaintWatch watch(u"empty"_s, [](QWidget &) { tell("painted"); });
-    window->show();
 }
 
 /// The "VmHWM:" of the process, in KiB.
@@ -127,7 +118,9 @@ Case startProgramCase()
 {
     Case work{u"start of the process to the main screen painted"_s, 3.0};
     work.ours = [] { return timedStart(u"main"_s); };
-    work.byHand = [] { return timedStart(u"empty"_s); };
+    work.byHand = [] {
+        return timedStart(QCoreApplication::applicationDirPath() + u"/corvane-bench-empty"_s, QStringList());
+    };
     return work;
 }
 
@@ -153,12 +146,6 @@ int runAsChild(int count, char **arguments)
 {
     const QByteArrayView task(arguments[2]);
     const QString folder = QFile::decodeName(arguments[3]);
-    if (task == "empty") {
-        // Without anything of the program, its application object included.
-        QApplication application(count, arguments);
-        showEmpty(application, folder);
-        return QApplication::exec();
-    }
     Application application(count, arguments);
     (task == "main" ? showMain : showAll)(application, folder);
     return Application::exec();
