@@ -19,7 +19,10 @@ class LookupsTest : public QObject {
 private slots:
     void titlesAndNumbersFindEachOther();
     void anUnknownTitleIsAFailure();
+    void anAnswerDoesNotOutliveAWrite_data();
     void anAnswerDoesNotOutliveAWrite();
+    void anAnswerFromAGroupThatWasTakenBackIsForgotten();
+    void manyAnswersAreAsGoodAsOne();
     void aFieldIsFoundOrMinusOne();
     void listsComeSorted();
     void aLookupTakesItsCommandObject();
@@ -91,19 +94,79 @@ void LookupsTest::anUnknownTitleIsAFailure()
     EXPECT_FAULT(Fault::NoCurrentRecord, (void)GetItemFees(99));
 }
 
+void LookupsTest::anAnswerDoesNotOutliveAWrite_data()
+{
+    QTest::addColumn<QString>("statement");
+    QTest::addColumn<QStringList>("titles");
+    const auto row = [](const QString &statement, const QStringList &titles) {
+        QTest::newRow(qPrintable(statement)) << statement << titles;
+    };
+    row(u"Update accounts set Title='Till' where id=4"_s, {u"Wages"_s, u"Till"_s});
+    row(u"UPDATE [ACCOUNTS] set Title='1'"_s, {u"1"_s, u"1"_s});
+    row(u"Delete from Accounts where id=4"_s, {u"Wages"_s, {}});
+    row(u"Delete * from Accounts"_s, {{}, {}});
+    row(u"Delete * from Postings"_s, {u"Wages"_s, u"Cash"_s});
+}
+
 void LookupsTest::anAnswerDoesNotOutliveAWrite()
 {
+    QFETCH(const QString, statement);
+    QFETCH(const QStringList, titles);
     StoreFile file;
+    file.addPosting(4, QDate(2011, 4, 1), 250);
+    QCOMPARE(GetAccountTitle(1), u"Wages"_s);
     QCOMPARE(GetAccountTitle(4), u"Cash"_s);
-    Recordset rows(file.connection);
-    rows.open(u"Select * from Accounts where id=4"_s);
-    rows.set(u"Title", u"Till"_s);
-    rows.update();
-    QCOMPARE(GetAccountTitle(4), u"Till"_s);
-    file.connection.execute(u"Delete from Accounts where id=4"_s);
-    EXPECT_FAULT(Fault::NoCurrentRecord, (void)GetAccountTitle(4));
+    QCOMPARE(GetAccountID(u"cash"_s), 4);
+    QCOMPARE(GetAccountBalance(4, {2011, 4, 1}), 250.0);
+    // A second time: by then the statement is prepared.
+    for (int round = 0; round < 2; ++round) {
+        file.connection.execute(statement);
+        for (const int id : {1, 4}) {
+            const QString title = titles.at(id == 1 ? 0 : 1);
+            if (title.isEmpty())
+                EXPECT_FAULT(Fault::NoCurrentRecord, (void)GetAccountTitle(id));
+            else
+                QCOMPARE(GetAccountTitle(id), title);
+        }
+        if (titles.at(1) != u"Cash")
+            EXPECT_FAULT(Fault::NoCurrentRecord, (void)GetAccountID(u"cash"_s));
+        QCOMPARE(GetAccountBalance(4, {2011, 4, 1}), statement.contains("Postings"_L1) ? 0.0 : 250.0);
+    }
     StoreFile another;
     QCOMPARE(GetAccountTitle(4), u"Cash"_s);
+}
+
+void LookupsTest::anAnswerFromAGroupThatWasTakenBackIsForgotten()
+{
+    StoreFile file;
+    Connection reader;
+    reader.open(file.path());
+    Connection::Statement reading(reader, "select * from Accounts", {}, {});
+    QVERIFY(reading.step());
+    EXPECT_FAULT(Fault::Locked, WriteGroup::run(file.connection, [&file] {
+        file.connection.execute(u"Update Accounts set Title='Till' where id=4"_s);
+        QCOMPARE(GetAccountTitle(4), u"Till"_s);
+    }));
+    QCOMPARE(GetAccountTitle(4), u"Cash"_s);
+}
+
+void LookupsTest::manyAnswersAreAsGoodAsOne()
+{
+    StoreFile file;
+    constexpr int last = 60;
+    for (int id = 5; id <= last; ++id)
+        file.addAccount(u"Client %1"_s.arg(id));
+    file.connection.execute(u"Delete from Accounts where id=59"_s);
+    for (const QString &client : {u"Client"_s, u"Guest"_s}) {
+        for (int id = 5; id <= last; ++id) {
+            if (id == 59)
+                EXPECT_FAULT(Fault::NoCurrentRecord, (void)GetAccountTitle(id));
+            else
+                QCOMPARE(GetAccountTitle(id), u"%1 %2"_s.arg(client).arg(id));
+        }
+        for (int id = 5; id <= last; ++id)
+            file.connection.execute(u"Update Accounts set Title='Guest %1' where id=%1"_s.arg(id));
+    }
 }
 
 void LookupsTest::aFieldIsFoundOrMinusOne()

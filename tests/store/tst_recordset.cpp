@@ -24,6 +24,7 @@ private slots:
     void textIntoNumbersMustBeNumbers();
     void pendingChangesAreDroppedByClose();
     void aBatchWritesEachRow();
+    void aLargeResultIsReadAndWrittenAsASmallOne();
     void aFailureInAGroupLeavesTheEarlierWrites();
     void aGroupThatCannotBeCommittedIsNotLeftOpen();
     void moneyIsExact();
@@ -210,6 +211,42 @@ void RecordsetTest::aBatchWritesEachRow()
     rows.updateBatch();
     rows.reopen(u"Select count(*) from Accounts where City='PUNE'"_s);
     QCOMPARE(rows.value(0).toInt(), 4);
+}
+
+void RecordsetTest::aLargeResultIsReadAndWrittenAsASmallOne()
+{
+    StoreFile file;
+    constexpr int count = 1030;
+    Recordset rows(file.connection);
+    rows.open(u"Select * from tmpBody order by id"_s);
+    for (int i = 1; i <= count; ++i) {
+        rows.addNew();
+        rows.set(u"JOBID", i);
+        rows.set(u"QNT", 1);
+        for (const QStringView column : {u"ItemNAME", u"Remarks", u"FESS", u"AMOUNT"})
+            rows.set(column, QString(i % 7, u'x') + QString::number(i));
+    }
+    rows.updateBatch();
+    const auto change = [&rows](const QString &remark) {
+        for (rows.moveFirst(); !rows.eof(); rows.moveNext()) {
+            if (rows.integer(u"JOBID") % 512 < 2)
+                rows.set(u"Remarks", remark + rows.text(u"JOBID"));
+        }
+        rows.updateBatch();
+    };
+    change(u"first and long "_s);
+    change(u"second "_s);
+    for (int round = 0; round < 2; ++round) {
+        QCOMPARE(rows.recordCount(), count);
+        rows.moveFirst();
+        for (int i = 1; i <= count; ++i, rows.moveNext()) {
+            const QString plain = QString(i % 7, u'x') + QString::number(i);
+            QCOMPARE(rows.integer(u"JOBID"), i);
+            QCOMPARE(rows.text(u"Remarks"), i % 512 < 2 ? u"second %1"_s.arg(i) : plain);
+            QCOMPARE(rows.text(u"AMOUNT"), plain);
+        }
+        rows.reopen(u"Select * from tmpBody order by id"_s);
+    }
 }
 
 void RecordsetTest::aFailureInAGroupLeavesTheEarlierWrites()
