@@ -168,14 +168,15 @@ Case balances()
     work.byHand = [update, sums, inTenThousandths] {
         update->run();
         return timed([&] {
-            std::vector<double> balances(fullShop::firstClientID + fullShop::clientCount);
+            constexpr size_t firstID = fullShop::firstClientID;
+            std::vector<double> balances(firstID + fullShop::clientCount);
             sums->bindAll(fullShop::lastDay.toString(Qt::ISODate).toStdString());
             while (sums->step())
                 balances[static_cast<size_t>(sums->integer(0))] = sums->number(1);
             sums->reset();
             qint64 seen = 0;
-            for (int i = 0; i < fullShop::clientCount; ++i)
-                seen += inTenThousandths(balances[static_cast<size_t>(fullShop::firstClientID + i)]);
+            for (size_t i = firstID; i < balances.size(); ++i)
+                seen += inTenThousandths(balances[i]);
             return seen;
         });
     };

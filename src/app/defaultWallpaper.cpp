@@ -2,9 +2,6 @@
 
 #include <QPainter>
 #include <QPainterPath>
-#include <QtMath>
-
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +15,9 @@ constexpr QColor tapeInk(0x4a, 0x38, 0x10);
 
 /// What the pieces were drawn on; the wallpaper is scaled from it.
 constexpr QSizeF drawing(1366, 768);
+
+/// A whole number of ribs of the weave.
+constexpr int stripeDistance = 84;
 
 /// How much finer than a pixel the lines are that a curve is taken apart into.
 constexpr qreal fineness = 16;
@@ -34,34 +34,37 @@ QPen chalkPen(qreal width, qreal strength, Qt::PenStyle style = Qt::SolidLine)
     return {chalk(strength), width, style, Qt::RoundCap, Qt::RoundJoin};
 }
 
-/// One repeat of a herringbone weave, transparent between the threads.
-QPixmap weave()
+/// One repeat of a herringbone weave with a chalk stripe at `stripe`, transparent between the threads.
+QPixmap weave(int stripe)
 {
     constexpr int half = 14;
     constexpr int rise = 7;
-    QPixmap repeat(2 * half, 2 * rise);
+    constexpr int ribs = stripeDistance / (2 * half);
+    QPixmap repeat(stripeDistance, 2 * rise);
     repeat.fill(Qt::transparent);
     QPainter painter(&repeat);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(chalk(0.045), 2));
-    for (int y = -2 * rise; y <= 4 * rise; y += rise) {
-        painter.drawLine(0, y + half, half, y);
-        painter.drawLine(half, y, 2 * half, y + half);
+    for (int rib = 0; rib < ribs; ++rib) {
+        const int x = rib * 2 * half;
+        for (int y = -2 * rise; y <= 4 * rise; y += rise) {
+            painter.drawLine(x, y + half, x + half, y);
+            painter.drawLine(x + half, y, x + 2 * half, y + half);
+        }
     }
+    for (const int x : {stripe, (stripe + stripeDistance - 1) % stripeDistance})
+        painter.fillRect(x, 0, 1, 2 * rise, chalk(0.05));
     return repeat;
 }
 
-void drawCloth(QPainter &painter, QSizeF size)
+void drawCloth(QPainter &painter, QSize size)
 {
     QRadialGradient light(size.width() * 0.42, size.height() * 0.36, size.width() * 0.75);
     light.setColorAt(0, clothLight);
     light.setColorAt(1, clothDark);
-    const QRectF all(QPointF(), size);
+    const QRect all(QPoint(), size);
     painter.fillRect(all, light);
-    painter.drawTiledPixmap(all, weave());
-    constexpr qreal stripe = 84;
-    for (qreal x = std::fmod(size.width() / 2, stripe); x < size.width(); x += stripe)
-        painter.fillRect(QRect(qRound(x) - 1, 0, 2, qCeil(size.height())), chalk(0.05));
+    painter.drawTiledPixmap(all, weave(size.width() / 2 % stripeDistance));
 }
 
 /// A cutting line, and the seam inside it, `allowance` away. `grain` is where the thread of the cloth has to run.

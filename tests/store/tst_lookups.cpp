@@ -122,7 +122,7 @@ void LookupsTest::anAnswerDoesNotOutliveAWrite()
     for (int round = 0; round < 2; ++round) {
         file.connection.execute(statement);
         for (const int id : {1, 4}) {
-            const QString title = titles.at(id == 1 ? 0 : 1);
+            const QString &title = titles.at(id == 1 ? 0 : 1);
             if (title.isEmpty())
                 EXPECT_FAULT(Fault::NoCurrentRecord, (void)GetAccountTitle(id));
             else
