@@ -117,6 +117,7 @@ void showAll(QApplication &application, const QString &folder)
 Case startProgramCase()
 {
     Case work{u"start of the process to the main screen painted"_s, 3.0};
+    work.rounds = 25;
     work.ours = [] { return timedStart(u"main"_s); };
     work.byHand = [] {
         return timedStart(QCoreApplication::applicationDirPath() + u"/corvane-bench-empty"_s, QStringList());

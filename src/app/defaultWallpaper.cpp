@@ -16,6 +16,9 @@ constexpr QColor tapeInk(0x4a, 0x38, 0x10);
 /// What the pieces were drawn on; the wallpaper is scaled from it.
 constexpr QSizeF drawing(1366, 768);
 
+/// The part of it that the pieces take up.
+constexpr QRectF piecesRoom(230, 112, 842, 546);
+
 /// A whole number of ribs of the weave.
 constexpr int stripeDistance = 84;
 
@@ -226,21 +229,21 @@ void drawThread(QPainter &painter)
 
 QPixmap defaultWallpaper(QSize size, qreal pixelRatio)
 {
-    const auto fit = [size](QPainter &painter) {
-        const qreal scale = qMax(size.width() / drawing.width(), size.height() / drawing.height());
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.translate(size.width() / 2.0, size.height() / 2.0);
-        painter.scale(scale, scale);
-        painter.translate(-drawing.width() / 2, -drawing.height() / 2);
-    };
+    const qreal scale = qMax(size.width() / drawing.width(), size.height() / drawing.height());
+    const QTransform fit = QTransform::fromTranslate(size.width() / 2.0, size.height() / 2.0)
+                               .scale(scale, scale)
+                               .translate(-drawing.width() / 2, -drawing.height() / 2);
     // On a layer of their own, where a line of chalk replaces what is under it: to mix each of these long thin lines
     // with the cloth takes five times as long as to lay all of them over it at once.
-    QImage pieces(size * pixelRatio, QImage::Format_ARGB32_Premultiplied);
+    const QRect layer = fit.mapRect(piecesRoom).toAlignedRect();
+    QImage pieces(layer.size() * pixelRatio, QImage::Format_ARGB32_Premultiplied);
     pieces.setDevicePixelRatio(pixelRatio);
     pieces.fill(Qt::transparent);
     QPainter chalkPainter(&pieces);
+    chalkPainter.setRenderHint(QPainter::Antialiasing);
     chalkPainter.setCompositionMode(QPainter::CompositionMode_Source);
-    fit(chalkPainter);
+    chalkPainter.translate(-layer.topLeft());
+    chalkPainter.setTransform(fit, true);
     drawPieces(chalkPainter);
     chalkPainter.end();
 
@@ -249,8 +252,8 @@ QPixmap defaultWallpaper(QSize size, qreal pixelRatio)
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     drawCloth(painter, size);
-    painter.drawImage(QPoint(), pieces);
-    fit(painter);
+    painter.drawImage(layer.topLeft(), pieces);
+    painter.setTransform(fit, true);
     drawTape(painter);
     drawThread(painter);
     return picture;
