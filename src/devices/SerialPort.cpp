@@ -80,8 +80,9 @@ void SerialPort::write(const QByteArray &bytes)
         const auto left = static_cast<int>(m_millisecondsLeft - clock.elapsed());
         if (left > 0 && m_port->waitForBytesWritten(left))
             continue;
+        const QString why = m_port->error() == QSerialPort::NoError ? u"Operation timed out"_s : m_port->errorString();
         m_port->clear();
-        fail();
+        throw RuntimeError(Fault::DeviceFault, why, m_port->portName());
     }
     m_millisecondsLeft -= clock.elapsed();
 }

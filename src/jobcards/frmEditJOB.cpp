@@ -106,7 +106,9 @@ QLayout *frmEditJOB::buildHead()
     JobDate = new DateField(u"JobDate"_s);
     cmbClient = new kvComboBox(u"cmbClient"_s);
     installAutoSearch(cmbClient);
+    // Off the way of Enter and Tab: whoever has found the client by typing goes on to the dates with one stroke.
     Command9 = new Command(u"Command9"_s, u"&Quick Find"_s);
+    Command9->setFocusPolicy(Qt::ClickFocus);
     DateDel = new DateField(u"DateDel"_s);
     DateTrial = new DateField(u"DateTrial"_s);
     lblDelDate = new QLabel;
@@ -235,9 +237,9 @@ QLayout *frmEditJOB::buildCommands()
 
 void frmEditJOB::setTabs()
 {
-    QWidget *const order[]{JobDate, cmbClient, Command9, DateDel, DateTrial, lvItems, Command4, Command10, Command5,
-        Command6, txtAmountPaid, cmbAccount, txtRemark, chJobStatus, chStatus, Command8, txtCancel, Command12, Command1,
-        Command2, Command3, Command7, Command11};
+    QWidget *const order[]{JobDate, cmbClient, DateDel, DateTrial, lvItems, Command4, Command10, Command5, Command6,
+        txtAmountPaid, cmbAccount, txtRemark, chJobStatus, chStatus, Command8, txtCancel, Command12, Command1, Command2,
+        Command3, Command7, Command11};
     for (size_t i = 1; i < std::size(order); ++i)
         setTabOrder(order[i - 1], order[i]);
 }

@@ -20,6 +20,12 @@ qint32 countOf(const QString &statement)
     return count;
 }
 
+/// A number kept as text; items of old files may have none.
+qint32 numberIn(const Recordset &row, QStringView column)
+{
+    return Int32(Val(row.textOrEmpty(column)));
+}
+
 } // namespace
 
 frmDDP::frmDDP() : Screen(u"frmDDP"_s, u"Pending Orders Status"_s)
@@ -40,8 +46,8 @@ void frmDDP::Prddict()
     items.reopen(u"Select * from items order by name"_s);
     for (; !items.eof(); items.moveNext()) {
         const qint16 id = Int16(items.integer(u"ID"));
-        const qint32 pending = GetPendingOrders(id) + items.integer(u"OpPendingOrders");
-        const qint32 cap = items.integer(u"ProdcutionCap");
+        const qint32 pending = GetPendingOrders(id) + numberIn(items, u"OpPendingOrders");
+        const qint32 cap = numberIn(items, u"ProdcutionCap");
         if (cap == 0)
             continue;
         const qint16 days = Int16(static_cast<double>(pending) / cap);

@@ -1,6 +1,12 @@
 #include "OrderDesk.h"
 
 #include "base/session.h"
+#include "jobcards/frmEditJOB.h"
+#include "support/screenDriver.h"
+#include "ui/kvTextBox.h"
+
+#include <QApplication>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -65,4 +71,39 @@ QStringList OrderDesk::postings()
 {
     return lines(
         u"Select VID, Vtype, sr, Date, AccID, RefID, particulars, Remark, Amount, Status, isPayroll from Postings order by sr"_s);
+}
+
+QString focused()
+{
+    for (const QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
+        if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(u"qt_"))
+            return widget->objectName();
+    }
+    return {};
+}
+
+void onCard(ModalScript &script, int jobID, const std::function<void(QWidget &)> &work)
+{
+    script.expect(u"frmEditJOB"_s, [&work](QWidget &screen) {
+        work(screen);
+        driver::press(Qt::Key_Escape);
+    });
+    bool deleted = true;
+    frmEditJOB card;
+    if (jobID > 0)
+        card.ShowEdit(jobID, deleted);
+    else
+        card.ShowAddNew();
+    QVERIFY(script.isDone());
+}
+
+void expectItem(ModalScript &script, const QString &item, const QString &quantity)
+{
+    script.expect(u"frmAddItem"_s, [item, quantity](QWidget &editor) {
+        driver::type(item);
+        driver::press(Qt::Key_Return);
+        driver::control<kvTextBox>(editor, "txtQnt").setFocus();
+        driver::type(quantity);
+        driver::accessKey('o');
+    });
 }

@@ -51,7 +51,6 @@ private slots:
     void deletingAsksFirst();
     void newOpensAFreshCardAfterThisOne();
     void theReasonPanelOpensAndCloses();
-    void commandsOfLaterVersionsAreDisabled();
     void keysMoveThroughTheScreen();
     void aNumberBeyondTheRangeIsToldAtTheField();
 };
@@ -66,42 +65,6 @@ QString text(const QWidget &screen, const char *name)
 QString greeting(const QWidget &screen)
 {
     return control<QLabel>(screen, "lblLastvisit").text();
-}
-
-QString focused()
-{
-    for (const QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
-        if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(u"qt_"))
-            return widget->objectName();
-    }
-    return {};
-}
-
-/// Opens the card and does `work` on it; the card is closed with Escape afterwards.
-void onCard(ModalScript &script, int jobID, const std::function<void(QWidget &)> &work)
-{
-    script.expect(u"frmEditJOB"_s, [&work](QWidget &screen) {
-        work(screen);
-        press(Qt::Key_Escape);
-    });
-    bool deleted = true;
-    frmEditJOB card;
-    if (jobID > 0)
-        card.ShowEdit(jobID, deleted);
-    else
-        card.ShowAddNew();
-    QVERIFY(script.isDone());
-}
-
-void expectItem(ModalScript &script, const QString &item, const QString &quantity)
-{
-    script.expect(u"frmAddItem"_s, [item, quantity](QWidget &editor) {
-        type(item);
-        press(Qt::Key_Return);
-        control<kvTextBox>(editor, "txtQnt").setFocus();
-        type(quantity);
-        accessKey('o');
-    });
 }
 
 } // namespace
@@ -556,18 +519,6 @@ void EditJobTest::theReasonPanelOpensAndCloses()
     });
     QCOMPARE(desk.lines(u"Select Status, CancelReason from JOBS"_s), QStringList{u"1|Moved"_s});
     QCOMPARE(GetAccountBalance(5, session::CurrentDate), 0.0);
-}
-
-void EditJobTest::commandsOfLaterVersionsAreDisabled()
-{
-    OrderDesk desk;
-    ModalScript script;
-    onCard(script, 0, [](QWidget &screen) {
-        for (const char *name : {"Command2", "Command9", "Command11"}) {
-            QVERIFY(!control<QPushButton>(screen, name).isEnabled());
-            QVERIFY(!control<QPushButton>(screen, name).toolTip().isEmpty());
-        }
-    });
 }
 
 void EditJobTest::keysMoveThroughTheScreen()

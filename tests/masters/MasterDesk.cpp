@@ -23,19 +23,7 @@ MasterDesk::MasterDesk()
 
 void MasterDesk::addOrder(int clientID, int itemID, int workerID)
 {
-    Recordset rows(connection);
-    rows.open(u"Select * from JOBS_DETAIL"_s);
-    rows.addNew();
-    for (const QStringView date : {u"DATE", u"JobDelDate", u"CuttingDate"})
-        rows.set(date, QDate(2011, 4, 1));
-    for (const QStringView number : {u"JobID", u"QNT", u"FEES", u"Amount"})
-        rows.set(number, 1);
-    for (const QStringView text : {u"ClintName", u"ItemName", u"Remarks", u"ItemDetails", u"ItemDetailsValue"})
-        rows.set(text, u"Asha Rao"_s);
-    rows.set(u"ClintID", clientID);
-    rows.set(u"ItemID", itemID);
-    rows.set(u"WorkerID", workerID);
-    rows.update();
+    addJobRow({.client = clientID, .item = itemID, .worker = workerID});
 }
 
 const std::array<Master, 4> &masters()

@@ -68,6 +68,27 @@ void StoreFile::addItem(
     items.update();
 }
 
+void StoreFile::addJobRow(const JobRow &row)
+{
+    Recordset rows(connection);
+    rows.open(u"Select * from JOBS_DETAIL where id=0"_s);
+    rows.addNew();
+    for (const QStringView date : {u"DATE", u"JobDelDate", u"CuttingDate"})
+        rows.set(date, row.date);
+    for (const QStringView text : {u"ClintName", u"ItemName", u"Remarks", u"ItemDetails", u"ItemDetailsValue"})
+        rows.set(text, u"Any"_s);
+    for (const QStringView amount : {u"FEES", u"Amount"})
+        rows.set(amount, 1);
+    rows.set(u"JobID", row.job);
+    rows.set(u"ClintID", row.client);
+    rows.set(u"ItemID", row.item);
+    rows.set(u"WorkerID", row.worker);
+    rows.set(u"DoneByWorker", row.status);
+    rows.set(u"QNT", row.quantity);
+    rows.set(u"isInventory", row.inventory ? 1 : 0);
+    rows.update();
+}
+
 QStringList StoreFile::lines(const QString &statement)
 {
     QStringList lines;

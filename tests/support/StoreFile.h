@@ -3,6 +3,7 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 
+#include <QDate>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -16,6 +17,18 @@ struct StoreFile {
     void addPosting(int accountID, const Value &date, double amount, int status = 0);
     void addItem(
         const QString &name, const QString &measurements, double fees, double workerFees, bool inventory = false);
+    /// What a test needs to say of a row of a job card.
+    struct JobRow {
+        int job = 1;
+        int client = 5;
+        int item = 1;
+        int worker = 0;
+        int status = 0;
+        QDate date = {2011, 4, 1};
+        int quantity = 1;
+        bool inventory = false;
+    };
+    void addJobRow(const JobRow &row);
     /// Each row of a statement as one text, columns joined by "|"; Null is empty.
     [[nodiscard]] QStringList lines(const QString &statement);
     [[nodiscard]] int count(const QString &table);

@@ -1,0 +1,119 @@
+#include "production/frmDDP.h"
+
+#include "base/session.h"
+#include "store/DataEnvironment.h"
+#include "support/TestShop.h"
+#include "support/expectFault.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/ListView.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::control;
+
+/// The forecast of delivery dates.
+class PendingOrdersTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void waitingIsRoundedToTheEvenDay_data();
+    void waitingIsRoundedToTheEvenDay();
+    void onlyOpenRowsCount();
+    void itemsWithoutACapacityAreLeftOut();
+    void aWaitBeyondAllDaysFails();
+};
+
+namespace {
+
+/// A shop with the items Coat (1) and Shirt (2), on the tenth of April 2011.
+struct Workshop : TestShop {
+    Workshop()
+    {
+        session::CurrentDate = {2011, 4, 10};
+        addItem(u"Shirt"_s, u"Chest"_s, 400, 100);
+        addItem(u"Coat"_s, u"Chest"_s, 900, 300);
+    }
+
+    void plan(int item, int capacity, int opening)
+    {
+        connection.execute(
+            u"update Items set ProdcutionCap=%1, OpPendingOrders=%2 where id=%3"_s.arg(capacity).arg(opening).arg(
+                item));
+    }
+
+    [[nodiscard]] static QStringList shown()
+    {
+        const frmDDP screen;
+        QStringList lines;
+        for (const QStringList &row : driver::rows(control<ListView>(screen, "lvSummary")))
+            lines += row.join(u'|');
+        return lines;
+    }
+};
+
+} // namespace
+
+void PendingOrdersTest::waitingIsRoundedToTheEvenDay_data()
+{
+    QTest::addColumn<int>("pending");
+    QTest::addColumn<int>("capacity");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("nothing") << 0 << 2 << u"Coat|2|0|0|0 Days|11-Apr-2011"_s;
+    QTest::newRow("less than half a day") << 1 << 10 << u"Coat|10|1|0|0 Days|11-Apr-2011"_s;
+    QTest::newRow("half a day") << 1 << 2 << u"Coat|2|1|0|0 Days|11-Apr-2011"_s;
+    QTest::newRow("two and a half") << 5 << 2 << u"Coat|2|5|0|2 Days|13-Apr-2011"_s;
+    QTest::newRow("three and a half") << 7 << 2 << u"Coat|2|7|0|4 Days|15-Apr-2011"_s;
+    QTest::newRow("into the next year") << 300 << 1 << u"Coat|1|300|0|300 Days|05-Feb-2012"_s;
+}
+
+void PendingOrdersTest::waitingIsRoundedToTheEvenDay()
+{
+    QFETCH(int, pending);
+    QFETCH(int, capacity);
+    QFETCH(QString, line);
+    Workshop shop;
+    shop.plan(2, capacity, pending);
+    QCOMPARE(Workshop::shown(), QStringList{line});
+}
+
+void PendingOrdersTest::onlyOpenRowsCount()
+{
+    Workshop shop;
+    shop.plan(1, 1, 4);
+    shop.plan(2, 1, 0);
+    for (const int status : {1, 2, 3, 4})
+        shop.addJobRow({.item = 1, .status = status, .date = {2011, 4, 10}});
+    // Rows count, not pieces; bought goods and days long gone too.
+    shop.addJobRow({.item = 1, .date = {2011, 4, 10}, .quantity = 3});
+    shop.addJobRow({.item = 1, .date = {2009, 1, 1}, .inventory = true});
+    shop.addJobRow({.item = 1, .date = {2011, 4, 11}});
+    QCOMPARE(Workshop::shown(), QStringList({u"Coat|1|0|0|0 Days|11-Apr-2011"_s, u"Shirt|1|7|1|7 Days|18-Apr-2011"_s}));
+    QCOMPARE(frmDDP::GetPendingOrders(1), 3);
+    QCOMPARE(frmDDP::GetOrdersToday(1, {2011, 4, 11}), 1);
+    QCOMPARE(frmDDP::GetOrdersToday(2, {2011, 4, 10}), 0);
+}
+
+void PendingOrdersTest::itemsWithoutACapacityAreLeftOut()
+{
+    Workshop shop;
+    QCOMPARE(Workshop::shown(), QStringList());
+    shop.plan(1, 0, 9);
+    shop.plan(2, 3, 0);
+    QCOMPARE(Workshop::shown().size(), 1);
+    shop.connection.execute(u"Delete * from Items"_s);
+    QCOMPARE(Workshop::shown(), QStringList());
+}
+
+void PendingOrdersTest::aWaitBeyondAllDaysFails()
+{
+    Workshop shop;
+    shop.plan(1, 1, 32767);
+    QCOMPARE(Workshop::shown().first().section(u'|', 4, 4), u"32767 Days"_s);
+    shop.plan(1, 1, 32768);
+    EXPECT_FAULT(Fault::Overflow, frmDDP());
+}
+
+CORVANE_TEST(PendingOrdersTest)
+#include "tst_frmDDP.moc"
