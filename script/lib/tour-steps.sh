@@ -140,6 +140,23 @@ window "$main"
 echo "A card is booked for a client found by typing, with two items."
 keys alt+n
 window "Create New Job Card"
+keys alt+q
+window "Search Client"
+keys Tab
+words "9829"
+picture search-client
+keys Escape
+window "Create New Job Card"
+click 210 -32
+window "Pending Orders Status"
+picture pending-orders
+keys Escape
+window "Create New Job Card"
+keys alt+q
+window "Search Client"
+words "nandini"
+keys Return
+window "Create New Job Card"
 words "rav"
 picture client-by-typing
 keys Return

@@ -31,11 +31,11 @@ qint32 numberIn(const Recordset &row, QStringView column)
 frmDDP::frmDDP() : Screen(u"frmDDP"_s, u"Pending Orders Status"_s)
 {
     lvSummary = new ListView(u"lvSummary"_s,
-        {{u"Name of Item"_s, 30}, {u"Production Cap."_s, 15, true}, {u"Pending Orders"_s, 15, true},
-            {u"Order Today"_s, 13, true}, {u"Watting"_s, 12, true}, {u"Pre. Del. Date"_s, 15, true}});
+        {{u"Name of Item"_s, 24}, {u"Production Cap."_s, 18, true}, {u"Pending Orders"_s, 18, true},
+            {u"Order Today"_s, 14, true}, {u"Watting"_s, 11, true}, {u"Pre. Del. Date"_s, 15, true}});
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary);
-    resize(860, 520);
+    resize(920, 520);
     Prddict();
 }
 
