@@ -12,6 +12,9 @@ namespace bench {
 /// REQUIRES: the user has chosen a database before, and `session::ProgramFolder` is the shop's.
 [[nodiscard]] std::vector<Case> startCases();
 
+/// What is done at the counter. REQUIRES: an Application. The printed card takes rows from others, so it comes last.
+[[nodiscard]] std::vector<Case> counterCases();
+
 /// Most memory that the program has held, in MiB, measured in a process of its own that opened the main screen, above
 /// it a list of all item rows, scrolled to its end, and above that the large card. REQUIRES: as `startCases`.
 [[nodiscard]] double peakMemory();

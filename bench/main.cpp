@@ -35,7 +35,7 @@ bool runAll()
 {
     bool good = true;
     bench::printHead();
-    for (const auto &group : {bench::storeCases, bench::screenCases, bench::startCases}) {
+    for (const auto &group : {bench::storeCases, bench::screenCases, bench::startCases, bench::counterCases}) {
         for (const bench::Case &work : group()) {
             if (isWanted(work.what))
                 good = bench::measure(work) && good;

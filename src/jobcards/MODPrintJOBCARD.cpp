@@ -35,18 +35,16 @@ void dress(Report &report)
 
 void PrintJobCard(int JobID)
 {
-    // The shaping needs a connection of its own; it sees what the session's connection has written.
-    Connection shaping;
-    shaping.open(session::DBPath);
     FillJobCardTemp(JobID);
-    Recordset cards(shaping);
+    // Rows are shaped on the session's connection. One of its own, as this print had under the old engine, would work
+    // the file's key out anew, which takes longer than all the rest.
+    Recordset cards(DE().CN);
     cards.open(u"SHAPE {SELECT * FROM tmpHead where JobID="_s + QString::number(JobID) + u" } "_s
         + u"APPEND ({SELECT * FROM tmpBody  order by id} AS Body "_s + u"RELATE JOBID to JOBID)"_s);
     Report report = rptJOBCARD();
     dress(report);
     const ReportPages pages = report.layOut(cards);
     cards.close();
-    shaping.close();
 
     const QString way = GetSetting(setting::PrintPreview);
     if (way == u"1")

@@ -76,7 +76,7 @@ void StoreFile::addJobRow(const JobRow &row)
     for (const QStringView date : {u"DATE", u"JobDelDate", u"CuttingDate"})
         rows.set(date, row.date);
     for (const QStringView text : {u"ClintName", u"ItemName", u"Remarks", u"ItemDetails", u"ItemDetailsValue"})
-        rows.set(text, u"Any"_s);
+        rows.set(text, u"Asha Rao"_s);
     for (const QStringView amount : {u"FEES", u"Amount"})
         rows.set(amount, 1);
     rows.set(u"JobID", row.job);
