@@ -4,11 +4,11 @@
 #include "base/values.h"
 #include "comms/kvSMS.h"
 #include "comms/modSMS.h"
+#include "jobcards/JobCardItems.h"
 #include "jobcards/MODPrintJOBCARD.h"
 #include "jobcards/ScrollingText.h"
 #include "jobcards/clientGreeting.h"
 #include "jobcards/entryFilters.h"
-#include "jobcards/frmAddItem.h"
 #include "jobcards/frmSearchClient.h"
 #include "masters/frmEditClients.h"
 #include "production/frmDDP.h"
@@ -17,7 +17,6 @@
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
-#include "ui/ListView.h"
 #include "ui/entryKeys.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
@@ -40,7 +39,6 @@ namespace {
 
 constexpr int plainText = 2;
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
-constexpr int itemColumn = 0;
 enum Appeared { NotAppeared = 0, DidAppear = 1, TrialCancelled = 2 };
 
 QLabel *fieldLabel(const QString &caption)
@@ -84,7 +82,8 @@ void frmEditJOB::buildForm()
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(buildGreeting());
     whole->addLayout(buildHead());
-    whole->addLayout(buildRows(), 1);
+    m_items = new JobCardItems(JobRows, m_store);
+    whole->addWidget(m_items, 1);
     whole->addLayout(buildFoot());
     whole->addLayout(buildCommands());
     resize(1060, 690);
@@ -135,24 +134,6 @@ QLayout *frmEditJOB::buildHead()
     grid->setColumnStretch(6, 2);
     grid->setColumnStretch(7, 3);
     return grid;
-}
-
-QLayout *frmEditJOB::buildRows()
-{
-    lvItems = new ListView(u"lvItems"_s,
-        {{u"Item"_s, 30}, {u"Remark"_s, 30}, {u"QTY"_s, 12, true}, {u"FEES"_s, 12, true}, {u"Amount"_s, 12, true}});
-    Command4 = new Command(u"Command4"_s, u"&Add"_s);
-    Command10 = new Command(u"Command10"_s, u"&Copy"_s);
-    Command5 = new Command(u"Command5"_s, u"Remove"_s);
-    Command6 = new Command(u"Command6"_s, u"Clear"_s);
-    auto *commands = new QVBoxLayout;
-    for (Command *command : {Command4, Command10, Command5, Command6})
-        commands->addWidget(command);
-    commands->addStretch();
-    auto *row = new QHBoxLayout;
-    row->addWidget(lvItems, 1);
-    row->addLayout(commands);
-    return row;
 }
 
 QLayout *frmEditJOB::buildFoot()
@@ -237,10 +218,10 @@ QLayout *frmEditJOB::buildCommands()
 
 void frmEditJOB::setTabs()
 {
-    QWidget *const order[]{JobDate, cmbClient, DateDel, DateTrial, lvItems, Command4, Command10, Command5, Command6,
-        txtAmountPaid, cmbAccount, txtRemark, chJobStatus, chStatus, Command8, txtCancel, Command12, Command1, Command2,
-        Command3, Command7, Command11};
-    for (size_t i = 1; i < std::size(order); ++i)
+    const QList<QWidget *> order = QList<QWidget *>{JobDate, cmbClient, DateDel, DateTrial} + m_items->tabOrder()
+        + QList<QWidget *>{txtAmountPaid, cmbAccount, txtRemark, chJobStatus, chStatus, Command8, txtCancel, Command12,
+            Command1, Command2, Command3, Command7, Command11};
+    for (qsizetype i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
 }
 
@@ -250,7 +231,9 @@ void frmEditJOB::connectCommands()
     filterKeys(txtAmountPaid, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtAmountPaid), key); });
     connect(cmbClient, &kvComboBox::lostFocus, this, &frmEditJOB::greetClient);
     connect(txtAmountPaid, &kvTextBox::lostFocus, this, &frmEditJOB::leaveReceived);
-    connect(lvItems, &ListView::opened, this, &frmEditJOB::openRow);
+    connect(m_items, &JobCardItems::addWanted, this, &frmEditJOB::addItem);
+    connect(m_items, &JobCardItems::editWanted, this, &frmEditJOB::editItem);
+    connect(m_items, &JobCardItems::changed, this, &frmEditJOB::DoTotal);
 
     connect(Command1, &Command::clicked, this, &frmEditJOB::save);
     connect(Command2, &Command::clicked, this, [this] {
@@ -261,9 +244,6 @@ void frmEditJOB::connectCommands()
         m_freshWanted = true;
         reject();
     });
-    connect(Command4, &Command::clicked, this, &frmEditJOB::addRow);
-    connect(Command5, &Command::clicked, this, &frmEditJOB::removeRow);
-    connect(Command6, &Command::clicked, this, &frmEditJOB::clearRows);
     connect(Command7, &Command::clicked, this, &frmEditJOB::deleteCard);
     connect(Command8, &Command::clicked, this, [this] {
         picCancel->setVisible(picCancel->isHidden());
@@ -271,7 +251,6 @@ void frmEditJOB::connectCommands()
             txtCancel->setFocus(Qt::OtherFocusReason);
     });
     connect(Command9, &Command::clicked, this, &frmEditJOB::findClient);
-    connect(Command10, &Command::clicked, this, &frmEditJOB::copyRow);
     connect(Command11, &Command::clicked, this, [] { frmDDP().exec(); });
     connect(Command12, &Command::clicked, this, [this] {
         chStatus->setFocus(Qt::OtherFocusReason);
@@ -282,7 +261,7 @@ void frmEditJOB::connectCommands()
 bool frmEditJOB::keyPreview(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_I && event->modifiers() == Qt::ControlModifier) {
-        lvItems->setFocus(Qt::ShortcutFocusReason);
+        m_items->setFocus(Qt::ShortcutFocusReason);
         return true;
     }
     if (event->key() == Qt::Key_A && event->modifiers() == Qt::ControlModifier && cmbClient->hasFocus()) {
@@ -373,7 +352,8 @@ void frmEditJOB::load(int jobID)
     showTrialNote(job.integer(u"appeared"), job.isNull(u"appearedDate") ? QDate() : job.date(u"appearedDate"));
     job.close();
 
-    loadRows();
+    m_store.readRows(JobRows);
+    m_items->showRows();
     showAmountDue();
 }
 
@@ -387,39 +367,11 @@ void frmEditJOB::showTrialNote(int appeared, const QDate &appearedDate)
         lblTrialInfo->setText(u"Trial Canceled"_s);
 }
 
-void frmEditJOB::loadRows()
-{
-    m_store.readRows(JobRows);
-    for (int i = 1; i <= JobRows.RowCount(); ++i) {
-        showRow(i - 1, i);
-        // As the item is called now; the row keeps the name that it was booked under.
-        lvItems->list().setCell(i - 1, itemColumn, GetItemName(JobRows.ItemID(i)));
-    }
-    lvItems->setCurrentRow(0);
-}
-
-void frmEditJOB::showRow(int listRow, int index)
-{
-    ListRow row;
-    // The list shows money in two decimals; the total is that of the amounts themselves.
-    row.tag = JobRows.Amount(index);
-    row.cells = {JobRows.ItemName(index), JobRows.Remarks(index), QString::number(JobRows.Qty(index)),
-        Money(JobRows.Fees(index)), Money(JobRows.Amount(index))};
-    if (listRow < lvItems->list().rowCount())
-        lvItems->list().setRow(listRow, row);
-    else
-        lvItems->setCurrentRow(lvItems->list().appendRow(row));
-}
-
 void frmEditJOB::DoTotal()
 {
-    const ListModel &rows = lvItems->list();
-    if (rows.rowCount() == 0)
+    if (m_items->isEmpty())
         return;
-    Currency total;
-    for (int row = 0; row < rows.rowCount(); ++row)
-        total += Currency::fromDouble(rows.tag(row).toDouble());
-    txtAmountDue->setText(Money(total.toDouble()));
+    txtAmountDue->setText(Money(m_items->total().toDouble()));
     showAmountDue();
 }
 
@@ -467,67 +419,21 @@ void frmEditJOB::greetClient()
         m_greeting->restart();
 }
 
-void frmEditJOB::addRow()
+void frmEditJOB::addItem()
 {
     if (SelectComboEntry(*cmbClient) < 0)
         return complain(u"Please Select Client!"_s, cmbClient);
-    const int ClientID = GetAccountID(cmbClient->Text());
-    bool cancelled = true;
-    frmAddItem().ItemDetails(JobRows, ClientID, cancelled);
-    if (cancelled) {
+    if (!m_items->add(GetAccountID(cmbClient->Text())))
         cmbAccount->setFocus();
-        return;
-    }
-    showRow(lvItems->list().rowCount(), JobRows.RowCount());
-    DoTotal();
 }
 
-void frmEditJOB::openRow()
+void frmEditJOB::editItem()
 {
-    const int row = lvItems->currentRow();
-    if (row < 0)
+    if (!m_items->hasCurrent())
         return;
     if (SelectComboEntry(*cmbClient) < 0)
         return ShowMessage(u"Please Select Client!"_s);
-    const int ClientID = GetAccountID(cmbClient->Text());
-    bool cancelled = true;
-    frmAddItem().EditItemDetails(JobRows, ClientID, row + 1, cancelled);
-    if (cancelled)
-        return;
-    showRow(row, row + 1);
-    DoTotal();
-}
-
-void frmEditJOB::removeRow()
-{
-    const int row = lvItems->currentRow();
-    if (row < 0)
-        return;
-    if (m_store.EditMode() == u"E" && m_store.hasRemovedRows())
-        return ShowMessage(u"Please Save the Job Card before removing another Item!"_s);
-    m_store.noteRemovedRow(JobRows.Sr(row + 1));
-    JobRows.RemoveRow(row + 1);
-    lvItems->list().removeRow(row);
-    lvItems->setCurrentRow(std::min(row, lvItems->list().rowCount() - 1));
-    DoTotal();
-}
-
-void frmEditJOB::copyRow()
-{
-    const int row = lvItems->currentRow();
-    if (row < 0)
-        return;
-    JobRows.Copy(row + 1);
-    showRow(lvItems->list().rowCount(), JobRows.RowCount());
-    DoTotal();
-}
-
-void frmEditJOB::clearRows()
-{
-    // The rows of the card stay and are saved with it: only the list is emptied.
-    m_store.forgetRemovedRows();
-    lvItems->list().clear();
-    DoTotal();
+    m_items->edit(GetAccountID(cmbClient->Text()));
 }
 
 JobCard frmEditJOB::collect() const
@@ -552,8 +458,8 @@ void frmEditJOB::save()
 {
     if (SelectComboEntry(*cmbClient) < 0)
         return complain(u"Please Select Client!"_s, cmbClient);
-    if (lvItems->list().rowCount() == 0)
-        return complain(u"Please Add Item!"_s, Command4);
+    if (m_items->isEmpty())
+        return complain(u"Please Add Item!"_s, m_items->addCommand());
     if (txtAmountPaid->Text().isEmpty())
         txtAmountPaid->setText(u"0"_s);
     const auto received = wholeNumberText(txtAmountPaid->Text());

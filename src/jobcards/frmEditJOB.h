@@ -6,7 +6,7 @@
 
 class Command;
 class DateField;
-class ListView;
+class JobCardItems;
 class QCheckBox;
 class QLabel;
 class ScrollingText;
@@ -38,7 +38,6 @@ private:
     void buildForm();
     [[nodiscard]] QWidget *buildGreeting();
     [[nodiscard]] QLayout *buildHead();
-    [[nodiscard]] QLayout *buildRows();
     [[nodiscard]] QLayout *buildFoot();
     [[nodiscard]] QLayout *buildCommands();
     void setTabs();
@@ -46,7 +45,6 @@ private:
 
     void prepareNew();
     void load(int jobID);
-    void loadRows();
     void showTrialNote(int appeared, const QDate &appearedDate);
     void allowManualNumber();
     void showCards();
@@ -57,12 +55,8 @@ private:
     void greetClient();
     void leaveReceived();
     void showAmountDue();
-    void addRow();
-    void openRow();
-    void removeRow();
-    void copyRow();
-    void clearRows();
-    void showRow(int listRow, int index);
+    void addItem();
+    void editItem();
     void save();
     void offerSMS();
     void deleteCard();
@@ -76,7 +70,7 @@ private:
     DateField *DateTrial;
     QLabel *lblDelDate;
     QLabel *lblTrialInfo;
-    ListView *lvItems;
+    JobCardItems *m_items;
     kvTextBox *txtRemark;
     kvTextBox *txtAmountDue;
     kvTextBox *txtAmountPaid;
@@ -89,13 +83,9 @@ private:
     Command *Command1;
     Command *Command2;
     Command *Command3;
-    Command *Command4;
-    Command *Command5;
-    Command *Command6;
     Command *Command7;
     Command *Command8;
     Command *Command9;
-    Command *Command10;
     Command *Command11;
     Command *Command12;
 

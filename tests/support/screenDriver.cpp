@@ -8,18 +8,33 @@
 
 namespace {
 
-/// The window that the keyboard writes to: with a modal window open, that one, or the list that is open above it.
-/// Windows get it some time after they ask.
+/// Whether the window that keys are for has the keyboard: with a modal window open, that one, or the list that is open
+/// above it.
+bool isReady()
+{
+    const QWidget *const modal = QApplication::activeModalWidget();
+    const QWindow *const window = QGuiApplication::focusWindow();
+    return window && (QApplication::activePopupWidget() || !modal || modal->windowHandle() == window);
+}
+
+/// Windows get the keyboard some time after they ask.
 QWindow *keyboardWindow()
 {
-    const auto isReady = [] {
-        const QWidget *const modal = QApplication::activeModalWidget();
-        const QWindow *const window = QGuiApplication::focusWindow();
-        return window && (QApplication::activePopupWidget() || !modal || modal->windowHandle() == window);
-    };
     if (!QTest::qWaitFor(isReady))
         QTest::qFail("no window has the keyboard", __FILE__, __LINE__);
     return QGuiApplication::focusWindow();
+}
+
+/// Sends a key. Where a message came up on it and is answered, it returns when the window below has the keyboard again,
+/// so that the test finds the focus there.
+template <typename Key>
+void click(Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    const QWidget *const modal = QApplication::activeModalWidget();
+    if (QWindow *window = keyboardWindow())
+        QTest::keyClick(window, key, modifiers);
+    if (modal && modal == QApplication::activeModalWidget())
+        static_cast<void>(QTest::qWaitFor(isReady));
 }
 
 } // namespace
@@ -38,22 +53,18 @@ bool driver::waitActive(QWidget &window)
 
 void driver::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
-    if (QWindow *window = keyboardWindow())
-        QTest::keyClick(window, key, modifiers);
+    click(key, modifiers);
 }
 
 void driver::accessKey(char letter)
 {
-    if (QWindow *window = keyboardWindow())
-        QTest::keyClick(window, letter, Qt::AltModifier);
+    click(letter, Qt::AltModifier);
 }
 
 void driver::type(const QString &text)
 {
-    for (const QChar character : text) {
-        if (QWindow *window = keyboardWindow())
-            QTest::keyClick(window, character.toLatin1());
-    }
+    for (const QChar character : text)
+        click(character.toLatin1());
 }
 
 QList<QStringList> driver::rows(const QAbstractItemView &list)
