@@ -153,8 +153,11 @@ void frmMain::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = load();
-        if (!m_loaded)
+        if (!m_loaded) {
+            // It will never be shown, so that no closing takes it away.
+            deleteLater();
             return QCoreApplication::exit();
+        }
     }
     Screen::setVisible(visible);
 }
