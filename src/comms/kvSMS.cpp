@@ -6,6 +6,9 @@
 #include "ui/frmMsg.h"
 #include "ui/platformBox.h"
 
+#include <cmath>
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 void kvSMS::SendSMS(qint16 &port, const QString &number, const QString &message)
@@ -29,6 +32,8 @@ void kvSMS::sendAtShopPort(const QString &mobile, const QString &message)
     const QString port = GetSetting(setting::ModemPort);
     if (port.isEmpty())
         return ShowMessage(u"Modem Com Port Error!\r\nSMS Sending has been Failed."_s);
-    qint16 number = Int16(Val(port));
-    SendSMS(number, mobile, message);
+    // A number that no port can have is none, which the device tells as any other failure of it.
+    const double number = Val(port);
+    qint16 portNumber = std::abs(number) > std::numeric_limits<qint16>::max() ? qint16(0) : Int16(number);
+    SendSMS(portNumber, mobile, message);
 }

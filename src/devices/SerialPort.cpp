@@ -2,9 +2,15 @@
 
 #include "base/RuntimeError.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSerialPort>
+#include <QThread>
+
+#ifdef Q_OS_UNIX
+#include <sys/ioctl.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +18,9 @@ namespace {
 
 constexpr int inputBuffer = 1024;
 constexpr int writeMilliseconds = 2000;
+/// Time for a message of some 900 characters at 9600 baud.
+constexpr int closeMilliseconds = 1000;
+constexpr int lookEvery = 10;
 
 } // namespace
 
@@ -65,9 +74,24 @@ void SerialPort::close()
 {
     if (!isOpen())
         return;
-    // The system would wait for a device that takes nothing before it lets it go.
-    m_port->clear();
+    const QDeadlineTimer limit(closeMilliseconds);
+    while (isSending() && !limit.hasExpired())
+        QThread::msleep(lookEvery);
+    // The system would wait half a minute for a device that takes nothing before it lets it go.
+    if (isSending())
+        m_port->clear();
     m_port->close();
+}
+
+bool SerialPort::isSending() const
+{
+#ifdef Q_OS_UNIX
+    int bytesHeld = 0;
+    return ioctl(m_port->handle(), TIOCOUTQ, &bytesHeld) == 0 && bytesHeld > 0;
+#else
+    // A write is done there when the device has sent it.
+    return m_port->bytesToWrite() > 0;
+#endif
 }
 
 void SerialPort::write(const QByteArray &bytes)

@@ -24,7 +24,8 @@ public:
     [[nodiscard]] bool isOpen() const;
     /// REQUIRES: not open. A number below 1 is a failure.
     void open(int number);
-    /// Without effect when closed. Drops what the device has not taken yet.
+    /// Without effect when closed. What was handed over still goes out: the rest of a message would be cut off, and the
+    /// next one taken for its end. A device that hangs is given a second for it, then the rest is dropped.
     void close();
     /// Hands the bytes to the device. The bytes written since `open` have two seconds in all, so that a modem that
     /// hangs does not hang the program: then the rest is dropped and it fails.
@@ -34,6 +35,8 @@ public:
     [[nodiscard]] static QString deviceOf(int number);
 
 private:
+    /// Whether the device still holds bytes that it was handed.
+    [[nodiscard]] bool isSending() const;
     [[noreturn]] void fail() const;
 
     std::unique_ptr<QSerialPort> m_port;

@@ -21,11 +21,15 @@ private slots:
     void theModemGetsNumberAndText_data();
     void theModemGetsNumberAndText();
     void aSecondSendOpensThePortAnew();
+    void noMessageIsCutByTheNextOrByClosing();
     void aPortThatFailsIsToldAndTheSenderGoesOn_data();
     void aPortThatFailsIsToldAndTheSenderGoesOn();
+    void aModemPulledOutIsToldAtTheNextMessage();
     void aModemThatTakesNothingDoesNotHoldTheProgram();
     void whatIsMissingIsTold_data();
     void whatIsMissingIsTold();
+    void aPortThatNoMachineHasIsTold_data();
+    void aPortThatNoMachineHasIsTold();
     void portNumbersCountFromOne();
 };
 
@@ -78,6 +82,24 @@ void SmsModemTest::aSecondSendOpensThePortAnew()
     QVERIFY(first.received().isEmpty());
 }
 
+void SmsModemTest::noMessageIsCutByTheNextOrByClosing()
+{
+    const QByteArray dialled = "AT+CMGF=1\rAT+CMGS=\"1\"\r";
+    const QByteArray text(300, 'x');
+    const QByteArray sent = dialled + text + "one\x1a" + dialled + text + "two\x1a";
+    // Nobody reads meanwhile, and whether bytes are lost on the way is a matter of luck.
+    for (int i = 0; i < 50; ++i) {
+        const PseudoTerminal modem;
+        {
+            kvSMS sms;
+            qint16 port = 1;
+            sms.SendSMS(port, u"1"_s, QString::fromLatin1(text + "one"));
+            sms.SendSMS(port, u"1"_s, QString::fromLatin1(text + "two"));
+        }
+        QCOMPARE(modem.received(), sent);
+    }
+}
+
 void SmsModemTest::aPortThatFailsIsToldAndTheSenderGoesOn_data()
 {
     QTest::addColumn<QByteArray>("device");
@@ -104,6 +126,23 @@ void SmsModemTest::aPortThatFailsIsToldAndTheSenderGoesOn()
     number = 1;
     sms.SendSMS(number, u"1"_s, u"Hi"_s);
     QVERIFY(modem.received().endsWith("Hi\x1a"));
+}
+
+void SmsModemTest::aModemPulledOutIsToldAtTheNextMessage()
+{
+    kvSMS sms;
+    qint16 port = 1;
+    QByteArray device;
+    {
+        const PseudoTerminal modem;
+        sms.SendSMS(port, u"1"_s, u"Hi"_s);
+        device = modem.device().toLocal8Bit();
+    }
+    qputenv("CORVANE_MODEM", device);
+    const auto putBack = qScopeGuard([] { qunsetenv("CORVANE_MODEM"); });
+    ModalScript script;
+    script.expectBox(u"No such file or directory"_s);
+    sms.SendSMS(port, u"1"_s, u"Hi"_s);
 }
 
 void SmsModemTest::aModemThatTakesNothingDoesNotHoldTheProgram()
@@ -150,6 +189,24 @@ void SmsModemTest::whatIsMissingIsTold()
         script.expectMessage(told);
     sms.sendAtShopPort(mobile, u"Hi"_s);
     QCOMPARE(modem.received().isEmpty(), !told.isEmpty());
+}
+
+void SmsModemTest::aPortThatNoMachineHasIsTold_data()
+{
+    QTest::addColumn<QString>("port");
+    for (const char *port : {"COM3", "0", "-1", "32768", "-32769", "1e300"})
+        QTest::newRow(port) << QString::fromLatin1(port);
+}
+
+void SmsModemTest::aPortThatNoMachineHasIsTold()
+{
+    QFETCH(QString, port);
+    TestShop shop;
+    SaveSetting(setting::ModemPort, port);
+    kvSMS sms;
+    ModalScript script;
+    script.expectBox(u"Invalid port number"_s);
+    sms.sendAtShopPort(u"98290"_s, u"Hi"_s);
 }
 
 void SmsModemTest::portNumbersCountFromOne()
