@@ -21,9 +21,9 @@ qint32 countOf(const QString &statement)
 }
 
 /// A number kept as text; items of old files may have none.
-qint32 numberIn(const Recordset &row, QStringView column)
+double numberIn(const Recordset &row, QStringView column)
 {
-    return Int32(Val(row.textOrEmpty(column)));
+    return Val(row.textOrEmpty(column));
 }
 
 } // namespace
@@ -46,8 +46,8 @@ void frmDDP::Prddict()
     items.reopen(u"Select * from items order by name"_s);
     for (; !items.eof(); items.moveNext()) {
         const qint16 id = Int16(items.integer(u"ID"));
-        const qint32 pending = GetPendingOrders(id) + numberIn(items, u"OpPendingOrders");
-        const qint32 cap = numberIn(items, u"ProdcutionCap");
+        const qint32 pending = Int32(GetPendingOrders(id) + numberIn(items, u"OpPendingOrders"));
+        const qint32 cap = Int32(numberIn(items, u"ProdcutionCap"));
         if (cap == 0)
             continue;
         const qint16 days = Int16(static_cast<double>(pending) / cap);

@@ -22,6 +22,7 @@ private slots:
     void waitingIsRoundedToTheEvenDay();
     void onlyOpenRowsCount();
     void itemsWithoutACapacityAreLeftOut();
+    void whatWaitsIsRoundedAsAWhole();
     void aWaitBeyondAllDaysFails();
 };
 
@@ -106,12 +107,25 @@ void PendingOrdersTest::itemsWithoutACapacityAreLeftOut()
     QCOMPARE(Workshop::shown(), QStringList());
 }
 
+void PendingOrdersTest::whatWaitsIsRoundedAsAWhole()
+{
+    Workshop shop;
+    shop.connection.execute(u"update Items set ProdcutionCap='1', OpPendingOrders='2.5' where id=2"_s);
+    shop.addJobRow({.item = 2});
+    QCOMPARE(Workshop::shown(), QStringList{u"Coat|1|4|0|4 Days|15-Apr-2011"_s});
+}
+
 void PendingOrdersTest::aWaitBeyondAllDaysFails()
 {
     Workshop shop;
     shop.plan(1, 1, 32767);
     QCOMPARE(Workshop::shown().first().section(u'|', 4, 4), u"32767 Days"_s);
     shop.plan(1, 1, 32768);
+    EXPECT_FAULT(Fault::Overflow, frmDDP());
+    // Before it is shared out over the days.
+    shop.plan(1, 1'000'000, 2'147'483'647);
+    QCOMPARE(Workshop::shown().first().section(u'|', 4, 4), u"2147 Days"_s);
+    shop.addJobRow({.item = 1});
     EXPECT_FAULT(Fault::Overflow, frmDDP());
 }
 
