@@ -23,6 +23,11 @@ public:
     /// Fills the list with the clients that have `text` anywhere in `column` of `Accounts`; with an empty text the list
     /// is empty. "%" and "_" in it stand for any characters and any one, "[..]" for one of a set.
     void SearchText(const QString &text, const QString &column);
+    /// Selects the first line that holds `text` within as many of its first characters. Without one the selection is
+    /// left alone.
+    static void FindListItem(ListView &list, const QString &text);
+    /// For a key code pressed in a search box: Up and Down move the list's selection; past either end nothing happens.
+    static void ScrollLV(ListView &list, int key);
 
 private:
     struct Search {
@@ -34,12 +39,6 @@ private:
     void buildForm();
     [[nodiscard]] kvTextBox *searchBox(const Search &search);
     void choose();
-
-    /// Selects the first line that holds `text` within as many of its first characters. Without one the selection is
-    /// left alone.
-    static void FindListItem(ListView &list, const QString &text);
-    /// For a key code pressed in a search box: Up and Down move the list's selection; past either end nothing happens.
-    static void ScrollLV(ListView &list, int key);
 
     ListView *lvResults;
     QWidget *fmQuery;
