@@ -218,7 +218,8 @@ QLayout *frmEditJOB::buildCommands()
 
 void frmEditJOB::setTabs()
 {
-    const QList<QWidget *> order = QList<QWidget *>{JobDate, cmbClient, DateDel, DateTrial} + m_items->tabOrder()
+    const QList<QWidget *> order = QList<QWidget *>{JobDate, cmbClient, Command9, DateDel, DateTrial}
+        + m_items->tabOrder()
         + QList<QWidget *>{txtAmountPaid, cmbAccount, txtRemark, chJobStatus, chStatus, Command8, txtCancel, Command12,
             Command1, Command2, Command3, Command7, Command11};
     for (qsizetype i = 1; i < order.size(); ++i)

@@ -31,6 +31,7 @@ private slots:
     void theClientIsOfferedAMessage_data();
     void theClientIsOfferedAMessage();
     void theMessageTellsNumberAndBalance();
+    void aNewCardIsPrintedBeforeTheOffer();
 };
 
 namespace {
@@ -60,9 +61,12 @@ void OrderDeskCallsTest::quickFindBringsTheClient()
         press(Qt::Key_Return);
         QCOMPARE(control<QLabel>(screen, "lblLastvisit").text(), u"Welcome Ravi Jain"_s);
 
+        // Given up, the search leaves the client, and Enter goes on from where the client stands.
         script.expect(u"frmSearchClient"_s, [](QWidget &) { press(Qt::Key_Escape); });
         accessKey('q');
         QCOMPARE(client(screen), u"Ravi Jain"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(focused(), u"DateDel"_s);
     });
 }
 
@@ -189,6 +193,24 @@ void OrderDeskCallsTest::theMessageTellsNumberAndBalance()
         accessKey('s');
     });
     QCOMPARE(modem.received(), QByteArray("AT+CMGF=1\rAT+CMGS=\"9829012345\"\r1: 699.5\rKovrel\x1a"));
+}
+
+void OrderDeskCallsTest::aNewCardIsPrintedBeforeTheOffer()
+{
+    OrderDesk desk;
+    SaveSetting(setting::SendJobNumber, u"Yes"_s);
+    SaveSetting(setting::PrintAfterSave, u"1"_s);
+    ModalScript script;
+    onCard(script, 0, [&](QWidget &screen) {
+        control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
+        expectItem(script, u"co"_s, u"1"_s);
+        accessKey('a');
+        script.expectMessage(u"New Job Created."_s);
+        script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        script.expectMessage(offer, Qt::Key_Escape);
+        accessKey('s');
+        QVERIFY(script.isDone());
+    });
 }
 
 CORVANE_TEST(OrderDeskCallsTest)
