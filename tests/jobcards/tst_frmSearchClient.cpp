@@ -41,7 +41,7 @@ struct Counter : TestShop {
     {
         add(u"Sanjay Rao"_s, u"1, Old Market"_s, u"Udaipur"_s, u"Rajasthan"_s, u"9829011111"_s, u"A12"_s, 0);
         add(u"Asha O'Brien"_s, u"14, Lake View"_s, u"Jaipur"_s, u"Goa"_s, u"7700022222"_s, u"25"_s, 0);
-        add(u"Rao_50% (new)"_s, {}, {}, {}, {}, {}, 0);
+        add(u"Rao_50% [new]"_s, {}, {}, {}, {}, {}, 0);
         add(u"Asha the tailor"_s, u"Old Market"_s, u"Udaipur"_s, u"Rajasthan"_s, u"9829033333"_s, {}, 1);
     }
 
@@ -77,7 +77,7 @@ void SearchClientTest::eachBoxSearchesItsColumn_data()
     QTest::addColumn<QStringList>("hits");
     const QString sanjay = u"Sanjay Rao"_s;
     const QString asha = u"Asha O'Brien"_s;
-    const QString odd = u"Rao_50% (new)"_s;
+    const QString odd = u"Rao_50% [new]"_s;
     const auto row = [](const char *name, const char *box, const QString &text, const QStringList &hits) {
         QTest::newRow(name) << QString::fromLatin1(box) << text << hits;
     };
@@ -92,8 +92,9 @@ void SearchClientTest::eachBoxSearchesItsColumn_data()
     row("any characters", "txtName", u"a%brien"_s, {asha});
     row("any character", "txtMobile", u"98_9"_s, {sanjay});
     row("one of a set", "txtKey", u"[A-C]1"_s, {sanjay});
-    row("a bracket that is not closed", "txtName", u"["_s, {});
-    row("round brackets", "txtName", u"(new)"_s, {odd});
+    row("a set is one character of it", "txtName", u"s[hx]a"_s, {asha});
+    row("a bracket that is not closed stands for itself", "txtName", u"[new"_s, {odd});
+    row("so does one alone", "txtName", u"["_s, {odd});
     row("a blank", "txtCity", u" "_s, {});
     row("far too long", "txtName", QString(10000, u'x'), {});
 }
