@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <QRadioButton>
 
-#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -164,17 +163,18 @@ void frmEditItem::save()
 
 bool frmEditItem::isNumberWrong()
 {
+    // A minus sign can be typed into the counts alone.
+    const QString count = u" must be a number from 0 to %1!"_s.arg(largestCount);
     return isBeyond(txtFees, largestAmount, u"Fees are too high!"_s)
         || isBeyond(txtWorkerFees, largestAmount, u"Worker's fees are too high!"_s)
-        || isBeyond(
-            txtProductionCap, largestCount, u"Production capacity must be a number up to %1!"_s.arg(largestCount))
-        || isBeyond(
-            txtPendingOrdersBal, largestCount, u"Pending orders must be a number up to %1!"_s.arg(largestCount));
+        || isBeyond(txtProductionCap, largestCount, u"Production capacity"_s + count)
+        || isBeyond(txtPendingOrdersBal, largestCount, u"Pending orders"_s + count);
 }
 
 bool frmEditItem::isBeyond(kvTextBox *box, double limit, const QString &message)
 {
-    if (std::abs(Val(box->Text())) <= limit)
+    const double number = Val(box->Text());
+    if (number >= 0 && number <= limit)
         return false;
     complain(message, box);
     return true;

@@ -117,8 +117,10 @@ void EditItemTest::numbersAreKeptOrToldAtTheirField_data()
         row(field, u"2.5"_s, column, u"2.5"_s);
         row(field, u"32767"_s, column, u"32767"_s);
     }
-    row("txtProductionCap", u"32768"_s, u"ProdcutionCap"_s, u"Production capacity must be a number up to 32767!"_s);
-    row("txtPendingOrdersBal", u"1e9"_s, u"OpPendingOrders"_s, u"Pending orders must be a number up to 32767!"_s);
+    for (const QString &text : {u"32768"_s, u"1e9"_s, u"-1"_s}) {
+        row("txtProductionCap", text, u"ProdcutionCap"_s, u"Production capacity must be a number from 0 to 32767!"_s);
+        row("txtPendingOrdersBal", text, u"OpPendingOrders"_s, u"Pending orders must be a number from 0 to 32767!"_s);
+    }
 }
 
 void EditItemTest::numbersAreKeptOrToldAtTheirField()
