@@ -100,6 +100,8 @@ void frmEditClients::save()
         return;
     if (!txtKey->Text().isEmpty() && isTaken(u"Key"_s, txtKey, m_loadedKey, u"Duplicate Key!"_s))
         return;
+    if (const QString typed = dateDob->refused(); !typed.isEmpty())
+        return complain(u"\"%1\" is not a date!"_s.arg(typed), dateDob);
     Recordset &row = rowToWrite();
     row.set(u"Type", client);
     row.set(u"dob", dateDob->birthday());

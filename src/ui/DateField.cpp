@@ -99,6 +99,12 @@ bool DateField::focusNextPrevChild(bool next)
     return QWidget::focusNextPrevChild(next);
 }
 
+void DateField::focusInEvent(QFocusEvent *event)
+{
+    m_refused.clear();
+    QDateEdit::focusInEvent(event);
+}
+
 void DateField::focusOutEvent(QFocusEvent *event)
 {
     takeTyped();
@@ -171,6 +177,7 @@ void DateField::type(const QString &text)
 {
     if (isReadOnly())
         return;
+    m_refused.clear();
     if (m_typed.isEmpty())
         m_firstPart = isWholeSelected() || isEmpty() ? 0 : currentSectionIndex();
     m_typed += text;
@@ -206,6 +213,7 @@ bool DateField::takeTyped()
         setDate(typed);
         return true;
     }
+    m_refused = text;
     QApplication::beep();
     // Once the focus has moved: a change of focus hides the tip.
     QTimer::singleShot(0, this, [this, text] {

@@ -25,6 +25,9 @@ public:
     /// Invalid while the field is empty. `setBirthday` with an invalid date empties it.
     [[nodiscard]] QDate birthday() const;
     void setBirthday(QDate date);
+    /// What was typed last where it was no date, from when it was told until the field is entered or typed in again;
+    /// else empty. For a screen that is about to save the date that stayed.
+    [[nodiscard]] QString refused() const { return m_refused; }
 
 signals:
     /// The calendar has closed, with or without a choice.
@@ -36,6 +39,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     QValidator::State validate(QString &input, int &place) const override;
 
@@ -53,6 +57,7 @@ private:
 
     bool m_forBirthdays = false;
     QString m_typed;
+    QString m_refused;
     /// 0 for the day, 1 for the month, 2 for the year.
     int m_firstPart = 0;
     bool m_calendarPrepared = false;

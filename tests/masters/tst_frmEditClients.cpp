@@ -24,6 +24,8 @@ private slots:
     void theOrderDeskGetsTheNameSavedLast();
     void aClientIsEnteredByEnterAlone();
     void anOpenedClientShowsWhatIsStored();
+    void aBirthdayThatIsNoDateIsTold_data();
+    void aBirthdayThatIsNoDateIsTold();
     void keysAreOneEach_data();
     void keysAreOneEach();
     void theNextKeyFollowsTheLastAccounts_data();
@@ -129,6 +131,42 @@ void EditClientsTest::anOpenedClientShowsWhatIsStored()
         press(Qt::Key_Escape);
     });
     QCOMPARE(desk.lines(columns + u'5'), QStringList{u"Asha Rao|||Kota||||0|0|0"_s});
+}
+
+void EditClientsTest::aBirthdayThatIsNoDateIsTold_data()
+{
+    QTest::addColumn<bool>("byEnter");
+    QTest::newRow("Enter and Enter again") << true;
+    QTest::newRow("access key") << false;
+}
+
+void EditClientsTest::aBirthdayThatIsNoDateIsTold()
+{
+    QFETCH(bool, byEnter);
+    MasterDesk desk;
+    inEdit([byEnter](QWidget &editor, ModalScript &script) {
+        auto &birthday = control<DateField>(editor, "dateDob");
+        const auto save = [&](const QString &message) {
+            if (byEnter)
+                press(Qt::Key_Return);
+            script.expectMessage(message);
+            byEnter ? press(Qt::Key_Return) : accessKey('s');
+            QVERIFY(script.isDone());
+        };
+        birthday.setFocus(Qt::TabFocusReason);
+        type(u"31/2/80"_s);
+        save(u"\"31/2/80\" is not a date!"_s);
+        QVERIFY(isEntered(birthday));
+        // Told once, it is the date that stayed or the one that is typed now.
+        type(u"29/2/80"_s);
+        save(u"Client Information Updated."_s);
+        birthday.setFocus(Qt::TabFocusReason);
+        type(u"soon"_s);
+        save(u"\"soon\" is not a date!"_s);
+        save(u"Client Information Updated."_s);
+        press(Qt::Key_Escape);
+    });
+    QCOMPARE(desk.lines(u"Select dob from Accounts where id=5"_s), QStringList{u"29-Feb-1980"_s});
 }
 
 void EditClientsTest::keysAreOneEach_data()
