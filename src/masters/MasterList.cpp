@@ -2,6 +2,7 @@
 
 #include "base/session.h"
 #include "base/values.h"
+#include "masters/accountTypes.h"
 #include "masters/frmEditAccount.h"
 #include "masters/frmEditClients.h"
 #include "masters/frmEditItem.h"
@@ -51,7 +52,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where Type="_s + QString::number(0)); },
+            .names = [] { return titlesOfType(u" where Type="_s + QString::number(accountType::Client)); },
             .addNew = [] { frmEditClients().AddNew(); },
             .edit = [](int id) { frmEditClients().Edit(id); },
             .controlAAdds = true},
@@ -60,7 +61,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where Type="_s + QString::number(1)); },
+            .names = [] { return titlesOfType(u" where Type="_s + QString::number(accountType::Worker)); },
             .addNew = [] { frmEditWorker().AddNew(); },
             .edit = [](int id) { frmEditWorker().Edit(id); }},
         {.screen = u"frmItems"_s,
@@ -76,7 +77,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where type="_s + QString::number(2)); },
+            .names = [] { return titlesOfType(u" where type="_s + QString::number(accountType::Ledger)); },
             .addNew = [] { frmEditAccount().ShowAddNew(); },
             .edit = [](int id) { frmEditAccount().ShowEdit(id); },
             .backCaption = u"Back"_s},

@@ -1,5 +1,6 @@
 #include "masters/frmEditAccount.h"
 
+#include "masters/accountTypes.h"
 #include "store/DataEnvironment.h"
 #include "ui/Command.h"
 #include "ui/frmMsg.h"
@@ -10,12 +11,6 @@
 #include <QGridLayout>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int ledgerAccount = 2;
-
-} // namespace
 
 frmEditAccount::frmEditAccount()
     : MasterEditor(u"frmEditAccount"_s,
@@ -72,7 +67,7 @@ void frmEditAccount::save()
     if (isNameTaken())
         return;
     Recordset &row = rowToWrite();
-    row.set(u"Type", ledgerAccount);
+    row.set(u"Type", accountType::Ledger);
     row.set(u"Nature", cmbType->currentIndex());
     store();
     if (!isNew())

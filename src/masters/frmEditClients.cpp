@@ -1,6 +1,7 @@
 #include "masters/frmEditClients.h"
 
 #include "base/values.h"
+#include "masters/accountTypes.h"
 #include "store/DataEnvironment.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
@@ -11,8 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int client = 0;
 
 /// What `AddNewFromJobCard` answers.
 QString &lastSavedName()
@@ -103,7 +102,7 @@ void frmEditClients::save()
     if (const QString typed = dateDob->refused(); !typed.isEmpty())
         return complain(u"\"%1\" is not a date!"_s.arg(typed), dateDob);
     Recordset &row = rowToWrite();
-    row.set(u"Type", client);
+    row.set(u"Type", accountType::Client);
     row.set(u"dob", dateDob->birthday());
     store();
     m_loadedKey = txtKey->Text();

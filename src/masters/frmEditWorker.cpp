@@ -1,5 +1,6 @@
 #include "masters/frmEditWorker.h"
 
+#include "masters/accountTypes.h"
 #include "store/DataEnvironment.h"
 #include "ui/Command.h"
 #include "ui/kvTextBox.h"
@@ -7,12 +8,6 @@
 #include <QGridLayout>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int worker = 1;
-
-} // namespace
 
 frmEditWorker::frmEditWorker()
     : MasterEditor(u"frmEditWorker"_s,
@@ -57,7 +52,7 @@ void frmEditWorker::save()
 {
     if (isNameMissing(u"Please Enter Worker Name!"_s) || isNameTaken())
         return;
-    rowToWrite().set(u"Type", worker);
+    rowToWrite().set(u"Type", accountType::Worker);
     store();
     finishSave(u"New Worker Added."_s, u"Worker Information Updated."_s);
 }
