@@ -33,10 +33,13 @@ QString usualText(Fault fault)
 
 } // namespace
 
-RuntimeError::RuntimeError(Fault fault, const QString &source) : RuntimeError(fault, usualText(fault), source) { }
+RuntimeError::RuntimeError(Fault fault, const QString &source, Written written)
+    : RuntimeError(fault, usualText(fault), source, written)
+{
+}
 
-RuntimeError::RuntimeError(Fault fault, const QString &text, const QString &source)
-    : m_fault(fault), m_text(text), m_source(source), m_what(report().toUtf8())
+RuntimeError::RuntimeError(Fault fault, const QString &text, const QString &source, Written written)
+    : m_fault(fault), m_text(text), m_source(source), m_written(written), m_what(report().toUtf8())
 {
 }
 

@@ -28,18 +28,29 @@ enum class Fault {
     Engine = 3000,
 };
 
+/// What a failed command has left in the file.
+enum class Written {
+    /// All that came before the failure: it broke a rule of the program's own.
+    UpToTheFault,
+    /// Nothing: the file is as it was before the command, and the command can be given again.
+    Nothing,
+    /// The command as a whole or nothing of it; the disk failed while it was made durable. Look before doing it again.
+    AllOrNothing,
+};
+
 /// A failed operation: what went wrong, in words for the user, and the statement or field that it happened in.
 /// It is the only exception of the program. Where nobody is meant to deal with it, it ends the process with an error
 /// report. No text of it holds the database password.
 class RuntimeError : public std::exception {
 public:
-    explicit RuntimeError(Fault fault, const QString &source = {});
-    RuntimeError(Fault fault, const QString &text, const QString &source);
+    explicit RuntimeError(Fault fault, const QString &source = {}, Written written = Written::UpToTheFault);
+    RuntimeError(Fault fault, const QString &text, const QString &source, Written written = Written::UpToTheFault);
 
     [[nodiscard]] Fault fault() const { return m_fault; }
     [[nodiscard]] int number() const { return static_cast<int>(m_fault); }
     [[nodiscard]] const QString &text() const { return m_text; }
     [[nodiscard]] const QString &source() const { return m_source; }
+    [[nodiscard]] Written written() const { return m_written; }
 
     /// The whole report: number, text, and the source where there is one.
     [[nodiscard]] QString report() const;
@@ -49,5 +60,6 @@ private:
     Fault m_fault;
     QString m_text;
     QString m_source;
+    Written m_written;
     QByteArray m_what;
 };
