@@ -19,6 +19,7 @@ QString usualText(Fault fault)
     case Fault::NotOpen: return u"Operation is not allowed when the object is closed."_s;
     case Fault::AlreadyOpen: return u"Operation is not allowed when the object is open."_s;
     case Fault::RowNotFound: return u"The row cannot be located for updating: it has been deleted since it was read."_s;
+    case Fault::NumberTaken: return u"The number is taken."_s;
     case Fault::MissingValue: return u"A required field has no value."_s;
     case Fault::Syntax: return u"The statement cannot be understood."_s;
     case Fault::DiskFull: return u"There is not enough space on the disk."_s;
@@ -41,6 +42,19 @@ RuntimeError::RuntimeError(Fault fault, const QString &source, Written written)
 RuntimeError::RuntimeError(Fault fault, const QString &text, const QString &source, Written written)
     : m_fault(fault), m_text(text), m_source(source), m_written(written), m_what(report().toUtf8())
 {
+}
+
+bool RuntimeError::canGoOn() const
+{
+    switch (m_fault) {
+    case Fault::Damaged:
+    case Fault::NotADatabase: return false;
+    case Fault::DiskFull:
+    case Fault::FileFault:
+    case Fault::CannotOpen:
+    case Fault::Locked: return true;
+    default: return m_written != Written::UpToTheFault;
+    }
 }
 
 QString RuntimeError::report() const

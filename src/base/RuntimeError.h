@@ -18,6 +18,7 @@ enum class Fault {
     NotOpen = 3704,
     AlreadyOpen = 3705,
     RowNotFound = 3197,
+    NumberTaken = 3022,
     MissingValue = 3314,
     Syntax = 3075,
     DiskFull = 3026,
@@ -51,6 +52,9 @@ public:
     [[nodiscard]] const QString &text() const { return m_text; }
     [[nodiscard]] const QString &source() const { return m_source; }
     [[nodiscard]] Written written() const { return m_written; }
+    /// Whether the user can be told of it and go on with what stands on the screen: the file can't be reached for the
+    /// moment, or it is certain that no half of a command stands in it. Not with a damaged file.
+    [[nodiscard]] bool canGoOn() const;
 
     /// The whole report: number, text, and the source where there is one.
     [[nodiscard]] QString report() const;
