@@ -19,6 +19,7 @@ catchers=(
     src/store/schema.cpp          # the creation of a database ends silently
     src/ui/Application.cpp        # the error report that ends the process
     src/app/startup.cpp           # a database that cannot be opened is shown, and another one offered
+    src/app/programFolder.cpp     # a demo that cannot be copied is left out
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
     src/app/frmMain.cpp           # a wallpaper that cannot be shown is left out
 )

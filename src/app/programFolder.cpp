@@ -1,7 +1,9 @@
 #include "app/programFolder.h"
 
+#include "base/RuntimeError.h"
+#include "base/safeFile.h"
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -19,11 +21,14 @@ QString chooseProgramFolder(const QString &option, const QString &ownFolder)
 
 void prepareProgramFolder(const QString &folder, const QString &ownFolder)
 {
-    QDir().mkpath(folder);
     const QString demo = QDir(folder).filePath(u"demo.mdb"_s);
-    if (QFileInfo::exists(demo))
+    const QString delivered = QDir(ownFolder).filePath(u"demo.mdb"_s);
+    if (!safeFile::makeFolder(folder) || QFileInfo::exists(demo) || !QFileInfo::exists(delivered))
         return;
-    QFile::copy(QDir(ownFolder).filePath(u"demo.mdb"_s), demo);
-    // The delivered file may be one that nobody may write; the copy is worked in.
-    QFile::setPermissions(demo, QFile::permissions(demo) | QFile::WriteOwner);
+    try {
+        safeFile::copyWhole(delivered, demo);
+    } catch (const RuntimeError &) {
+        // Without its demo the program works all the same, and the next start tries again.
+        return;
+    }
 }

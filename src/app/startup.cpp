@@ -6,6 +6,7 @@
 #include "app/programFolder.h"
 #include "base/RuntimeError.h"
 #include "base/clock.h"
+#include "base/safeFile.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
@@ -19,11 +20,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
-#include <QSaveFile>
 #include <QScopedValueRollback>
 #include <QSettings>
 #include <QTextStream>
 #include <QTimer>
+
+#include <optional>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -40,12 +43,7 @@ void writeConfig(const QString &databasePath)
 {
     const QStringList lines{
         u"'Corvane Configuration file"_s, {}, u"' Database Path"_s, u"DBPATH="_s + databasePath, {}};
-    QSaveFile file(configPath());
-    // In a folder that takes no new file the one that is there may still be written.
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly) || file.write(lines.join(lineEnd).toUtf8()) < 0 || !file.commit())
-        throw RuntimeError(
-            Fault::FileFault, u"The configuration file cannot be written: %1."_s.arg(file.errorString()), configPath());
+    safeFile::writeWhole(configPath(), lines.join(lineEnd).toUtf8());
 }
 
 void findDatabase()
@@ -55,29 +53,63 @@ void findDatabase()
     ReadConfig();
 }
 
+QString keptAsideText(const QString &folder)
+{
+    return u"The file and its journal, as they were found, are kept in:"_s + lineEnd + QDir::toNativeSeparators(folder);
+}
+
+/// What kept the database from opening, in words; empty when it is open. Where the file is missing since it could not
+/// be made, `notMade` is the cause.
+QString openingFault(const std::optional<RuntimeError> &notMade)
+{
+    renewDE();
+    try {
+        DE().CN.open(session::DBPath);
+    } catch (const RuntimeError &error) {
+        const RuntimeError &cause = notMade && error.fault() == Fault::FileNotFound ? *notMade : error;
+        QStringList lines{cause.text(), cause.source()};
+        if (!DE().CN.keptAside().isEmpty())
+            lines += keptAsideText(DE().CN.keptAside());
+        lines.removeAll({});
+        return lines.join(lineEnd);
+    }
+    if (!DE().CN.keptAside().isEmpty())
+        platformBox::show(u"The program or the computer was stopped in the midst of a save. "
+                          "What was not finished has been taken back."_s
+            + lineEnd + keptAsideText(DE().CN.keptAside()));
+    return {};
+}
+
+void openOrOffer(const std::optional<RuntimeError> &notMade)
+{
+    static QString *faultOfRoute = nullptr;
+    QString fault = openingFault(notMade);
+    // A choice that fails in turn is met by the loop of the route that offered it, so that no number of tries piles up
+    // calls.
+    if (faultOfRoute) {
+        *faultOfRoute = fault;
+        return;
+    }
+    const QScopedValueRollback route(faultOfRoute, &fault);
+    while (!DE().CN.isOpen()) {
+        platformBox::showCritical(u"Database File Error!"_s + lineEnd + fault);
+        frmSelectDB().exec();
+        RestartSession();
+    }
+}
+
 void bringUpDatabase()
 {
+    std::optional<RuntimeError> notMade;
     if (!QFileInfo::exists(session::DBPath))
-        CreateDatabase(OpenDatabase);
-    OpenDatabase();
+        notMade = CreateDatabase(OpenDatabase);
+    openOrOffer(notMade);
     // Not open, and nothing thrown: the route of `OpenDatabase` is at work below and goes on with the next choice.
     if (!DE().CN.isOpen())
         return;
     MakeImagesFolder();
     CheckDatabaseVersion();
     InitCurrentDate();
-}
-
-/// What kept the database from opening; empty when it is open.
-QString openingFault()
-{
-    renewDE();
-    try {
-        DE().CN.open(session::DBPath);
-    } catch (const RuntimeError &error) {
-        return error.source().isEmpty() ? error.text() : error.text() + lineEnd + error.source();
-    }
-    return {};
 }
 
 QSettings userValues()
@@ -159,25 +191,13 @@ void endFirstRun()
 
 void OpenDatabase()
 {
-    static bool routeIsOpen = false;
-    QString fault = openingFault();
-    // A choice that fails in turn is met by the loop of the route that offered it, so that no number of tries piles up
-    // calls.
-    if (routeIsOpen)
-        return;
-    const QScopedValueRollback route(routeIsOpen, true);
-    while (!DE().CN.isOpen()) {
-        platformBox::showCritical(u"Database File Error!"_s + lineEnd + fault);
-        frmSelectDB().exec();
-        RestartSession();
-        if (!DE().CN.isOpen())
-            fault = openingFault();
-    }
+    openOrOffer({});
 }
 
 void MakeImagesFolder()
 {
-    QDir().mkdir(session::programPath(u"images"));
+    // A folder that cannot be made is told where a picture is to be kept in it.
+    std::ignore = safeFile::makeFolder(session::programPath(u"images"));
 }
 
 void CheckDatabaseVersion()

@@ -1,4 +1,5 @@
 #include "app/startup.h"
+#include "base/safeFile.h"
 #include "store/DataEnvironment.h"
 #include "ui/Application.h"
 
@@ -24,6 +25,7 @@ bool asksOnly(int count, char **arguments)
 
 int main(int count, char **arguments)
 {
+    safeFile::keepToOwner();
     QCoreApplication::setApplicationName(u"Corvane"_s);
     QCoreApplication::setApplicationVersion(u"%1.%2"_s.arg(CORVANE_VERSION_MAJOR).arg(CORVANE_VERSION_MINOR));
 

@@ -1,13 +1,18 @@
 #include "store/Connection.h"
 
+#include "base/FileLock.h"
 #include "base/RuntimeError.h"
+#include "base/safeFile.h"
+#include "store/leftBehind.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
 
 #include <sqlite3.h>
 
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -24,7 +29,7 @@ constexpr auto cipherSettings = "PRAGMA cipher_page_size = 4096;"
                                 "PRAGMA cipher_hmac_algorithm = HMAC_SHA1;"
                                 "PRAGMA cipher_kdf_algorithm = PBKDF2_HMAC_SHA1;";
 constexpr auto durability = "PRAGMA journal_mode = DELETE;"
-                            "PRAGMA synchronous = FULL;"
+                            "PRAGMA synchronous = EXTRA;"
                             "PRAGMA cache_size = -32768;";
 
 quint64 nextStamp()
@@ -152,6 +157,54 @@ Fault faultOf(int code, bool proven)
     }
 }
 
+/// Faults that a statement brings on by itself; all others come from the file and what it lies on.
+bool isOfTheStatement(int code)
+{
+    switch (code & 0xff) {
+    case SQLITE_ERROR:
+    case SQLITE_CONSTRAINT:
+    case SQLITE_MISMATCH:
+    case SQLITE_TOOBIG:
+    case SQLITE_RANGE:
+    case SQLITE_MISUSE: return true;
+    default: return false;
+    }
+}
+
+/// The one failure of a commit after which it stands in the file: the journal is removed, but that may not be on the
+/// disk.
+bool standsAfter(int code)
+{
+    return code == SQLITE_IOERR_DIR_FSYNC;
+}
+
+/// The words for a fault of the disk; empty where those of the fault itself say it all.
+QString wordsOf(int code)
+{
+    if (code == SQLITE_READONLY_DBMOVED)
+        return u"The file was moved, removed or replaced while it was in use."_s;
+    switch (code & 0xff) {
+    case SQLITE_READONLY: return u"The file, or the folder that it lies in, may only be read."_s;
+    case SQLITE_PERM: return u"The system does not let the program work on this file."_s;
+    case SQLITE_CANTOPEN: return u"The disk failed: the file, or the journal beside it, cannot be opened."_s;
+    case SQLITE_IOERR: return u"The disk failed: the file cannot be read or written."_s;
+    case SQLITE_NOMEM: return u"There is not enough memory."_s;
+    default: return {};
+    }
+}
+
+QString aftermath(Written written)
+{
+    switch (written) {
+    case Written::UpToTheFault: return {};
+    case Written::Nothing:
+        return u"\n\nNothing of this entry was written. When the cause is mended, it can be entered again."_s;
+    case Written::AllOrNothing:
+        return u"\n\nIt is not known whether this entry was written. Look before you enter it again."_s;
+    }
+    return {};
+}
+
 int bindValue(sqlite3_stmt *statement, int place, const Value &value)
 {
     const auto bindText = [statement, place](const QString &text) {
@@ -183,15 +236,24 @@ Connection::~Connection()
 
 void Connection::open(const QString &path)
 {
+    m_keptAside.clear();
     const QFileInfo file(path);
     if (!file.exists())
         throw RuntimeError(Fault::FileNotFound, path);
     if (!file.isFile() || !file.isReadable() || !file.isWritable())
         throw RuntimeError(Fault::CannotOpen, u"The file cannot be opened for reading and writing."_s, path);
+    if (isOpen())
+        throw RuntimeError(Fault::AlreadyOpen, path);
+    auto closeOnFailure = qScopeGuard([this] { close(); });
+    m_lock = FileLock::shared(path, busyMilliseconds);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    if (m_lock->isAlone() && leftBehind::isHot(path))
+        m_keptAside = leftBehind::keepAside(path);
     openHandle(path, SQLITE_OPEN_READWRITE);
     unlock();
-    auto closeOnFailure = qScopeGuard([this] { close(); });
     proveReadable(path);
+    clearColdJournal(path);
+    m_lock->share();
     closeOnFailure.dismiss();
 }
 
@@ -209,11 +271,9 @@ void Connection::openPlain(const QString &path)
     closeOnFailure.dismiss();
 }
 
-void Connection::create(const QString &path)
+void Connection::create(const UnfinishedFile &file)
 {
-    if (QFileInfo::exists(path))
-        throw RuntimeError(Fault::FileFault, u"The file exists already."_s, path);
-    openHandle(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    openHandle(file.name(), SQLITE_OPEN_READWRITE);
     unlock();
     m_proven = true;
     sqlite3_exec(m_database, durability, nullptr, nullptr, nullptr);
@@ -231,10 +291,22 @@ void Connection::openHandle(const QString &path, int flags)
         throw RuntimeError(Fault::CannotOpen, path);
     }
     m_database = handle;
+    m_path = path;
     m_proven = false;
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_timeout(handle, busyMilliseconds);
     addDialect(handle);
+}
+
+/// A journal that is over does no harm, but the file is to lie there alone.
+void Connection::clearColdJournal(const QString &path)
+{
+    if (!leftBehind::hasColdJournal(path))
+        return;
+    // While this one could write, nobody else has a journal that only begins.
+    if (sqlite3_exec(m_database, "begin immediate", nullptr, nullptr, nullptr) == SQLITE_OK)
+        leftBehind::removeColdJournal(path);
+    sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr);
 }
 
 void Connection::unlock()
@@ -257,6 +329,7 @@ void Connection::proveReadable(const QString &path)
     m_proven = true;
     number("select count(*) from Settings");
     sqlite3_exec(m_database, durability, nullptr, nullptr, nullptr);
+    lookAtDataVersion();
 }
 
 void Connection::close()
@@ -264,11 +337,16 @@ void Connection::close()
     for (const Prepared &statement : std::as_const(m_statements))
         sqlite3_finalize(statement.handle);
     m_statements.clear();
-    if (m_groupDepth > 0 && isOpen())
-        sqlite3_exec(m_database, "commit", nullptr, nullptr, nullptr);
+    sqlite3_finalize(m_askDataVersion);
+    m_askDataVersion = nullptr;
+    if (m_inGroup && isOpen())
+        sqlite3_exec(m_database, m_groupFault == SQLITE_OK ? "commit" : "rollback", nullptr, nullptr, nullptr);
     sqlite3_close_v2(m_database);
     m_database = nullptr;
-    m_groupDepth = 0;
+    m_inGroup = false;
+    m_groupFault = SQLITE_OK;
+    // After the engine has let go of the file: whoever comes next may be alone with it.
+    m_lock.reset();
     noteAnyWrite();
 }
 
@@ -320,7 +398,7 @@ const Connection::Prepared &Connection::prepared(const QByteArray &sql, const QS
         sqlite3_prepare_v2(m_database, sql.constData(), static_cast<int>(sql.size()), &statement.handle, nullptr);
     sqlite3_set_authorizer(m_database, nullptr, nullptr);
     if (code != SQLITE_OK)
-        fail(code, source);
+        fail(code, source, !statement.written.isEmpty());
     return *m_statements.insert(sql, statement);
 }
 
@@ -337,21 +415,72 @@ void Connection::noteAnyWrite()
     m_writeStamp = nextStamp();
 }
 
-void Connection::fail(int code, const QString &source) const
+void Connection::noticeOtherWriters()
+{
+    if (isOpen() && !m_inGroup)
+        lookAtDataVersion();
+}
+
+void Connection::lookAtDataVersion()
+{
+    if (!m_askDataVersion)
+        sqlite3_prepare_v2(m_database, "PRAGMA data_version", -1, &m_askDataVersion, nullptr);
+    qint64 version = m_dataVersion;
+    const bool known = sqlite3_step(m_askDataVersion) == SQLITE_ROW;
+    if (known)
+        version = sqlite3_column_int64(m_askDataVersion, 0);
+    sqlite3_reset(m_askDataVersion);
+    if (known && version == m_dataVersion)
+        return;
+    m_dataVersion = version;
+    ++m_otherWrites;
+    noteAnyWrite();
+}
+
+void Connection::fail(int code, const QString &source, bool writes)
 {
     const Fault fault = faultOf(code, m_proven);
-    const QString said = QString::fromUtf8(sqlite3_errmsg(m_database));
-    if (fault == Fault::Syntax || fault == Fault::MissingValue || fault == Fault::Engine)
+    if (isOfTheStatement(code)) {
+        const QString said = QString::fromUtf8(sqlite3_errmsg(m_database));
         throw RuntimeError(fault, said, source);
-    throw RuntimeError(fault, source);
+    }
+    if (m_inGroup) {
+        m_groupFault = code;
+        throw diskFault(code, Written::Nothing);
+    }
+    throw diskFault(code, writes ? afterFailedWrite(code) : Written::UpToTheFault);
+}
+
+RuntimeError Connection::diskFault(int code, Written written) const
+{
+    const Fault fault = faultOf(code, m_proven);
+    const QString words = wordsOf(code);
+    return RuntimeError(
+        fault, (words.isEmpty() ? RuntimeError(fault).text() : words) + aftermath(written), m_path, written);
+}
+
+Written Connection::afterFailedWrite(int code)
+{
+    if (standsAfter(code))
+        return Written::AllOrNothing;
+    if ((code & 0xff) == SQLITE_BUSY)
+        return Written::Nothing;
+    // A journal that could not be removed is still to be rolled back; the first read does it, or shows that it can't.
+    const bool readable =
+        sqlite3_exec(m_database, "select count(*) from sqlite_master", nullptr, nullptr, nullptr) == SQLITE_OK;
+    return readable ? Written::Nothing : Written::AllOrNothing;
 }
 
 Connection::Statement::Statement(
     Connection &connection, const QByteArray &sql, const std::vector<Value> &values, const QString &source)
     : m_connection(connection), m_source(source)
 {
+    if (connection.m_groupFault != SQLITE_OK)
+        throw connection.diskFault(connection.m_groupFault, Written::Nothing);
+    connection.noticeOtherWriters();
     const Prepared &prepared = connection.prepared(sql, source);
     m_handle = prepared.handle;
+    m_writes = !prepared.written.isEmpty();
     // A text from outside may hold "?" nowhere: every literal was taken out, so the counts agree or the statement is
     // wrong.
     if (sqlite3_bind_parameter_count(m_handle) != static_cast<int>(values.size()))
@@ -359,9 +488,9 @@ Connection::Statement::Statement(
     for (size_t i = 0; i < values.size(); ++i) {
         const int code = bindValue(m_handle, static_cast<int>(i) + 1, values[i]);
         if (code != SQLITE_OK)
-            m_connection.fail(code, source);
+            m_connection.fail(code, source, m_writes);
     }
-    if (!prepared.written.isEmpty())
+    if (m_writes)
         m_connection.noteWrites(prepared);
 }
 
@@ -373,39 +502,59 @@ Connection::Statement::~Statement()
 bool Connection::Statement::step()
 {
     const int code = sqlite3_step(m_handle);
-    if (code != SQLITE_ROW && code != SQLITE_DONE)
-        m_connection.fail(code, m_source);
-    return code == SQLITE_ROW;
+    if (code == SQLITE_ROW || code == SQLITE_DONE)
+        return code == SQLITE_ROW;
+    if (isOfTheStatement(code))
+        m_connection.fail(code, m_source, m_writes);
+    // The engine ends the write, and takes it back, when its statement is reset.
+    sqlite3_reset(m_handle);
+    m_connection.fail(code, m_source, m_writes);
 }
 
-void WriteGroup::run(Connection &connection, const std::function<void()> &body)
+void Connection::beginGroup()
 {
-    const bool outermost = connection.m_groupDepth == 0;
+    const int code = sqlite3_exec(m_database, "begin immediate", nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        fail(code, m_path, true);
+    m_inGroup = true;
+    // Nobody else can write from here on.
+    lookAtDataVersion();
+}
+
+void Connection::endGroup(const std::function<void()> &takenBack)
+{
+    if (!isOpen())
+        return;
+    m_inGroup = false;
+    int code = std::exchange(m_groupFault, SQLITE_OK);
+    if (code == SQLITE_OK) {
+        code = sqlite3_exec(m_database, "commit", nullptr, nullptr, nullptr);
+        if (code == SQLITE_OK)
+            return;
+    }
+    // A group that could not be committed must not stay open: later writes would fall into it and be lost with it.
+    sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr);
+    noteAnyWrite();
+    const Written written = afterFailedWrite(code);
+    if (takenBack && !standsAfter(code))
+        takenBack();
+    throw diskFault(code, written);
+}
+
+void WriteGroup::run(Connection &connection, const std::function<void()> &body, const std::function<void()> &takenBack)
+{
+    const bool outermost = !connection.m_inGroup;
     if (outermost)
-        connection.run("begin immediate", {}, u"begin"_s);
-    ++connection.m_groupDepth;
-    const auto leave = [&] {
-        if (!connection.isOpen())
-            return;
-        --connection.m_groupDepth;
-        // The engine gives a group up by itself when the disk fails under it; then there is nothing left to commit.
-        if (sqlite3_get_autocommit(connection.m_database))
-            return connection.noteAnyWrite();
-        if (!outermost)
-            return;
-        // A group that could not be committed must not stay open: later writes would fall into it and be lost with it.
-        auto giveUp = qScopeGuard([&connection] {
-            sqlite3_exec(connection.m_database, "rollback", nullptr, nullptr, nullptr);
-            connection.noteAnyWrite();
-        });
-        connection.run("commit", {}, u"commit"_s);
-        giveUp.dismiss();
-    };
+        connection.beginGroup();
     try {
         body();
     } catch (...) {
-        leave();
+        if (outermost)
+            connection.endGroup(takenBack);
+        else if (connection.m_groupFault != SQLITE_OK && takenBack)
+            takenBack();
         throw;
     }
-    leave();
+    if (outermost)
+        connection.endGroup(takenBack);
 }

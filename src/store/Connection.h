@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/RuntimeError.h"
 #include "store/Value.h"
 #include "store/jetsql.h"
 
@@ -7,13 +8,21 @@
 #include <QHash>
 
 #include <functional>
+#include <memory>
+
+class FileLock;
+class UnfinishedFile;
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 /// A database file of the program, open under the program's password. Statements go in in the program's own dialect
-/// (`jetsql`); each that returns is on the disk. Not copyable; closing or destroying it leaves one file and no
-/// companion.
+/// (`jetsql`); each that returns is on the disk, power cuts included. Not copyable; closing or destroying it leaves one
+/// file and no companion.
+///
+/// Another program may have the file open, too. A statement waits up to two seconds for the other's write, then fails
+/// (Locked). A fault of the disk, or a file that is locked, is told with the path and with what became of the write
+/// (`RuntimeError::written`).
 class Connection {
 public:
     Connection();
@@ -23,16 +32,21 @@ public:
 
     /// Opens an existing database for reading and writing and makes sure that it is one: the key fits and the tables
     /// are there. Throws RuntimeError and stays closed: FileNotFound, CannotOpen (a folder, no rights, or a file that
-    /// may only be read), Locked, Damaged, NotADatabase (a foreign file or another password). The file is never changed
-    /// by it.
+    /// may only be read), Locked, Damaged, NotADatabase (a foreign file or another password). The file is not changed
+    /// by it but for two things: its rights become 0600, and a write that was cut short is taken back. Before that, the
+    /// file and the journal of that write are copied aside (`keptAside`); what fails in that is thrown, too.
     void open(const QString &path);
+
+    /// The folder with the file and the journal as the last `open` found them; empty where it found no unfinished
+    /// write. It is told even when the opening fails afterwards.
+    [[nodiscard]] const QString &keptAside() const { return m_keptAside; }
 
     /// Opens a database that has no password and isn't a shop's, for reading only. Throws as `open` does.
     void openPlain(const QString &path);
 
-    /// Makes a new, empty file at `path` and opens it. Throws RuntimeError (FileFault) where something stands there
-    /// already, which is left alone, and CannotOpen where nothing can be made.
-    void create(const QString &path);
+    /// Makes a new, empty database of `file` and opens it. REQUIRES: nothing was written to `file`; the connection is
+    /// closed before `file` is given its name.
+    void create(const UnfinishedFile &file);
 
     /// Without effect when closed. Never throws.
     void close();
@@ -46,9 +60,16 @@ public:
     void define(const QString &sql);
 
     /// Changes with each statement that may have written to `table`, named in small letters, with a group that was
-    /// taken back, with opening and with closing, and is never the same for two connections: whoever remembers answers
-    /// from that table forgets them when it has changed.
+    /// taken back, with opening and with closing, when another program was seen to have written, and is never the same
+    /// for two connections: whoever remembers answers from that table forgets them when it has changed.
     [[nodiscard]] quint64 writeStamp(const QByteArray &table) const { return m_tableStamps.value(table, m_writeStamp); }
+
+    /// Looks whether another program has written to the file, and then makes all who remember forget. Each statement
+    /// that reads rows and each write does this by itself; a screen does it when it comes to the front. Never throws;
+    /// without effect when closed and within a group, where nobody else can write.
+    void noticeOtherWriters();
+    /// How often another program was seen to have written.
+    [[nodiscard]] quint64 otherWrites() const { return m_otherWrites; }
 
     /// A prepared statement at its start with `values` bound, and reset when it leaves its scope.
     class Statement {
@@ -66,6 +87,7 @@ public:
         Connection &m_connection;
         sqlite3_stmt *m_handle;
         QString m_source;
+        bool m_writes = false;
     };
 
     /// Rows changed by the last statement that wrote.
@@ -83,27 +105,54 @@ private:
     void openHandle(const QString &path, int flags);
     void unlock();
     void proveReadable(const QString &path);
+    void clearColdJournal(const QString &path);
     const Prepared &prepared(const QByteArray &sql, const QString &source);
     void noteWrites(const Prepared &statement);
     void noteAnyWrite();
-    [[noreturn]] void fail(int code, const QString &source) const;
+    [[noreturn]] void fail(int code, const QString &source, bool writes);
+    /// The same fault with what became of the write, which is only told of a fault that is not the program's own.
+    [[nodiscard]] RuntimeError diskFault(int code, Written written) const;
+    [[nodiscard]] Written afterFailedWrite(int code);
     int run(const QByteArray &sql, const std::vector<Value> &values, const QString &source);
+    void lookAtDataVersion();
+    void beginGroup();
+    void endGroup(const std::function<void()> &takenBack);
 
     sqlite3 *m_database = nullptr;
+    QString m_path;
+    std::shared_ptr<FileLock> m_lock;
+    QString m_keptAside;
     QHash<QByteArray, Prepared> m_statements;
     /// Of the tables that have not been written to since they were last all taken for changed.
     quint64 m_writeStamp;
     QHash<QByteArray, quint64> m_tableStamps;
-    int m_groupDepth = 0;
+    sqlite3_stmt *m_askDataVersion = nullptr;
+    qint64 m_dataVersion = 0;
+    quint64 m_otherWrites = 0;
+    bool m_inGroup = false;
+    /// The engine's code of the disk's fault that the group met, 0 for none: with one it can only go back.
+    int m_groupFault = 0;
     bool m_proven = false;
 };
 
 /// Groups the writes of one command into one durable commit.
 class WriteGroup {
 public:
-    /// Runs `body` and commits, also while a failure is passing: what was written before a failure stays written.
-    /// Only when the disk itself fails or is full does the engine take the whole group back.
-    /// Groups nest; the outermost commits. Throws what `body` throws, or what the commit meets.
-    /// REQUIRES: the connection is open; nothing is shown to the user inside `body`.
-    static void run(Connection &connection, const std::function<void()> &body);
+    /// Runs `body` and commits, also while a failure is passing: what was written before a fault of the program's own
+    /// rules (a Null, an overflow, a missing row) stays written.
+    ///
+    /// When the disk fails, is full, or another program keeps the file locked, the whole group goes back, whatever
+    /// `body` made of the failure; the RuntimeError that is then thrown says so (`Written::Nothing`), and all further
+    /// statements of the group are refused. Where it cannot be known whether the group stands, it says
+    /// `Written::AllOrNothing`.
+    ///
+    /// `takenBack` brings the caller's own memory back to what it was before `body`: it runs when the group does not
+    /// stand in the file. A group within a group is part of it: only the outermost commits or goes back, and the inner
+    /// one's `takenBack` runs only when the failure passes through the inner one.
+    ///
+    /// Throws what `body` throws, or what the commit meets. A recordset that was open in a group that went back shows
+    /// what is not in the file: reopen it. REQUIRES: the connection is open; nothing is shown to the user inside
+    /// `body`.
+    static void run(
+        Connection &connection, const std::function<void()> &body, const std::function<void()> &takenBack = {});
 };

@@ -1,9 +1,12 @@
 #include "store/schema.h"
 
-#include "base/RuntimeError.h"
+#include "base/safeFile.h"
 #include "base/session.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 #include <array>
 
@@ -247,15 +250,13 @@ std::span<const Table> tables()
 
 namespace {
 
-void makeFile(const QString &path)
+void addVersion(Connection &file)
 {
-    Connection file;
-    file.create(path);
-    for (const schema::Table &table : schema::tables())
-        file.define(schema::creationOf(table));
+    file.execute(u"Insert into Settings (SETTING, [VALUE]) values ('%1', '%2')"_s.arg(setting::DatabaseVersion)
+                     .arg(session::SupportedDatabaseVersion));
 }
 
-void addDefaultAccounts()
+void addDefaultAccounts(Recordset &accounts)
 {
     struct Account {
         QString title;
@@ -264,7 +265,6 @@ void addDefaultAccounts()
     constexpr int income = 0;
     constexpr int expenses = 1;
     constexpr int ledgerAccount = 2;
-    Recordset &accounts = DE().rsaccounts;
     accounts.reopen(u"Select * from accounts order by id"_s);
     for (const auto &[title, nature] : std::array<Account, 4>{
              {{u"Wages"_s, expenses}, {u"Sales"_s, income}, {u"Purchase"_s, expenses}, {u"Cash"_s, income}}}) {
@@ -278,18 +278,51 @@ void addDefaultAccounts()
     accounts.close();
 }
 
+/// Whether two paths mean the same file, which may not exist yet.
+bool isSamePlace(const QString &a, const QString &b)
+{
+    const QFileInfo first(a);
+    const QFileInfo second(b);
+    return first.fileName() == second.fileName() && first.dir().canonicalPath() == second.dir().canonicalPath();
+}
+
+void makeFile(const QString &path, bool asShop)
+{
+    if (QFileInfo::exists(path))
+        throw RuntimeError(Fault::FileFault, u"The file exists already."_s, path);
+    UnfinishedFile unfinished(path);
+    Connection file;
+    file.create(unfinished);
+    WriteGroup::run(file, [&] {
+        for (const schema::Table &table : schema::tables())
+            file.define(schema::creationOf(table));
+        if (!asShop)
+            return;
+        addVersion(file);
+        Recordset accounts(file);
+        addDefaultAccounts(accounts);
+    });
+    file.close();
+    unfinished.place();
+}
+
 } // namespace
 
-void CreateDatabase(const std::function<void()> &openDatabase)
+std::optional<RuntimeError> CreateDatabase(const std::function<void()> &openDatabase)
 {
     try {
-        makeFile(session::DBPath);
+        const bool asShop = isSamePlace(session::DBPath, session::defaultDatabasePath());
+        makeFile(session::DBPath, asShop);
         session::DBPath = session::defaultDatabasePath();
         openDatabase();
-        SaveSetting(setting::DatabaseVersion, QString::number(session::SupportedDatabaseVersion));
-        addDefaultAccounts();
-    } catch (const RuntimeError &) {
-        // Start-up goes on with the step that follows, which tells the user of a file that cannot be opened.
-        return;
+        if (!asShop) {
+            WriteGroup::run(DE().CN, [] {
+                SaveSetting(setting::DatabaseVersion, QString::number(session::SupportedDatabaseVersion));
+                addDefaultAccounts(DE().rsaccounts);
+            });
+        }
+    } catch (const RuntimeError &error) {
+        return error;
     }
+    return {};
 }

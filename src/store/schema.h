@@ -1,9 +1,12 @@
 #pragma once
 
-#include <functional>
-#include <span>
+#include "base/RuntimeError.h"
 
 #include <QLatin1StringView>
+
+#include <functional>
+#include <optional>
+#include <span>
 
 /// The tables of a shop's database, as the program makes them.
 namespace schema {
@@ -28,10 +31,11 @@ struct Table {
 
 } // namespace schema
 
-/// Makes a new, empty shop database at `session::DBPath` with its tables, moves `session::DBPath` to the default path,
-/// opens that by `openDatabase` and gives it its version and the four default accounts.
+/// Makes a new shop database at `session::DBPath`, moves `session::DBPath` to the default path, and opens that by
+/// `openDatabase`. A file at the default path comes into being with its tables, its version and the four default
+/// accounts, whole or not at all. A file at another path gets its tables alone and stays idle; the default file, if
+/// there is one, then gets the version and four more accounts, all or none: a fixed part of this routine.
 ///
-/// Ends silently at the first failure; what was made so far stays. Where the file exists already nothing changes at
-/// all, `session::DBPath` included. With a path other than the default one, the new file stays idle and the default
-/// file, if there is one, gets the version and four more accounts: a fixed part of this routine.
-void CreateDatabase(const std::function<void()> &openDatabase);
+/// Ends silently at the first failure, and gives it to the caller, whose next step meets what came of it. Where the
+/// file exists already nothing changes at all, `session::DBPath` included.
+std::optional<RuntimeError> CreateDatabase(const std::function<void()> &openDatabase);

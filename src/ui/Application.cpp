@@ -9,6 +9,8 @@
 
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 Application::Application(int &argumentCount, char **arguments) : QApplication(argumentCount, arguments) { }
 
 bool Application::notify(QObject *receiver, QEvent *event)
@@ -30,6 +32,10 @@ void Application::handle(const RuntimeError &error)
     const QScopedValueRollback handling(m_handling, true);
     if (m_handler)
         return m_handler(error);
+    // What was typed stands on a screen; the process must not take it along.
+    if (error.canGoOn() && Screen::front())
+        return platformBox::showCritical(
+            error.source().isEmpty() ? error.text() : error.text() + u"\n\n"_s + error.source());
     platformBox::showCritical(error.report());
     std::exit(EXIT_FAILURE);
 }

@@ -16,8 +16,10 @@ public:
 
     Application(int &argumentCount, char **arguments);
 
-    /// What happens to an uncaught failure. Without one, the failure's report is shown in a critical box and the
-    /// process ends with exit code 1. An empty function brings that back. Failures while the handler runs are dropped.
+    /// What happens to an uncaught failure. Without one it is shown in a critical box. Where it is safe
+    /// (`RuntimeError::canGoOn`) the user then goes on with the screen in front; else the box holds the whole report
+    /// and the process ends with exit code 1. An empty function brings that back. Failures while the handler runs are
+    /// dropped.
     void setFailureHandler(const FailureHandler &handler) { m_handler = handler; }
 
     bool notify(QObject *receiver, QEvent *event) override;

@@ -1,5 +1,6 @@
 #include "ui/Screen.h"
 
+#include "store/DataEnvironment.h"
 #include "ui/entryKeys.h"
 #include "ui/frmMsg.h"
 
@@ -78,7 +79,7 @@ void Screen::setVisible(bool visible)
     shownScreens().append(this);
     QDialog::setVisible(true);
     activateWindow();
-    activated();
+    comeToFront();
 }
 
 int Screen::exec()
@@ -90,9 +91,15 @@ int Screen::exec()
     const int answer = isVisible() ? QDialog::exec() : result();
     if (below && below == front()) {
         below->activateWindow();
-        below->activated();
+        below->comeToFront();
     }
     return answer;
+}
+
+void Screen::comeToFront()
+{
+    DE().CN.noticeOtherWriters();
+    activated();
 }
 
 bool Screen::previewKey(QObject *receiver, QKeyEvent *event)

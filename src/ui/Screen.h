@@ -51,6 +51,7 @@ protected:
 
 private:
     bool preview(QKeyEvent *event);
+    void comeToFront();
 
     EntryKeys m_entryKeys = NoEntryKeys;
 };
