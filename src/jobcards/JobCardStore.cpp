@@ -1,11 +1,14 @@
 #include "jobcards/JobCardStore.h"
 
+#include "base/RuntimeError.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "jobcards/clsJobCardData.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "store/settings.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -46,10 +49,13 @@ void JobCardStore::openSaved(int jobID)
     m_oldJobID = Int16(jobID);
     m_currentJobID = jobID;
     m_saved = true;
+    m_knownRowIDs.clear();
+    m_otherWrites = DE().CN.otherWrites();
 }
 
-void JobCardStore::readRows(clsJobCardData &rows) const
+void JobCardStore::readRows(clsJobCardData &rows)
 {
+    m_knownRowIDs.clear();
     Recordset &records = DE().rsJOBS_DETAIL;
     records.reopen(
         u"Select * from jobs_detail where JOBID="_s + QString::number(m_currentJobID) + u" Order by ItemSr"_s);
@@ -70,8 +76,10 @@ void JobCardStore::readRows(clsJobCardData &rows) const
         row.Color = records.textOrEmpty(u"Color");
         row.ClientRemarks = records.text(u"ClientRemarks");
         rows.AddNewRow(row);
+        m_knownRowIDs += row.Sr;
     }
     records.close();
+    m_otherWrites = DE().CN.otherWrites();
 }
 
 qint32 JobCardStore::GetNewNum()
@@ -92,10 +100,50 @@ bool JobCardStore::isDuplicate(const QString &jobIDText) const
     return GetFieldValueNum(u"*"_s, u"jobs"_s, u"ID"_s, number, DE().rsJobs2).toDouble() > 0;
 }
 
+/// One durable write, after which the store and the rows say what the file holds, whether it went well or not.
+void JobCardStore::write(clsJobCardData &rows, const std::function<void()> &body)
+{
+    const JobCardStore before = *this;
+    std::vector<qint16> numbersBefore;
+    for (int i = 1; i <= rows.RowCount(); ++i)
+        numbersBefore.push_back(rows.Sr(i));
+    WriteGroup::run(DE().CN, body, [&] {
+        *this = before;
+        for (int i = 1; i <= rows.RowCount(); ++i)
+            rows.SetSr(i, numbersBefore[static_cast<size_t>(i - 1)]);
+    });
+    m_otherWrites = DE().CN.otherWrites();
+}
+
+void JobCardStore::requireUntouched() const
+{
+    if (DE().CN.otherWrites() == m_otherWrites)
+        return;
+    const QString number = QString::number(m_currentJobID);
+    Recordset found(DE().CN);
+    found.open(u"Select Id from JOBS_DETAIL where JobID="_s + number);
+    QList<qint32> rowIDs;
+    for (; !found.eof(); found.moveNext())
+        rowIDs += found.value(0).toInt();
+    found.reopen(u"Select Id from JOBS where Id="_s + number);
+    QList<qint32> known = m_knownRowIDs;
+    std::sort(known.begin(), known.end());
+    std::sort(rowIDs.begin(), rowIDs.end());
+    if (found.eof() || rowIDs != known)
+        throw RuntimeError(Fault::RowNotFound,
+            u"Another program has deleted job card %1 or changed its rows since it was opened here. "
+            "Nothing was written. Open the card again."_s.arg(number),
+            {}, Written::Nothing);
+}
+
 void JobCardStore::SaveNew(const JobCard &card, clsJobCardData &rows)
 {
-    WriteGroup::run(DE().CN, [&] {
+    write(rows, [&] {
         DE().rsJobs2.reopen(u"Select * from jobs where id="_s + NumberText(Val(card.JobIDText)));
+        if (!DE().rsJobs2.eof())
+            throw RuntimeError(Fault::NumberTaken,
+                u"Another job card has just got the number %1. Nothing of this one was written."_s.arg(card.JobIDText),
+                {}, Written::Nothing);
         writeCard(card, true);
         m_saved = true;
         for (int i = 1; i <= rows.RowCount(); ++i)
@@ -108,7 +156,8 @@ void JobCardStore::SaveNew(const JobCard &card, clsJobCardData &rows)
 
 void JobCardStore::SaveEdit(const JobCard &card, clsJobCardData &rows)
 {
-    WriteGroup::run(DE().CN, [&] {
+    write(rows, [&] {
+        requireUntouched();
         DE().rsJobs2.reopen(u"Select * from jobs where id="_s + QString::number(m_currentJobID));
         writeCard(card, false);
         for (int i = 1; i <= rows.RowCount(); ++i) {
@@ -119,6 +168,7 @@ void JobCardStore::SaveEdit(const JobCard &card, clsJobCardData &rows)
         }
         if (!m_removedRowIDs.isEmpty()) {
             DE().CN.execute(u"Delete from jobs_detail where Id="_s + m_removedRowIDs);
+            m_knownRowIDs.removeAll(m_removedRowIDs.toInt());
             m_removedRowIDs.clear();
         }
         DE().CN.execute(u"Delete from Postings where vid="_s + QString::number(m_currentJobID) + u"and vtype=1"_s);
@@ -172,8 +222,10 @@ void JobCardStore::addRow(const JobCard &card, clsJobCardData &rows, int index, 
     record.set(u"CuttingDate", card.JobDate);
     record.set(u"CuttingStatus", 0);
     record.update();
+    const qint32 rowNumber = record.integer(u"ID");
+    m_knownRowIDs += rowNumber;
     if (readNumberBack)
-        rows.SetSr(index, Int16(record.integer(u"ID")));
+        rows.SetSr(index, Int16(rowNumber));
     record.close();
 }
 

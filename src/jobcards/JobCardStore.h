@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QDate>
+#include <QList>
 #include <QString>
+
+#include <functional>
 
 class clsJobCardData;
 
@@ -27,9 +30,14 @@ struct JobCard {
 
 /// One open job card in the database: its number, its rows and its postings.
 ///
-/// Each write is on the disk when a save returns. Nothing undoes what was written before a failure. Every failure is a
-/// RuntimeError: a client or account title that stands nowhere (NoCurrentRecord), a number above 32767 (Overflow,
-/// before anything is written).
+/// Each write is on the disk when a save returns. Every failure is a RuntimeError: a client or account title that
+/// stands nowhere (NoCurrentRecord), a number above 32767 (Overflow, before anything is written). Nothing undoes what
+/// was written before such a fault. When the disk fails, nothing of the save stands in the file, and the store and
+/// `rows` are as they were before it: the same save can be tried again.
+///
+/// Another program may work on the same file. A save that would write over what it did fails before anything is
+/// written: NumberTaken for a new card whose number stands in the file by now, RowNotFound for a card that it has
+/// deleted, or whose rows it has added to or removed from, since this store read or wrote them.
 class JobCardStore {
 public:
     /// A card that was never saved.
@@ -43,7 +51,7 @@ public:
 
     /// Appends the saved rows of this card to `rows`, in their order. What concerns production and wages stays empty:
     /// no save writes it back.
-    void readRows(clsJobCardData &rows) const;
+    void readRows(clsJobCardData &rows);
 
     /// The next job number: one more than the highest, or the start number of the settings where there is no card yet.
     [[nodiscard]] static qint32 GetNewNum();
@@ -69,6 +77,8 @@ public:
     void forgetRemovedRows() { m_removedRowIDs.clear(); }
 
 private:
+    void write(clsJobCardData &rows, const std::function<void()> &body);
+    void requireUntouched() const;
     void writeCard(const JobCard &card, bool added);
     void addRow(const JobCard &card, clsJobCardData &rows, int index, bool readNumberBack);
     void overwriteRow(const JobCard &card, const clsJobCardData &rows, int index);
@@ -81,4 +91,7 @@ private:
     /// Looked up once a save: each write makes the lookups forget.
     qint32 m_clientID = 0;
     QString m_removedRowIDs;
+    /// The card's rows in the file as this store knows them, and how often another program had written by then.
+    QList<qint32> m_knownRowIDs;
+    quint64 m_otherWrites = 0;
 };

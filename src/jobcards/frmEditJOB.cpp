@@ -472,7 +472,7 @@ void frmEditJOB::save()
     if (number < 1 || number > largestJobNumber || number != std::floor(number))
         return complain(u"Job ID must be a number from 1 to %1!"_s.arg(largestJobNumber), txtJOBID);
     if (m_store.isDuplicate(txtJOBID->Text()))
-        return complain(u"Duplicate Job ID!"_s, txtJOBID);
+        return complainOfDuplicate();
     if (m_store.EditMode() == u"N") {
         m_store.SaveNew(collect(), JobRows);
         m_store.forgetRemovedRows();
@@ -486,6 +486,14 @@ void frmEditJOB::save()
         ShowMessage(u"Job Edited."_s);
     }
     offerSMS();
+}
+
+void frmEditJOB::complainOfDuplicate()
+{
+    complain(u"Duplicate Job ID!"_s, txtJOBID);
+    // A number that the user can't change was offered by the program; another one has used it meanwhile.
+    if (m_store.EditMode() == u"N" && txtJOBID->isReadOnly())
+        txtJOBID->setText(QString::number(JobCardStore::GetNewNum()));
 }
 
 void frmEditJOB::offerSMS()

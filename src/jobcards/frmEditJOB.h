@@ -58,6 +58,7 @@ private:
     void addItem();
     void editItem();
     void save();
+    void complainOfDuplicate();
     void offerSMS();
     void deleteCard();
     [[nodiscard]] JobCard collect() const;
