@@ -35,12 +35,15 @@ void dress(Report &report)
 
 void PrintJobCard(int JobID)
 {
-    FillJobCardTemp(JobID);
     // Rows are shaped on the session's connection. One of its own, as this print had under the old engine, would work
     // the file's key out anew, which takes longer than all the rest.
     Recordset cards(DE().CN);
-    cards.open(u"SHAPE {SELECT * FROM tmpHead where JobID="_s + QString::number(JobID) + u" } "_s
-        + u"APPEND ({SELECT * FROM tmpBody  order by id} AS Body "_s + u"RELATE JOBID to JOBID)"_s);
+    // In one group: another program that prints on the same file empties the same tables.
+    WriteGroup::run(DE().CN, [&cards, JobID] {
+        FillJobCardTemp(JobID);
+        cards.open(u"SHAPE {SELECT * FROM tmpHead where JobID="_s + QString::number(JobID) + u" } "_s
+            + u"APPEND ({SELECT * FROM tmpBody  order by id} AS Body "_s + u"RELATE JOBID to JOBID)"_s);
+    });
     Report report = rptJOBCARD();
     dress(report);
     const ReportPages pages = report.layOut(cards);

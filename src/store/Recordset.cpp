@@ -349,7 +349,8 @@ void Recordset::update()
     const auto pending = m_pending.find(currentRow());
     if (pending == m_pending.end())
         return;
-    writeRow(pending->first, pending->second);
+    // An added row is read back: one write, which stands only when that went well, too.
+    WriteGroup::run(m_connection, [&] { writeRow(pending->first, pending->second); });
     m_pending.erase(pending);
 }
 

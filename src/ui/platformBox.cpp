@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -9,10 +10,13 @@ namespace {
 
 void raise(QMessageBox::Icon icon, const QString &text)
 {
-    QMessageBox box(icon, u"Corvane"_s, text, QMessageBox::Ok, QApplication::activeWindow());
+    const QPointer<QWidget> below = QApplication::activeWindow();
+    QMessageBox box(icon, u"Corvane"_s, text, QMessageBox::Ok, below);
     box.setObjectName(u"platformBox"_s);
     box.setTextFormat(Qt::PlainText);
     box.exec();
+    if (below)
+        below->activateWindow();
 }
 
 } // namespace
