@@ -3,6 +3,7 @@
 #include "StartFolder.h"
 #include "app/frmMain.h"
 #include "base/RuntimeError.h"
+#include "base/safeFile.h"
 #include "base/session.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
@@ -11,7 +12,11 @@
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 
+#include <QDirIterator>
+#include <QProcess>
 #include <QTest>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 using driver::press;
@@ -37,6 +42,9 @@ private slots:
     void aFileThatCannotBeOpenedIsShownAndAnotherOffered_data();
     void aFileThatCannotBeOpenedIsShownAndAnotherOffered();
     void theOfferIsRepeatedUntilADatabaseIsOpen();
+    void aFileThatCannotBeMadeTellsWhy();
+    void anUnfinishedSaveIsTold();
+    void nobodyElseMayReadWhatTheProgramMakes();
     void theWorkingDate_data();
     void theWorkingDate();
     void anImagesFolderThatIsThereDoesNoHarm();
@@ -353,6 +361,85 @@ void StartupTest::theOfferIsRepeatedUntilADatabaseIsOpen()
     QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
     QCOMPARE(start.content(u"shop.mdb"_s), "x"_ba);
     QCOMPARE(start.content(u"demo.mdb"_s), "y"_ba);
+}
+
+void StartupTest::aFileThatCannotBeMadeTellsWhy()
+{
+    StartFolder start;
+    storeMarker(u"1"_s);
+    start.configure(start.path(u"gone/shop.mdb"_s));
+    // Another start is making the default file at this moment.
+    auto maker = std::make_unique<UnfinishedFile>(start.path(u"data15.mdb"_s));
+    ModalScript script;
+    script.expectBox(u"Database File Error!\r\nThe file cannot be made: No such file or directory.\r\n"_s
+        + start.path(u"gone/shop.mdb"_s));
+    script.expect(u"frmSelectDB"_s, chooseDefault);
+    script.expectBox(fileError(Fault::Locked, start.path(u"data15.mdb"_s)));
+    script.expect(u"frmSelectDB"_s, [&](QWidget &) {
+        maker.reset();
+        press(Qt::Key_Space);
+    });
+    QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
+    QVERIFY(!QFileInfo::exists(start.path(u"gone"_s)));
+}
+
+void StartupTest::anUnfinishedSaveIsTold()
+{
+    StartFolder start;
+    start.addDatabase(u"data15.mdb"_s);
+    start.write(u"data15.mdb-journal"_s, "not zero");
+    const QString kept = start.path(u"data15-aside-20260601-100000"_s);
+    ModalScript script;
+    script.expectBox(u"The program or the computer was stopped in the midst of a save. "
+                     "What was not finished has been taken back.\r\n"
+                     "The file and its journal, as they were found, are kept in:\r\n"_s
+        + kept);
+    RestartSession();
+    QVERIFY(script.isDone());
+    QCOMPARE(accounts(), ashasShop);
+    QCOMPARE(start.content(u"data15-aside-20260601-100000/data15.mdb-journal"_s), "not zero"_ba);
+    RestartSession();
+
+    // Where the file cannot be opened either, the copy is told with that.
+    start.write(u"data15.mdb"_s, QByteArray(8192, 'x'));
+    start.write(u"data15.mdb-journal"_s, "again");
+    script.expectBox(fileError(Fault::NotADatabase, start.path(u"data15.mdb"_s))
+        + u"\r\nThe file and its journal, as they were found, are kept in:\r\n%1-2"_s.arg(kept));
+    script.expect(u"frmSelectDB"_s, [&](QWidget &) {
+        QVERIFY(QFile::remove(start.path(u"data15.mdb"_s)));
+        press(Qt::Key_Space);
+    });
+    RestartSession();
+    QCOMPARE(accounts(), newShop);
+}
+
+void StartupTest::nobodyElseMayReadWhatTheProgramMakes()
+{
+    StartFolder start;
+    storeMarker(u"1"_s);
+    QProcess program;
+    program.setChildProcessModifier([] { umask(0); });
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"XDG_CONFIG_HOME"_s, start.path(u"user"_s));
+    program.setProcessEnvironment(environment);
+    program.start(QCoreApplication::applicationDirPath() + u"/../corvane"_s, {u"--folder"_s, start.path(u"shop"_s)});
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(start.path(u"shop/images"_s)), 20000);
+    program.kill();
+    QVERIFY(program.waitForFinished());
+    constexpr auto others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QStringList found;
+    QDirIterator made(start.path(u"shop"_s), QDirIterator::Subdirectories);
+    while (made.hasNext()) {
+        const QString path = made.next();
+        if (made.fileName() == u".." || made.fileName() == u"." || path.endsWith(u"-journal"_s))
+            continue;
+        found += made.fileName();
+        QVERIFY2((QFile::permissions(path) & others) == QFile::Permissions(), qPrintable(path));
+    }
+    found.sort();
+    QCOMPARE(found, QStringList({u"cv.ini"_s, u"data15.mdb"_s, u"demo.mdb"_s, u"images"_s}));
+    QCOMPARE(QFile::permissions(start.path(u"shop"_s)) & others, QFile::Permissions());
 }
 
 void StartupTest::theWorkingDate_data()

@@ -35,6 +35,9 @@ private slots:
     void numbersAboveSixteenBitsAreRefusedBeforeAnythingIsWritten();
     void whatWasWrittenBeforeAFailureStays();
     void deletingTakesRowsAndPostingsWithIt();
+    void onAFullDiskNothingIsSavedAndTheSaveCanBeRepeated();
+    void anotherProgramsWorkIsNotWrittenOver_data();
+    void anotherProgramsWorkIsNotWrittenOver();
 };
 
 void JobCardStoreTest::numbersFollowTheHighestCard()
@@ -307,6 +310,117 @@ void JobCardStoreTest::deletingTakesRowsAndPostingsWithIt()
     QCOMPARE(desk.lines(u"Select JobID from JOBS_DETAIL"_s), QStringList{u"2"_s});
     QCOMPARE(desk.lines(u"Select VID, Vtype, count(*) from Postings group by VID, Vtype order by VID"_s),
         QStringList({u"1|2|1"_s, u"2|1|4"_s}));
+}
+
+void JobCardStoreTest::onAFullDiskNothingIsSavedAndTheSaveCanBeRepeated()
+{
+    OrderDesk desk;
+    const auto setRoom = [&desk](
+                             const QString &pages) { desk.connection.define(u"PRAGMA max_page_count = "_s + pages); };
+    const auto expectDiskFull = [](const std::function<void()> &save) {
+        try {
+            save();
+            QFAIL("it was saved");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.fault(), Fault::DiskFull);
+            QCOMPARE(error.written(), Written::Nothing);
+        }
+    };
+    const auto everything = [&desk] {
+        return desk.lines(u"Select * from JOBS"_s) + desk.lines(u"Select * from JOBS_DETAIL"_s) + desk.postings();
+    };
+    const QString usedPages = desk.lines(u"PRAGMA page_count"_s).first();
+    JobCard card = desk.card(u"5"_s);
+    clsJobCardData rows = desk.rows(2);
+    rows.SetRemarks(2, QString(50000, u'x'));
+    JobCardStore store;
+    setRoom(usedPages);
+    expectDiskFull([&] { store.SaveNew(card, rows); });
+    QCOMPARE(store.EditMode(), u"N"_s);
+    QVERIFY(!store.isDuplicate(u"5"_s));
+    QCOMPARE(rows.Sr(1), qint16(0));
+    QCOMPARE(everything(), QStringList());
+    setRoom(u"100000"_s);
+    store.SaveNew(card, rows);
+    QCOMPARE(store.EditMode(), u"E"_s);
+    QCOMPARE(rows.Sr(2), qint16(2));
+    QCOMPARE(desk.count(u"JOBS"_s), 1);
+
+    const QStringList saved = everything();
+    setRoom(desk.lines(u"PRAGMA page_count"_s).first());
+    store.noteRemovedRow(rows.Sr(1));
+    rows.RemoveRow(1);
+    rows.SetRemarks(1, QString(500000, u'y'));
+    card.TotalText = u"800.00"_s;
+    card.JobIDText = u"6"_s;
+    expectDiskFull([&] { store.SaveEdit(card, rows); });
+    QCOMPARE(everything(), saved);
+    QCOMPARE(store.CurrentJobID(), 5);
+    QVERIFY(store.hasRemovedRows());
+    setRoom(u"100000"_s);
+    card.JobIDText = u"5"_s;
+    store.SaveEdit(card, rows);
+    QCOMPARE(desk.lines(u"Select Id, ItemSr from JOBS_DETAIL"_s), QStringList{u"2|1"_s});
+    QCOMPARE(desk.count(u"Postings where abs(Amount)=800"_s), 2);
+}
+
+void JobCardStoreTest::anotherProgramsWorkIsNotWrittenOver_data()
+{
+    QTest::addColumn<QString>("statement");
+    QTest::addColumn<int>("fault");
+    const int refused = static_cast<int>(Fault::RowNotFound);
+    QTest::newRow("something else") << u"Update Accounts set City='Pune' where id=5"_s << 0;
+    QTest::newRow("work on a row") << u"Update JOBS_DETAIL set DoneByWorker=1 where id=1"_s << 0;
+    QTest::newRow("the card deleted") << u"Delete from JOBS where id=1"_s << refused;
+    QTest::newRow("a row deleted") << u"Delete from JOBS_DETAIL where id=1"_s << refused;
+    QTest::newRow("a row of it moved in") << u"Update JOBS_DETAIL set JobID=1 where id=3"_s << refused;
+    QTest::newRow("the number used") << u"Update JOBS set Id=3 where Id=2"_s << static_cast<int>(Fault::NumberTaken);
+}
+
+void JobCardStoreTest::anotherProgramsWorkIsNotWrittenOver()
+{
+    QFETCH(QString, statement);
+    QFETCH(int, fault);
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(2);
+    JobCardStore store;
+    store.SaveNew(desk.card(u"1"_s), rows);
+    desk.book(u"2"_s);
+    // Opened again, as another screen would.
+    clsJobCardData opened;
+    JobCardStore reopened;
+    reopened.openSaved(1);
+    reopened.readRows(opened);
+
+    Connection other;
+    other.open(desk.path());
+    other.execute(statement);
+    const auto everything = [&desk] {
+        return desk.lines(u"Select * from JOBS"_s) + desk.lines(u"Select * from JOBS_DETAIL"_s) + desk.postings();
+    };
+    const QStringList before = everything();
+    const auto faultOf = [](const std::function<void()> &save) {
+        try {
+            save();
+        } catch (const RuntimeError &error) {
+            return error.written() == Written::Nothing && error.canGoOn() ? error.number() : -1;
+        }
+        return 0;
+    };
+    JobCard card = desk.card(u"1"_s);
+    card.Remark = u"changed"_s;
+    if (fault == static_cast<int>(Fault::NumberTaken)) {
+        JobCardStore fresh;
+        QCOMPARE(faultOf([&] { fresh.SaveNew(desk.card(u"3"_s), rows); }), fault);
+        QCOMPARE(fresh.EditMode(), u"N"_s);
+        QCOMPARE(everything(), before);
+        return;
+    }
+    QCOMPARE(faultOf([&] { store.SaveEdit(card, rows); }), fault);
+    if (fault != 0)
+        QCOMPARE(everything(), before);
+    QCOMPARE(faultOf([&] { reopened.SaveEdit(card, opened); }), fault);
+    QCOMPARE(desk.count(u"JOBS where Remark='changed'"_s), fault == 0 ? 1 : 0);
 }
 
 CORVANE_TEST(JobCardStoreTest)

@@ -53,6 +53,9 @@ private slots:
     void theReasonPanelOpensAndCloses();
     void keysMoveThroughTheScreen();
     void aNumberBeyondTheRangeIsToldAtTheField();
+    void aSaveThatFailsLeavesTheCardOnTheScreen_data();
+    void aSaveThatFailsLeavesTheCardOnTheScreen();
+    void aNumberUsedByAnotherProgramGivesWayToTheNext();
 };
 
 namespace {
@@ -558,6 +561,74 @@ void EditJobTest::aNumberBeyondTheRangeIsToldAtTheField()
         }
     });
     QCOMPARE(desk.lines(u"Select ID from JOBS"_s), QStringList{u"1"_s});
+}
+
+void EditJobTest::aSaveThatFailsLeavesTheCardOnTheScreen_data()
+{
+    QTest::addColumn<bool>("full");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("the disk is full") << true << u"There is not enough space on the disk."_s;
+    QTest::newRow("another program writes") << false << u"The file is in use by another program."_s;
+}
+
+void EditJobTest::aSaveThatFailsLeavesTheCardOnTheScreen()
+{
+    QFETCH(bool, full);
+    QFETCH(QString, told);
+    OrderDesk desk;
+    Connection other;
+    other.open(desk.path());
+    ModalScript script;
+    onCard(script, 0, [&](QWidget &screen) {
+        type(u"Asha"_s);
+        expectItem(script, u"Coat"_s, u"3"_s);
+        accessKey('a');
+        control<QLineEdit>(screen, "txtRemark").setText(QString(full ? 50000 : 5, u'x'));
+        if (full)
+            desk.connection.define(u"PRAGMA max_page_count = "_s + desk.lines(u"PRAGMA page_count"_s).first());
+        else
+            other.define(u"begin immediate"_s);
+        script.expectBox(told
+            + u"\n\nNothing of this entry was written. When the cause is mended, it can be entered again.\n\n"_s
+            + desk.path());
+        accessKey('s');
+        QVERIFY(driver::waitActive(screen));
+        QCOMPARE(screen.windowTitle(), u"Create New Job Card"_s);
+        QCOMPARE(text(screen, "txtAmountDue"), u"1200.00"_s);
+        if (full)
+            desk.connection.define(u"PRAGMA max_page_count = 100000"_s);
+        else
+            other.define(u"rollback"_s);
+        QCOMPARE(desk.count(u"JOBS"_s) + desk.count(u"JOBS_DETAIL"_s) + desk.count(u"Postings"_s), 0);
+        script.expectMessage(u"New Job Created."_s);
+        accessKey('s');
+        QCOMPARE(screen.windowTitle(), u"Edit JOB Card"_s);
+    });
+    QCOMPARE(desk.lines(u"Select ID, AmountDue from JOBS"_s), QStringList{u"1|1200"_s});
+    QCOMPARE(desk.count(u"JOBS_DETAIL"_s), 1);
+    QCOMPARE(desk.count(u"Postings"_s), 2);
+}
+
+void EditJobTest::aNumberUsedByAnotherProgramGivesWayToTheNext()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    onCard(script, 0, [&](QWidget &screen) {
+        QCOMPARE(text(screen, "txtJOBID"), u"2"_s);
+        type(u"Asha"_s);
+        expectItem(script, u"Coat"_s, u"1"_s);
+        accessKey('a');
+        Connection other;
+        other.open(desk.path());
+        other.execute(u"Update JOBS set Id=2"_s);
+        script.expectMessage(u"Duplicate Job ID!"_s);
+        accessKey('s');
+        QCOMPARE(text(screen, "txtJOBID"), u"3"_s);
+        script.expectMessage(u"New Job Created."_s);
+        accessKey('s');
+    });
+    QCOMPARE(desk.lines(u"Select ID from JOBS"_s), QStringList({u"2"_s, u"3"_s}));
 }
 
 CORVANE_TEST(EditJobTest)

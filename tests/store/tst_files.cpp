@@ -22,6 +22,8 @@ private slots:
     void aNewFileHasItsVersionAndFourAccounts();
     void anExistingFileIsLeftAlone();
     void aFolderThatCannotTakeTheFileChangesNothing();
+    void aShopThatCannotBeOpenedIsWholeAllTheSame();
+    void onlyTheOwnerMayReadIt();
     void aFileElsewhereStaysIdleAndTheDefaultFileIsUsed();
     void badFilesAreToldApartAndNotTouched_data();
     void badFilesAreToldApartAndNotTouched();
@@ -93,7 +95,9 @@ void FilesTest::anExistingFileIsLeftAlone()
     DE().CN.close();
     const QByteArray before = contentOf(file.path());
     bool opened = false;
-    CreateDatabase([&opened] { opened = true; });
+    const auto fault = CreateDatabase([&opened] { opened = true; });
+    QVERIFY(fault);
+    QCOMPARE(fault->text(), u"The file exists already."_s);
     QVERIFY(!opened);
     QCOMPARE(session::DBPath, file.path());
     QCOMPARE(contentOf(file.path()), before);
@@ -104,9 +108,53 @@ void FilesTest::aFolderThatCannotTakeTheFileChangesNothing()
     QTemporaryDir folder;
     session::ProgramFolder = folder.path();
     session::DBPath = folder.filePath(u"missing/data15.mdb"_s);
-    CreateDatabase([] { QFAIL("nothing was made to open"); });
+    const auto fault = CreateDatabase([] { QFAIL("nothing was made to open"); });
+    QVERIFY(fault);
+    QVERIFY2(fault->text().contains(u"No such file or directory"_s), qPrintable(fault->text()));
     QCOMPARE(session::DBPath, folder.filePath(u"missing/data15.mdb"_s));
     QVERIFY(QDir(folder.path()).isEmpty());
+}
+
+void FilesTest::aShopThatCannotBeOpenedIsWholeAllTheSame()
+{
+    QTemporaryDir folder;
+    session::ProgramFolder = folder.path();
+    session::DBPath = session::defaultDatabasePath();
+    // A start that was cut short has left these.
+    write(folder.filePath(u"data15.mdb.new"_s), QByteArray(9000, 'x'));
+    write(folder.filePath(u"data15.mdb.new-journal"_s), QByteArray(9000, 'x'));
+    write(folder.filePath(u"data15.mdb-journal"_s), QByteArray(9000, 'x'));
+    const auto fault = CreateDatabase([] { throw RuntimeError(Fault::Locked, u"now"_s); });
+    QVERIFY(fault && fault->fault() == Fault::Locked);
+    renewDE();
+    DE().CN.open(session::DBPath);
+    QCOMPARE(DE().CN.keptAside(), QString());
+    QCOMPARE(GetSetting(setting::DatabaseVersion), u"15"_s);
+    Recordset rows(DE().CN);
+    rows.open(u"Select * from Accounts"_s);
+    QCOMPARE(rows.recordCount(), 4);
+    rows.reopen(u"Select * from Settings"_s);
+    QCOMPARE(rows.recordCount(), 1);
+    const QStringList names = QDir(folder.path()).entryList(QDir::Files);
+    QCOMPARE(names.size(), 2);
+    QVERIFY(names.last().startsWith(u"data15.mdb-journal.aside-"_s));
+    renewDE();
+}
+
+void FilesTest::onlyTheOwnerMayReadIt()
+{
+    constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner;
+    constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    StoreFile file;
+    QCOMPARE(QFile::permissions(file.path()) & others, QFile::Permissions());
+    DE().CN.close();
+    QVERIFY(QFile::setPermissions(file.path(), owner | others));
+    DE().CN.open(file.path());
+    QCOMPARE(QFile::permissions(file.path()) & others, QFile::Permissions());
+    WriteGroup::run(DE().CN, [&file] {
+        file.addAccount(u"Asha"_s);
+        QCOMPARE(QFile::permissions(file.path() + u"-journal"_s) & others, QFile::Permissions());
+    });
 }
 
 void FilesTest::aFileElsewhereStaysIdleAndTheDefaultFileIsUsed()

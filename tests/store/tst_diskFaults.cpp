@@ -1,0 +1,188 @@
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "support/StoreFile.h"
+#include "support/expectFault.h"
+#include "support/testRegistry.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/// What stands in the file, and what the caller is told, when the disk fails or another program keeps the file.
+class DiskFaultsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aGroupGoesBackWhole_data();
+    void aGroupGoesBackWhole();
+    void aFaultOfTheRulesKeepsWhatCameBefore();
+    void aWriteByItselfIsWholeOrNot();
+    void aGroupThatCannotBeginOrCommitGoesBack_data();
+    void aGroupThatCannotBeginOrCommitGoesBack();
+};
+
+namespace {
+
+/// From now on the file may not grow, as on a disk that is full.
+void fill(StoreFile &file)
+{
+    Recordset pages(file.connection);
+    pages.open(u"PRAGMA page_count"_s);
+    file.connection.define(u"PRAGMA max_page_count = "_s + pages.value(0).toText());
+}
+
+void makeRoom(StoreFile &file)
+{
+    file.connection.define(u"PRAGMA max_page_count = 100000"_s);
+}
+
+const auto large = QString(200000, u'x');
+
+} // namespace
+
+void DiskFaultsTest::aGroupGoesBackWhole_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::newRow("the failure flies through") << u"thrown"_s;
+    QTest::newRow("through a group within") << u"nested"_s;
+    QTest::newRow("behind a group within") << u"behind"_s;
+    QTest::newRow("the body drops it and goes on") << u"dropped"_s;
+    QTest::newRow("the body makes another fault of it") << u"changed"_s;
+}
+
+void DiskFaultsTest::aGroupGoesBackWhole()
+{
+    QFETCH(QString, way);
+    StoreFile file;
+    file.addAccount(u"Asha"_s);
+    file.addPosting(5, QDate(2011, 4, 1), 100);
+    QCOMPARE(GetAccountBalance(5, {2011, 4, 1}), 100.0);
+    fill(file);
+    int takenBack = 0;
+    const auto count = [&takenBack] { ++takenBack; };
+    const auto body = [&] {
+        DE().CN.execute(u"Update Postings set Amount=70 where AccID=5"_s);
+        DE().CN.execute(u"Update Accounts set Title='Babu' where Id=5"_s);
+        QCOMPARE(GetAccountBalance(5, {2011, 4, 1}), 70.0);
+        QCOMPARE(GetAccountTitle(5), u"Babu"_s);
+        if (way == u"thrown")
+            file.addAccount(large);
+        if (way == u"nested")
+            WriteGroup::run(
+                file.connection, [&] { file.addAccount(large); }, count);
+        if (way == u"behind") {
+            WriteGroup::run(
+                file.connection, [&] { file.addAccount(u"C"_s); }, count);
+            file.addAccount(large);
+        }
+        try {
+            file.addAccount(large);
+        } catch (const RuntimeError &) {
+            if (way == u"changed")
+                throw RuntimeError(Fault::TypeMismatch);
+        }
+        // Nothing more is written, or it would stand alone.
+        EXPECT_FAULT(Fault::DiskFull, file.addAccount(u"D"_s));
+    };
+    try {
+        WriteGroup::run(file.connection, body, count);
+        QFAIL("the group stands");
+    } catch (const RuntimeError &error) {
+        QCOMPARE(error.fault(), Fault::DiskFull);
+        QCOMPARE(error.written(), Written::Nothing);
+        QVERIFY(error.canGoOn());
+        QCOMPARE(error.source(), file.path());
+        QCOMPARE(error.text(),
+            u"There is not enough space on the disk.\n\nNothing of this entry was written. "
+            "When the cause is mended, it can be entered again."_s);
+    }
+    QCOMPARE(takenBack, way == u"nested" ? 2 : 1);
+    QCOMPARE(GetAccountBalance(5, {2011, 4, 1}), 100.0);
+    QCOMPARE(GetAccountTitle(5), u"Asha"_s);
+    QCOMPARE(file.count(u"Accounts"_s), 5);
+
+    makeRoom(file);
+    WriteGroup::run(
+        file.connection, [&] { file.addAccount(large); }, count);
+    QCOMPARE(file.count(u"Accounts"_s), 6);
+    QCOMPARE(takenBack, way == u"nested" ? 2 : 1);
+}
+
+void DiskFaultsTest::aFaultOfTheRulesKeepsWhatCameBefore()
+{
+    StoreFile file;
+    bool takenBack = false;
+    const auto body = [&] {
+        file.addAccount(u"Asha"_s);
+        file.connection.execute(u"Insert into Accounts (Title) values ('no type')"_s);
+    };
+    EXPECT_FAULT(Fault::MissingValue, WriteGroup::run(file.connection, body, [&] { takenBack = true; }));
+    QVERIFY(!takenBack);
+    QCOMPARE(file.count(u"Accounts"_s), 5);
+}
+
+void DiskFaultsTest::aWriteByItselfIsWholeOrNot()
+{
+    StoreFile file;
+    fill(file);
+    for (const bool statement : {true, false}) {
+        try {
+            if (statement)
+                file.connection.execute(u"Update Accounts set ADDRESS='"_s + large + u"'"_s);
+            else
+                file.addAccount(large);
+            QFAIL("it was written");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.fault(), Fault::DiskFull);
+            QCOMPARE(error.written(), Written::Nothing);
+        }
+    }
+    QCOMPARE(file.lines(u"Select count(*), max(ADDRESS) from Accounts"_s), QStringList{u"4|"_s});
+}
+
+void DiskFaultsTest::aGroupThatCannotBeginOrCommitGoesBack_data()
+{
+    QTest::addColumn<bool>("begins");
+    QTest::newRow("another program writes") << false;
+    QTest::newRow("another program reads on and on") << true;
+}
+
+void DiskFaultsTest::aGroupThatCannotBeginOrCommitGoesBack()
+{
+    QFETCH(bool, begins);
+    StoreFile file;
+    Connection other;
+    other.open(file.path());
+    std::unique_ptr<Connection::Statement> reading;
+    if (begins) {
+        reading =
+            std::make_unique<Connection::Statement>(other, "select * from Accounts", std::vector<Value>(), QString());
+        QVERIFY(reading->step());
+    } else {
+        other.define(u"begin immediate"_s);
+    }
+    bool ran = false;
+    bool takenBack = false;
+    const auto write = [&] {
+        ran = true;
+        file.addAccount(u"Asha"_s);
+    };
+    try {
+        WriteGroup::run(file.connection, write, [&] { takenBack = true; });
+        QFAIL("it was written");
+    } catch (const RuntimeError &error) {
+        QCOMPARE(error.fault(), Fault::Locked);
+        QCOMPARE(error.written(), Written::Nothing);
+        QVERIFY(error.text().contains(u"in use by another program"_s));
+    }
+    QCOMPARE(ran, begins);
+    QCOMPARE(takenBack, begins);
+    reading.reset();
+    other.close();
+    QCOMPARE(file.count(u"Accounts"_s), 4);
+    WriteGroup::run(file.connection, write);
+    QCOMPARE(file.count(u"Accounts"_s), 5);
+}
+
+CORVANE_TEST(DiskFaultsTest)
+#include "tst_diskFaults.moc"
