@@ -19,6 +19,8 @@ catchers=(
     src/store/schema.cpp          # the creation of a database ends silently
     src/ui/Application.cpp        # the error report that ends the process
     src/app/startup.cpp           # a database that cannot be opened is shown, and another one offered
+    src/store/fileCheck.cpp       # a file that cannot be read is what the check tells
+    src/app/checkCommand.cpp      # the same of a configuration
     src/app/programFolder.cpp     # a demo that cannot be copied is left out
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
     src/app/frmMain.cpp           # a wallpaper that cannot be shown is left out

@@ -257,6 +257,24 @@ void Connection::open(const QString &path)
     closeOnFailure.dismiss();
 }
 
+void Connection::openReadOnly(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.exists())
+        throw RuntimeError(Fault::FileNotFound, path);
+    if (!file.isFile() || !file.isReadable())
+        throw RuntimeError(Fault::CannotOpen, path);
+    if (isOpen())
+        throw RuntimeError(Fault::AlreadyOpen, path);
+    auto closeOnFailure = qScopeGuard([this] { close(); });
+    m_lock = FileLock::shared(path, busyMilliseconds);
+    m_lock->share();
+    openHandle(path, SQLITE_OPEN_READONLY);
+    unlock();
+    proveReadable(path);
+    closeOnFailure.dismiss();
+}
+
 void Connection::openPlain(const QString &path)
 {
     const QFileInfo file(path);

@@ -41,6 +41,10 @@ public:
     /// write. It is told even when the opening fails afterwards.
     [[nodiscard]] const QString &keptAside() const { return m_keptAside; }
 
+    /// Opens such a database for looking only: neither it nor anything beside it is changed. Throws as `open` does, and
+    /// CannotOpen where an unfinished write would have to be taken back first.
+    void openReadOnly(const QString &path);
+
     /// Opens a database that has no password and isn't a shop's, for reading only. Throws as `open` does.
     void openPlain(const QString &path);
 

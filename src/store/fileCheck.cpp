@@ -1,0 +1,324 @@
+#include "store/fileCheck.h"
+
+#include "base/RuntimeError.h"
+#include "base/values.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/leftBehind.h"
+#include "store/schema.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+#include <QScopeGuard>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int cardDocument = 1;
+constexpr int voucherDocument = 2;
+
+QString money(const Currency &amount)
+{
+    return Money(amount.toDouble());
+}
+
+struct Leg {
+    int serial = 0;
+    QString particulars;
+    qint32 account = 0;
+    qint32 otherSide = 0;
+    Currency amount;
+    QDate date;
+    int status = 0;
+
+    bool operator==(const Leg &) const = default;
+};
+
+QString described(const Leg &leg)
+{
+    return u"%1 of %2 on account %3 against %4, %5%6"_s.arg(leg.particulars, money(leg.amount))
+        .arg(leg.account)
+        .arg(leg.otherSide)
+        .arg(DateText(leg.date), leg.status == 0 ? QString() : u", out of the books"_s);
+}
+
+struct Row {
+    qint32 id = 0;
+    int serial = 0;
+    QDate date;
+    qint32 client = 0;
+    qint32 item = 0;
+    qint32 worker = 0;
+    int quantity = 0;
+    Currency fee;
+    Currency amount;
+};
+
+class Look {
+public:
+    explicit Look(Connection &connection) : m_connection(connection) { }
+
+    fileCheck::Report run()
+    {
+        m_accounts = numbersOf(u"Accounts"_s);
+        m_items = numbersOf(u"ITEMS"_s);
+        readRows();
+        readPostings();
+        lookAtCards();
+        lookAtWhatIsLeft();
+        lookAtVouchers();
+        lookAtNumbers();
+        return m_report;
+    }
+
+private:
+    void differ(const QString &document, const QString &what) { m_report.differences += document + u": "_s + what; }
+
+    QSet<qint32> numbersOf(const QString &table)
+    {
+        QSet<qint32> numbers;
+        Recordset all(m_connection);
+        all.open(u"Select Id from "_s + table);
+        for (; !all.eof(); all.moveNext())
+            numbers.insert(all.value(0).toInt());
+        return numbers;
+    }
+
+    void readRows()
+    {
+        Recordset all(m_connection);
+        all.open(
+            u"Select JobID, Id, ItemSr, DATE, ClintID, ItemID, WorkerID, QNT, FEES, Amount from JOBS_DETAIL"_s);
+        for (; !all.eof(); all.moveNext(), ++m_report.rows)
+            m_rows[all.value(0).toInt()].push_back({all.value(1).toInt(), all.value(2).toInt(), all.value(3).toDate(),
+                all.value(4).toInt(), all.value(5).toInt(), all.value(6).toInt(), all.value(7).toInt(),
+                all.value(8).toCurrency(), all.value(9).toCurrency()});
+    }
+
+    void readPostings()
+    {
+        Currency sum;
+        Currency liveSum;
+        Recordset all(m_connection);
+        all.open(
+            u"Select VID, Vtype, sr, particulars, AccID, RefID, Amount, Date, Status from Postings order by id"_s);
+        for (; !all.eof(); all.moveNext(), ++m_report.postings) {
+            const Leg leg{all.value(2).toInt(), all.value(3).toText(), all.value(4).toInt(), all.value(5).toInt(),
+                all.value(6).toCurrency(), all.value(7).toDate(), all.value(8).toInt()};
+            sum += leg.amount;
+            if (leg.status == 0)
+                liveSum += leg.amount;
+            const int kind = all.value(1).toInt();
+            if (kind == cardDocument)
+                m_cardLegs[all.value(0).toInt()].push_back(leg);
+            else if (kind == voucherDocument)
+                m_voucherLegs[all.value(0).toInt()].push_back(leg);
+            else
+                differ(u"Journal"_s, u"a posting of the unknown kind %1."_s.arg(kind));
+        }
+        if (sum != Currency())
+            differ(u"Journal"_s, u"it comes to %1 and not to 0."_s.arg(money(sum)));
+        else if (liveSum != Currency())
+            differ(u"Journal"_s, u"what counts in it comes to %1 and not to 0."_s.arg(money(liveSum)));
+    }
+
+    void lookAtCards()
+    {
+        Recordset sales(m_connection);
+        sales.open(u"Select Id from Accounts where Title='Sales'"_s);
+        m_sales = sales.eof() ? 0 : sales.value(0).toInt();
+        QSet<qint32> seen;
+        Recordset cards(m_connection);
+        cards.open(u"Select Id, DATE, ClintID, AmountDue, AmountPaid, CashAccID, Status from JOBS order by id"_s);
+        for (; !cards.eof(); cards.moveNext(), ++m_report.cards) {
+            const qint32 number = cards.value(0).toInt();
+            const QDate date = cards.value(1).toDate();
+            if (!m_report.lastCard.isValid() || date > m_report.lastCard)
+                m_report.lastCard = date;
+            const QString card = u"Job card %1"_s.arg(number);
+            if (seen.contains(number)) {
+                differ(card, u"its number stands in the file twice."_s);
+                continue;
+            }
+            seen.insert(number);
+            const qint32 client = cards.value(2).toInt();
+            if (!m_accounts.contains(client))
+                differ(card, u"its client %1 does not exist."_s.arg(client));
+            const Currency total = cards.value(3).toCurrency();
+            lookAtRows(card, m_rows.take(number), date, client, total);
+
+            const int status = cards.value(6).toInt();
+            std::vector<Leg> due{{1, u"Sales"_s, client, m_sales, -total, date, status},
+                {2, u"Sales"_s, m_sales, client, total, date, status}};
+            if (const Currency paid = cards.value(4).toCurrency(); paid > Currency()) {
+                const qint32 receipt = cards.value(5).toInt();
+                due.push_back({3, u"Receipt"_s, receipt, client, -paid, date, status});
+                due.push_back({4, u"Receipt"_s, client, receipt, paid, date, status});
+            }
+            lookAtLegs(card, m_cardLegs.take(number), due);
+        }
+    }
+
+    void lookAtRows(
+        const QString &card, const std::vector<Row> &rows, QDate date, qint32 client, const Currency &total)
+    {
+        if (rows.empty())
+            return differ(card, u"it has no rows."_s);
+        Currency sum;
+        QSet<int> serials;
+        for (const Row &row : rows) {
+            sum += row.amount;
+            if (row.serial >= 1 && row.serial <= static_cast<int>(rows.size()))
+                serials.insert(row.serial);
+            const QString name = card + u", row %1"_s.arg(row.id);
+            if (row.date != date)
+                differ(name, u"it is dated %1, its card %2."_s.arg(DateText(row.date), DateText(date)));
+            if (row.client != client)
+                differ(name, u"it names the client %1, its card %2."_s.arg(row.client).arg(client));
+            if (!m_items.contains(row.item))
+                differ(name, u"its item %1 does not exist."_s.arg(row.item));
+            if (row.worker != 0 && !m_accounts.contains(row.worker))
+                differ(name, u"its worker %1 does not exist."_s.arg(row.worker));
+            // A fee may be typed finer than the file keeps it, and is multiplied as typed.
+            const qint64 product = row.fee.tenThousandths() * row.quantity;
+            if (std::llabs(row.amount.tenThousandths() - product) > std::abs(row.quantity) + 1)
+                differ(name, u"%1 at %2 are not %3."_s.arg(row.quantity).arg(money(row.fee), money(row.amount)));
+        }
+        // The card keeps the total as it was shown, in two decimals.
+        if (money(sum) != money(total))
+            differ(card, u"its rows come to %1, the card says %2."_s.arg(money(sum), money(total)));
+        if (serials.size() != static_cast<qsizetype>(rows.size()))
+            differ(card, u"its %1 rows are not numbered 1 to %1."_s.arg(rows.size()));
+    }
+
+    void lookAtLegs(const QString &card, std::vector<Leg> legs, const std::vector<Leg> &due)
+    {
+        for (const Leg &leg : due) {
+            const auto found = std::find(legs.begin(), legs.end(), leg);
+            if (found == legs.end())
+                differ(card, u"a posting is missing: %1."_s.arg(described(leg)));
+            else
+                legs.erase(found);
+        }
+        for (const Leg &leg : legs)
+            differ(card, u"a posting too many: %1."_s.arg(described(leg)));
+    }
+
+    void lookAtWhatIsLeft()
+    {
+        for (const auto &[number, rows] : m_rows.asKeyValueRange())
+            differ(u"Job card %1"_s.arg(number), u"it does not exist, but has %1 rows."_s.arg(rows.size()));
+        for (const auto &[number, legs] : m_cardLegs.asKeyValueRange())
+            differ(u"Job card %1"_s.arg(number), u"it does not exist, but has %1 postings."_s.arg(legs.size()));
+    }
+
+    void lookAtVouchers()
+    {
+        m_report.vouchers = static_cast<int>(m_voucherLegs.size());
+        for (const auto &[number, legs] : m_voucherLegs.asKeyValueRange()) {
+            const QString voucher = u"Voucher %1"_s.arg(number);
+            Currency sum;
+            for (const Leg &leg : legs)
+                sum += leg.amount;
+            if (sum != Currency())
+                differ(voucher, u"its postings come to %1 and not to 0."_s.arg(money(sum)));
+            for (const Leg &leg : legs) {
+                Leg mirrored = leg;
+                mirrored.serial = 3 - leg.serial;
+                std::swap(mirrored.account, mirrored.otherSide);
+                mirrored.amount = -leg.amount;
+                if (std::count(legs.begin(), legs.end(), leg) != std::count(legs.begin(), legs.end(), mirrored))
+                    differ(voucher, u"a posting has no other side: %1."_s.arg(described(leg)));
+            }
+        }
+    }
+
+    /// An automatic number that is handed out a second time would take over what refers to the first.
+    void lookAtNumbers()
+    {
+        for (const schema::Table &table : schema::tables()) {
+            if (table.columns.front().type != schema::Type::AutoNumber)
+                continue;
+            Recordset highest(m_connection);
+            highest.open(u"Select max(Id) from ["_s + table.name + u"]"_s);
+            Recordset given(m_connection);
+            given.open(u"Select seq from sqlite_sequence where name='"_s + table.name + u"'"_s);
+            const qint64 lastGiven = given.eof() ? 0 : given.value(0).toInt();
+            if (!highest.value(0).isNull() && highest.value(0).toInt() > lastGiven)
+                differ(u"Table "_s + table.name, u"the number %1 was not handed out yet."_s.arg(highest.value(0).toText()));
+        }
+    }
+
+    Connection &m_connection;
+    fileCheck::Report m_report;
+    QSet<qint32> m_accounts;
+    QSet<qint32> m_items;
+    qint32 m_sales = 0;
+    QMap<qint32, std::vector<Row>> m_rows;
+    QMap<qint32, std::vector<Leg>> m_cardLegs;
+    QMap<qint32, std::vector<Leg>> m_voucherLegs;
+};
+
+QStringList damagesOf(Connection &connection)
+{
+    QStringList lines;
+    Recordset found(connection);
+    found.open(u"PRAGMA integrity_check"_s);
+    for (; !found.eof(); found.moveNext())
+        lines += found.value(0).toText().split(u'\n', Qt::SkipEmptyParts);
+    lines.removeAll(u"ok"_s);
+    return lines;
+}
+
+fileCheck::Report checkInPlace(const QString &path)
+{
+    fileCheck::Report report;
+    try {
+        Connection connection;
+        connection.openReadOnly(path);
+        // One transaction over all: other programs' writes wait.
+        connection.define(u"begin"_s);
+        const QStringList damages = damagesOf(connection);
+        if (damages.isEmpty())
+            report = fileCheck::agreement(connection);
+        report.damages = damages;
+        connection.define(u"rollback"_s);
+    } catch (const RuntimeError &error) {
+        report.failure = error.source().isEmpty() ? error.text() : error.text() + u' ' + error.source();
+    }
+    return report;
+}
+
+} // namespace
+
+fileCheck::Report fileCheck::agreement(Connection &connection)
+{
+    return Look(connection).run();
+}
+
+fileCheck::Report fileCheck::check(const QString &path)
+{
+    if (!leftBehind::isHot(path))
+        return checkInPlace(path);
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(QFileInfo(path).fileName());
+    for (const QString &suffix : {QString(), u"-journal"_s, u"-wal"_s})
+        QFile::copy(path + suffix, copy + suffix);
+    try {
+        // The first opening takes the unfinished write back.
+        Connection().open(copy);
+    } catch (const RuntimeError &error) {
+        Report report;
+        report.failure = error.text() + u' ' + path;
+        return report;
+    }
+    Report report = checkInPlace(copy);
+    report.remark = u"An unfinished write lies beside the file; this is the file as the next start will make it."_s;
+    return report;
+}
