@@ -43,6 +43,9 @@ public:
         if (m_at == m_statement.size())
             return {};
         const QChar c = m_statement[m_at];
+        // The engine would take it for the statement's end and drop the condition behind it.
+        if (c.isNull())
+            throw RuntimeError(Fault::Syntax, m_statement.toString().replace(QChar(), u' '));
         if (c == u'\'' || c == u'"')
             return text(c);
         if (c == u'#')
@@ -104,7 +107,10 @@ private:
     {
         const auto start = m_at;
         m_at = endOf(closing) + 1;
-        return {Kind::Name, m_statement.sliced(start, m_at - start), {}};
+        const auto source = m_statement.sliced(start, m_at - start);
+        if (source.contains(QChar()))
+            throw RuntimeError(Fault::Syntax, m_statement.toString().replace(QChar(), u' '));
+        return {Kind::Name, source, {}};
     }
 
     Token number()

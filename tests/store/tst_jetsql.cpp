@@ -258,6 +258,9 @@ void JetSqlTest::wrongStatementsAreRefusedAndChangeNothing_data()
     QTest::newRow("two statements") << u"Delete from Accounts; Delete from Accounts"_s;
     QTest::newRow("comment sign is two minus signs") << u"Delete from Accounts --where id=1"_s;
     QTest::newRow("question mark of the engine") << u"Delete from Accounts where id<>?"_s;
+    QTest::newRow("nothing where the condition begins") << u"Delete from Accounts"_s + QChar() + u" where id=1"_s;
+    QTest::newRow("nothing at the end") << u"Delete from Accounts"_s + QChar();
+    QTest::newRow("nothing in a name") << u"Delete from [Accounts"_s + QChar() + u"] where id=1"_s;
     QTest::newRow("empty") << u"  "_s;
 }
 
