@@ -11,15 +11,28 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr char endOfMessage = 0x1a;
+constexpr char breakOff = 0x1b;
+
+/// The text as the modem takes it: what would end or break off the message within it is left out.
+QByteArray messageBytes(const QString &message)
+{
+    QByteArray bytes = message.toLatin1();
+    return bytes.removeIf([](char byte) { return byte == endOfMessage || byte == breakOff; });
+}
+
+} // namespace
+
 void kvSMS::SendSMS(qint16 &port, const QString &number, const QString &message)
 {
-    constexpr char endOfMessage = 26;
     try {
         m_port.close();
         m_port.open(port);
         m_port.write("AT+CMGF=1\r");
         m_port.write("AT+CMGS=\"" + NumberText(Val(number)).toLatin1() + "\"\r");
-        m_port.write(message.toLatin1() + endOfMessage);
+        m_port.write(messageBytes(message) + endOfMessage);
     } catch (const RuntimeError &error) {
         platformBox::show(error.text());
     }

@@ -8,6 +8,8 @@
 #include <QSerialPort>
 #include <QThread>
 
+#include <cerrno>
+
 #ifdef Q_OS_UNIX
 #include <sys/ioctl.h>
 #endif
@@ -59,7 +61,8 @@ void SerialPort::open(int number)
 {
     if (number < 1)
         throw RuntimeError(Fault::DeviceFault, u"Invalid port number"_s, QString::number(number));
-    m_port->setPortName(deviceOf(number));
+    m_device = deviceOf(number);
+    m_port->setPortName(m_device);
     m_port->setBaudRate(QSerialPort::Baud9600);
     m_port->setDataBits(QSerialPort::Data8);
     m_port->setParity(QSerialPort::NoParity);
@@ -67,6 +70,7 @@ void SerialPort::open(int number)
     m_port->setFlowControl(QSerialPort::NoFlowControl);
     if (!m_port->open(QIODevice::ReadWrite))
         fail();
+    m_port->clear(QSerialPort::Input);
     m_millisecondsLeft = writeMilliseconds;
 }
 
@@ -101,17 +105,37 @@ void SerialPort::write(const QByteArray &bytes)
     if (m_port->write(bytes) < 0)
         fail();
     while (m_port->bytesToWrite() > 0) {
+        // Nobody reads the modem's answers; once they fill the buffer, nothing more would be written either.
+        const bool dropped = !m_port->readAll().isEmpty();
         const auto left = static_cast<int>(m_millisecondsLeft - clock.elapsed());
-        if (left > 0 && m_port->waitForBytesWritten(left))
+        if (left > 0 && (m_port->waitForBytesWritten(left) || dropped || m_port->bytesAvailable() > 0))
             continue;
-        const QString why = m_port->error() == QSerialPort::NoError ? u"Operation timed out"_s : m_port->errorString();
+        if (m_port->error() != QSerialPort::NoError && m_port->error() != QSerialPort::TimeoutError)
+            fail();
         m_port->clear();
-        throw RuntimeError(Fault::DeviceFault, why, m_port->portName());
+        throw RuntimeError(Fault::DeviceFault, u"Operation timed out"_s, m_port->portName());
     }
     m_millisecondsLeft -= clock.elapsed();
 }
 
-void SerialPort::fail() const
+void SerialPort::fail()
 {
-    throw RuntimeError(Fault::DeviceFault, m_port->errorString(), m_port->portName());
+    const QSerialPort::SerialPortError error = m_port->error();
+    const QString words = m_port->errorString();
+    if (isOpen())
+        m_port->clear();
+    switch (error) {
+    case QSerialPort::DeviceNotFoundError: failAsGone(words);
+    case QSerialPort::ReadError:
+    case QSerialPort::WriteError:
+    case QSerialPort::ResourceError:
+        // A line that was hung up leaves no words of the system's own.
+        failAsGone(qt_error_string(EIO));
+    default: throw RuntimeError(Fault::DeviceFault, words, m_device);
+    }
+}
+
+void SerialPort::failAsGone(const QString &words) const
+{
+    throw RuntimeError(Fault::DeviceFault, u"The modem at %1 is not there: %2"_s.arg(m_device, words), m_device);
 }

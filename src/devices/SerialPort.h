@@ -13,7 +13,8 @@ class QSerialPort;
 /// that exists, so 1 is the first modem on USB or, without one, the first port on the machine's back. The environment
 /// variable CORVANE_MODEM names a device that stands for every number.
 ///
-/// Each failure is a RuntimeError (DeviceFault) with the system's own words.
+/// What the device sends is never read; it is dropped. Each failure is a RuntimeError (DeviceFault) with the system's
+/// own words, and with the device's name where it is not there, or not there any more.
 class SerialPort {
 public:
     SerialPort();
@@ -37,8 +38,10 @@ public:
 private:
     /// Whether the device still holds bytes that it was handed.
     [[nodiscard]] bool isSending() const;
-    [[noreturn]] void fail() const;
+    [[noreturn]] void fail();
+    [[noreturn]] void failAsGone(const QString &words) const;
 
     std::unique_ptr<QSerialPort> m_port;
+    QString m_device;
     qint64 m_millisecondsLeft = 0;
 };

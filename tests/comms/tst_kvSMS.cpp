@@ -1,5 +1,7 @@
 #include "comms/kvSMS.h"
 
+#include "base/RuntimeError.h"
+#include "devices/SerialPort.h"
 #include "store/settings.h"
 #include "support/ModalScript.h"
 #include "support/PseudoTerminal.h"
@@ -25,6 +27,8 @@ private slots:
     void aPortThatFailsIsToldAndTheSenderGoesOn_data();
     void aPortThatFailsIsToldAndTheSenderGoesOn();
     void aModemPulledOutIsToldAtTheNextMessage();
+    void aModemPulledOutWhileItSendsIsTold();
+    void aModemThatTalksIsNotListenedTo();
     void aModemThatTakesNothingDoesNotHoldTheProgram();
     void whatIsMissingIsTold_data();
     void whatIsMissingIsTold();
@@ -51,6 +55,7 @@ void SmsModemTest::theModemGetsNumberAndText_data()
     row("sixteen digits", u"1234567890123456"_s, u"Hi"_s, "1.23456789012346E+15", "Hi");
     row("lines", u"1"_s, u"Dear Customer\r\rKovrel"_s, "1", "Dear Customer\r\rKovrel");
     row("signs beyond the modem's", u"1"_s, u"\u00e9 \u0926"_s, "1", "\xe9 ?");
+    row("signs that end or break off", u"1"_s, u"Dear\u001a Customer\u001b\u001b!\u001a"_s, "1", "Dear Customer!");
     row("long", u"1"_s, QString(900, u'x'), "1", QByteArray(900, 'x'));
 }
 
@@ -105,7 +110,8 @@ void SmsModemTest::aPortThatFailsIsToldAndTheSenderGoesOn_data()
     QTest::addColumn<QByteArray>("device");
     QTest::addColumn<qint16>("number");
     QTest::addColumn<QString>("told");
-    QTest::newRow("no device") << QByteArray("/dev/no-such-modem") << qint16(1) << u"No such file or directory"_s;
+    QTest::newRow("no device") << QByteArray("/dev/no-such-modem") << qint16(1)
+                               << u"The modem at /dev/no-such-modem is not there: No such file or directory"_s;
     QTest::newRow("no port") << QByteArray() << qint16(0) << u"Invalid port number"_s;
 }
 
@@ -141,8 +147,47 @@ void SmsModemTest::aModemPulledOutIsToldAtTheNextMessage()
     qputenv("CORVANE_MODEM", device);
     const auto putBack = qScopeGuard([] { qunsetenv("CORVANE_MODEM"); });
     ModalScript script;
-    script.expectBox(u"No such file or directory"_s);
+    script.expectBox(u"The modem at %1 is not there: No such file or directory"_s.arg(QString::fromLocal8Bit(device)));
     sms.SendSMS(port, u"1"_s, u"Hi"_s);
+}
+
+void SmsModemTest::aModemPulledOutWhileItSendsIsTold()
+{
+    PseudoTerminal modem;
+    SerialPort port;
+    port.open(1);
+    modem.vanish();
+    try {
+        port.write("Hi");
+        QFAIL("somebody took it");
+    } catch (const RuntimeError &error) {
+        QVERIFY2(
+            error.text().startsWith(u"The modem at %1 is not there: "_s.arg(modem.device())), qPrintable(error.text()));
+    }
+}
+
+void SmsModemTest::aModemThatTalksIsNotListenedTo()
+{
+    // More than the port keeps, before it is opened and while it sends; its line echoes what it is told besides.
+    const QByteArray chatter(2000, 'R');
+    const PseudoTerminal modem;
+    modem.say(chatter);
+    {
+        kvSMS sms;
+        qint16 port = 1;
+        for (const char *text : {"one", "two"}) {
+            sms.SendSMS(port, u"1"_s, QString::fromLatin1(text));
+            QVERIFY(modem.received().endsWith(QByteArray(text) + '\x1a'));
+            modem.say(chatter);
+        }
+    }
+    SerialPort open;
+    open.open(1);
+    for (int i = 0; i < 5; ++i) {
+        modem.say(chatter);
+        open.write("AT\r");
+        QVERIFY(modem.received().endsWith("AT\r"));
+    }
 }
 
 void SmsModemTest::aModemThatTakesNothingDoesNotHoldTheProgram()

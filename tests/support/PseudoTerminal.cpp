@@ -25,7 +25,20 @@ PseudoTerminal::PseudoTerminal() : m_end(posix_openpt(O_RDWR | O_NOCTTY | O_NONB
 PseudoTerminal::~PseudoTerminal()
 {
     qunsetenv(modemVariable);
+    if (m_end >= 0)
+        close(m_end);
+}
+
+void PseudoTerminal::say(const QByteArray &bytes) const
+{
+    if (write(m_end, bytes.constData(), static_cast<size_t>(bytes.size())) < 0)
+        qFatal("the pseudo-terminal takes nothing");
+}
+
+void PseudoTerminal::vanish()
+{
     close(m_end);
+    m_end = -1;
 }
 
 QByteArray PseudoTerminal::received() const

@@ -15,6 +15,10 @@ public:
     [[nodiscard]] QString device() const { return m_device; }
     /// What has come up to now.
     [[nodiscard]] QByteArray received() const;
+    /// What the modem says by itself.
+    void say(const QByteArray &bytes) const;
+    /// Pulls the modem out: the line is gone.
+    void vanish();
     /// Whether the program has closed the device after opening it.
     [[nodiscard]] bool isHungUp() const;
 
