@@ -12,6 +12,7 @@
 #include "store/DataEnvironment.h"
 #include "store/schema.h"
 #include "store/settings.h"
+#include "ui/frmMsg.h"
 #include "ui/platformBox.h"
 #include "ui/theme.h"
 
@@ -33,6 +34,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const auto lineEnd = u"\r\n"_s;
+const QDate firstBelievableDay(2000, 1, 1);
 
 QString configPath()
 {
@@ -218,6 +220,15 @@ void CheckDatabaseVersion()
 void InitCurrentDate()
 {
     session::CurrentDate = ParseDate(GetSetting(setting::WorkingDate));
-    if (settingIsOn(setting::FollowSystemDate))
-        session::CurrentDate = machineClock::today();
+    if (!settingIsOn(setting::FollowSystemDate))
+        return;
+    const QDate today = machineClock::today();
+    // A machine whose battery is empty begins in 1970.
+    if (today < firstBelievableDay
+        && AskUser(
+               u"The date of this computer is %1. Its clock seems to be wrong.\r\nWould you like to work with that date?"_s
+                   .arg(DayMonthYear(today)))
+            != 1)
+        return;
+    session::CurrentDate = today;
 }

@@ -44,6 +44,7 @@ void MakeImagesFolder();
 /// a file stands there already, the session keeps the database that it has.
 void CheckDatabaseVersion();
 
-/// The working date: the one used last, or the machine's date where the shop wants that.
+/// The working date: the one used last, or the machine's date where the shop wants that; one before the year 2000 only
+/// when the user wants it, too.
 /// Throws RuntimeError (TypeMismatch) when the stored date is none.
 void InitCurrentDate();

@@ -3,8 +3,10 @@
 #include "StartFolder.h"
 #include "app/frmMain.h"
 #include "base/RuntimeError.h"
+#include "base/clock.h"
 #include "base/safeFile.h"
 #include "base/session.h"
+#include "base/values.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
 #include "support/ModalScript.h"
@@ -47,7 +49,10 @@ private slots:
     void nobodyElseMayReadWhatTheProgramMakes();
     void theWorkingDate_data();
     void theWorkingDate();
+    void aClockThatIsWrongIsAskedAbout_data();
+    void aClockThatIsWrongIsAskedAbout();
     void anImagesFolderThatIsThereDoesNoHarm();
+    void aFileIsCheckedInTheTerminal();
 };
 
 namespace {
@@ -474,6 +479,36 @@ void StartupTest::theWorkingDate()
     QCOMPARE(GetSetting(setting::WorkingDate, {}), stored);
 }
 
+void StartupTest::aClockThatIsWrongIsAskedAbout_data()
+{
+    QTest::addColumn<QDate>("today");
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<QDate>("date");
+    const QDate lastUsed(2025, 11, 17);
+    QTest::newRow("not taken") << QDate(1970, 1, 1) << static_cast<int>(Qt::Key_N) << lastUsed;
+    QTest::newRow("taken") << QDate(1999, 12, 31) << static_cast<int>(Qt::Key_Y) << QDate(1999, 12, 31);
+    QTest::newRow("believable") << QDate(2000, 1, 1) << 0 << QDate(2000, 1, 1);
+}
+
+void StartupTest::aClockThatIsWrongIsAskedAbout()
+{
+    QFETCH(QDate, today);
+    QFETCH(int, answer);
+    StartFolder start;
+    RestartSession();
+    SaveSetting(setting::WorkingDate, u"17-Nov-2025"_s);
+    SaveSetting(setting::FollowSystemDate, u"1"_s);
+    machineClock::replace([today] { return QDateTime(today, QTime(0, 5)); });
+    ModalScript script;
+    if (answer != 0)
+        script.expectMessage(u"The date of this computer is %1. Its clock seems to be wrong.\r\n"
+                             "Would you like to work with that date?"_s.arg(DayMonthYear(today)),
+            static_cast<Qt::Key>(answer));
+    RestartSession();
+    QTEST(session::CurrentDate, "date");
+    QCOMPARE(GetSetting(setting::WorkingDate), u"17-Nov-2025"_s);
+}
+
 void StartupTest::anImagesFolderThatIsThereDoesNoHarm()
 {
     StartFolder start;
@@ -484,6 +519,47 @@ void StartupTest::anImagesFolderThatIsThereDoesNoHarm()
     session::ProgramFolder = start.path(u"images/coat.jpg"_s);
     MakeImagesFolder();
     QCOMPARE(start.content(u"images/coat.jpg"_s), "cloth"_ba);
+}
+
+void StartupTest::aFileIsCheckedInTheTerminal()
+{
+    StartFolder start;
+    start.addDatabase(u"data15.mdb"_s);
+    start.addDatabase(u"other.mdb"_s);
+    start.write(u"text.mdb"_s, QByteArray(8192, 'x'));
+    {
+        Connection other;
+        other.open(start.path(u"other.mdb"_s));
+        other.execute(u"Insert into Postings (VID, Vtype, [Date], AccID, particulars, Remark, Amount) "
+                      "values (7, 2, #1-Apr-2011#, 4, 'Receipt', '', 50)"_s);
+    }
+    const auto check = [&start](const QStringList &arguments, QString &out) {
+        QProcess program;
+        QProcessEnvironment bare;
+        for (const QString &kept : {u"PATH"_s, u"HOME"_s, u"LD_LIBRARY_PATH"_s, u"ASAN_OPTIONS"_s, u"LSAN_OPTIONS"_s})
+            bare.insert(kept, QProcessEnvironment::systemEnvironment().value(kept));
+        program.setProcessEnvironment(bare);
+        program.start(QCoreApplication::applicationDirPath() + u"/../corvane"_s,
+            QStringList{u"--check"_s, u"--folder"_s, start.path({})} + arguments);
+        const bool ended = program.waitForFinished() && program.exitStatus() == QProcess::NormalExit;
+        out = QString::fromUtf8(program.readAllStandardOutput());
+        return ended ? program.exitCode() : -1;
+    };
+    QString out;
+    QCOMPARE(check({}, out), 0);
+    QCOMPARE(out, start.path(u"data15.mdb"_s) + u"\n0 cards, 0 rows, 0 vouchers, 0 postings: whole.\n"_s);
+    start.configure(start.path(u"other.mdb"_s));
+    QCOMPARE(check({}, out), 1);
+    QVERIFY2(out.contains(u"Voucher 7: its postings come to 50.00 and not to 0.\n"_s), qPrintable(out));
+    QVERIFY2(out.endsWith(u"1 voucher, 1 posting: 3 differences.\n"_s), qPrintable(out));
+    QCOMPARE(check({start.path(u"data15.mdb"_s)}, out), 0);
+    QCOMPARE(check({start.path(u"text.mdb"_s)}, out), 2);
+    QVERIFY(out.contains(u"not a database of this program"_s));
+    QCOMPARE(check({start.path(u"gone.mdb"_s)}, out), 2);
+    start.write(u"cv.ini"_s, "nothing");
+    QCOMPARE(check({}, out), 2);
+    QCOMPARE(QDir(start.path({})).entryList(QDir::Files),
+        QStringList({u"cv.ini"_s, u"data15.mdb"_s, u"other.mdb"_s, u"text.mdb"_s}));
 }
 
 CORVANE_TEST(StartupTest)
