@@ -1,0 +1,221 @@
+#include "Child.h"
+#include "Kind.h"
+#include "base/RuntimeError.h"
+#include "base/session.h"
+#include "base/values.h"
+#include "shopFolder.h"
+#include "store/DataEnvironment.h"
+#include "store/lookups.h"
+#include "store/settings.h"
+#include "stores/deskWork.h"
+
+#include <QMap>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace faults {
+
+namespace {
+
+constexpr int patience = 60'000;
+constexpr int stepsOfEach = 30;
+constexpr int furnished = 2;
+const QDate farAway(2030, 1, 1);
+
+/// One of two programs at work on the same file. Each step of work is followed by a look at what it says of the shop.
+class Worker {
+public:
+    Worker(quint64 seed, int number) : m_random(seed, static_cast<quint64>(number)), m_number(number) { }
+
+    void work()
+    {
+        try {
+            openShop();
+            for (m_step = 0; m_step < stepsOfEach; ++m_step) {
+                try {
+                    workOnce();
+                } catch (const RuntimeError &error) {
+                    // The other one was faster; nothing was written, and the user is told so.
+                    if (error.fault() != Fault::NumberTaken && error.fault() != Fault::RowNotFound)
+                        throw;
+                }
+                look();
+            }
+            renewDE();
+            Child::tell("end");
+        } catch (const RuntimeError &error) {
+            Child::tell("failed " + error.report().simplified().toUtf8());
+        }
+    }
+
+private:
+    void workOnce()
+    {
+        const QList<qint32> numbers = desk::cardNumbers();
+        const int dice = m_random.below(10);
+        if (dice < 4 || numbers.size() < 4)
+            return book();
+        if (dice == 9)
+            return SaveSetting(setting::TagLine, stamp());
+        JobCardStore store;
+        clsJobCardData rows;
+        store.openSaved(numbers.at(m_random.below(numbers.size())));
+        store.readRows(rows);
+        if (rows.RowCount() == 0)
+            throw RuntimeError(Fault::RowNotFound);
+        if (dice == 8) {
+            store.deleteCard();
+            return acknowledge(store.CurrentJobID(), "-");
+        }
+        rows.AddNewRow(desk::row(m_random));
+        JobCard card = desk::card(store.CurrentJobID(), rows, m_random);
+        card.Remark = stamp();
+        store.SaveEdit(card, rows);
+        acknowledge(store.CurrentJobID(), card.Remark.toUtf8());
+    }
+
+    void book()
+    {
+        clsJobCardData rows;
+        rows.AddNewRow(desk::row(m_random));
+        JobCard card = desk::card(JobCardStore::GetNewNum(), rows, m_random);
+        card.Remark = stamp();
+        JobCardStore store;
+        store.SaveNew(card, rows);
+        acknowledge(store.CurrentJobID(), card.Remark.toUtf8());
+    }
+
+    [[nodiscard]] QString stamp() const { return u"%1/%2"_s.arg(m_number).arg(m_step); }
+
+    static void acknowledge(int card, const QByteArray &remark)
+    {
+        Child::tell("done " + QByteArray::number(card) + ' ' + remark);
+    }
+
+    /// What this program says of the shop, against plain statements on a connection that has just been opened. That one
+    /// holds the file still meanwhile.
+    void look()
+    {
+        Connection fresh;
+        fresh.open(session::DBPath);
+        fresh.define(u"begin"_s);
+        const QStringList lines = columnOf(fresh, u"Select Remark from JOBS order by Id"_s);
+        DE().CN.noticeOtherWriters();
+        const int account = 5 + m_random.below(12);
+        const QString id = QString::number(account);
+        const QString sum =
+            columnOf(fresh, u"Select sum(Amount) from Postings where status=0 and AccID="_s + id).value(0);
+        const QString highest = columnOf(fresh, u"Select max(Id) from JOBS"_s).value(0);
+        const QString title = columnOf(fresh, u"Select Title from Accounts where Id="_s + id).value(0);
+        compare("balance", NumberText(Val(sum)), NumberText(GetAccountBalance(account, farAway)));
+        compare("next number", NumberText(Val(highest) + 1), QString::number(JobCardStore::GetNewNum()));
+        compare("account's number", id, QString::number(GetAccountID(title)));
+        compare("account's title", title, GetAccountTitle(account));
+        compare("item's fee", columnOf(fresh, u"Select FEES from Items where Id=3"_s).value(0), NumberText(GetItemFees(3)));
+        compare("setting", columnOf(fresh, u"Select [VALUE] from Settings where SETTING='6'"_s).value(0),
+            GetSetting(setting::TagLine));
+        compare("list", lines.join(u','), FillComboAll(u"Id"_s, u"Remark"_s, u"JOBS"_s, DE().rsJobs2).join(u','));
+        fresh.define(u"rollback"_s);
+    }
+
+    static QStringList columnOf(Connection &connection, const QString &statement)
+    {
+        QStringList texts;
+        Recordset rows(connection);
+        rows.open(statement);
+        for (; !rows.eof(); rows.moveNext())
+            texts += rows.value(0).isNull() ? QString() : rows.value(0).toText();
+        return texts;
+    }
+
+    static void compare(const char *what, const QString &wanted, const QString &said)
+    {
+        if (wanted != said)
+            Child::tell("stale " + QByteArray(what) + ": " + said.toUtf8() + " and not " + wanted.toUtf8());
+    }
+
+    Random m_random;
+    int m_number;
+    int m_step = 0;
+};
+
+/// Two programs work on one file at the same time. Which of them is faster is the machine's affair, so a try is not
+/// repeated to the call.
+class TwoPrograms : public Kind {
+public:
+    TwoPrograms(const Course &course, quint64 seed) : Kind(u"two"_s, course, seed) { }
+
+    Verdict attempt(int number, const QString &folder) const override
+    {
+        Random random = this->random(number);
+        const quint64 seed = random.seed();
+        m_course.lay(furnished, folder);
+        const auto program = [&](int which) {
+            return std::make_unique<Child>([&folder, seed, which] {
+                enterFolder(folder);
+                Worker(seed, which).work();
+            });
+        };
+        const std::array programs{program(0), program(1)};
+        QMap<QByteArray, std::array<QByteArray, 2>> lastWords;
+        for (size_t i = 0; i < programs.size(); ++i) {
+            const Child::Ending ending = programs[i]->wait(patience);
+            if (!ending.isGood() || ending.lines.value(ending.lines.size() - 1) != "end")
+                return {Verdict::CannotOpen,
+                    QString::fromUtf8(ending.text() + ": " + ending.lines.value(ending.lines.size() - 1))};
+            for (const QByteArray &line : ending.lines) {
+                if (line.startsWith("stale"))
+                    return {Verdict::Half, QString::fromUtf8(line)};
+                const QList<QByteArray> words = line.split(' ');
+                if (words.first() == "done")
+                    lastWords[words.at(1)][i] = words.at(2);
+            }
+        }
+        return judge(folder, lastWords);
+    }
+
+private:
+    /// The last word on each card is one of the two programs' last ones.
+    static Verdict judge(const QString &folder, const QMap<QByteArray, std::array<QByteArray, 2>> &lastWords)
+    {
+        const Child::Ending ending = Child([&] {
+            enterFolder(folder);
+            Child::tell(lineOf(verdictHere(lastWords)));
+        }).wait(patience);
+        return ending.isGood() && !ending.lines.isEmpty()
+            ? verdictOf(ending.lines.first())
+            : Verdict{Verdict::CannotOpen, QString::fromUtf8(ending.text())};
+    }
+
+    static Verdict verdictHere(const QMap<QByteArray, std::array<QByteArray, 2>> &lastWords)
+    {
+        try {
+            openShop();
+            if (const QStringList wrong = disagreements(); !wrong.isEmpty())
+                return {Verdict::Half, wrong.first()};
+            for (const auto &[card, words] : lastWords.asKeyValueRange()) {
+                Recordset found(DE().CN);
+                found.open(u"Select Remark from JOBS where Id="_s + QString::fromLatin1(card));
+                const QByteArray remark = found.eof() ? "-" : found.value(0).toText().toUtf8();
+                if (std::find(words.begin(), words.end(), remark) == words.end())
+                    return {Verdict::Lost,
+                        QString::fromUtf8("card " + card + " says " + remark + " and not " + words[0] + " or " + words[1])};
+            }
+            return {};
+        } catch (const RuntimeError &error) {
+            return {Verdict::CannotOpen, error.report()};
+        }
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Kind> twoPrograms(const Course &course, quint64 seed)
+{
+    return std::make_unique<TwoPrograms>(course, seed);
+}
+
+} // namespace faults

@@ -1,0 +1,18 @@
+#include "Store.h"
+
+namespace faults {
+
+const std::vector<Store> &allStores()
+{
+    static const std::vector<Store> stores = [] {
+        std::vector<Store> all;
+        for (const auto &some : {jobCardStores, settingStores, accountStores, startStores}) {
+            for (const Store &store : some())
+                all.push_back(store);
+        }
+        return all;
+    }();
+    return stores;
+}
+
+} // namespace faults

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Random.h"
+#include "jobcards/JobCardStore.h"
+#include "jobcards/clsJobCardData.h"
+
+#include <QList>
+
+/// What is on the counter of a shop: clients, items and cards at random, as a screen would collect them.
+namespace faults::desk {
+
+/// Clients, items and a few cards for a new shop, which is open in `DE`.
+void furnish(Random &random);
+
+[[nodiscard]] JobCardRow row(Random &random);
+/// A card whose total is that of its rows; half of them with an advance.
+[[nodiscard]] JobCard card(int number, const clsJobCardData &rows, Random &random);
+/// The numbers of the cards in the file, in order.
+[[nodiscard]] QList<qint32> cardNumbers();
+
+} // namespace faults::desk
