@@ -1,5 +1,7 @@
 #include "Child.h"
 
+#include "cipher.h"
+
 #include <QDeadlineTimer>
 
 #include <fcntl.h>
@@ -46,6 +48,7 @@ Child::Child(const std::function<void()> &body)
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT, SIGTERM, SIGINT})
             ::signal(signal, SIG_DFL);
+        restartCipher();
         ::close(ends[0]);
         ownPipe = ends[1];
         body();

@@ -1,4 +1,5 @@
 #include "Kind.h"
+#include "cipher.h"
 #include "shopFolder.h"
 
 #include <QCommandLineParser>
@@ -150,6 +151,7 @@ int main(int count, char **arguments)
     ::umask(S_IRWXG | S_IRWXO);
     const QTemporaryDir home;
     const QString area = QDir(home.path()).canonicalPath();
+    faults::seedCipher(wanted.seed);
     faults::makeDelivery(area + u"/delivered"_s);
     const faults::Course course(faults::allStores(), courseLength, wanted.seed, area);
     if (!course.failure().isEmpty())

@@ -2,6 +2,7 @@
 #include "Kind.h"
 #include "base/RuntimeError.h"
 #include "base/session.h"
+#include "cipher.h"
 #include "shopFolder.h"
 #include "store/DataEnvironment.h"
 
@@ -125,7 +126,9 @@ private:
     {
         const QString area = folder + u".stranger"_s;
         QDir().mkpath(area);
-        const Course stranger(m_course.stores(), 4, random.seed(), area);
+        const quint64 seed = random.seed();
+        seedCipher(seed);
+        const Course stranger(m_course.stores(), 4, seed, area);
         takeJournal(stranger, 2 + random.below(2), folder);
         QDir(area).removeRecursively();
         return u"the journal of another shop"_s;

@@ -1,17 +1,31 @@
-// Opening a file costs tens of thousands of rounds of hashing, the same ones for the same password and salt. Most tries
-// work on copies of a few files, so each such key is made once and children inherit it. The library's own function is
-// called for all others; an engine that uses other functions is only slower.
+// The few functions of the cipher library that make a try slow, or different each time. The engine finds these first; one
+// that is built on another library goes without.
+
+#include "cipher.h"
+
+#include "Random.h"
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <tuple>
 
 namespace {
 
+quint64 cipherSeed = 0;
+
+faults::Random &chance()
+{
+    static faults::Random numbers(0);
+    return numbers;
+}
+
 using Question = std::tuple<std::string, std::string, int, const void *, int>;
 
+/// Opening a file costs tens of thousands of rounds of hashing, the same ones for the same password and salt. Most tries
+/// work on copies of a few files: each such key is made once, and children inherit it.
 template <typename Make>
 int answerOnce(const Question &question, unsigned char *key, Make make)
 {
@@ -34,12 +48,30 @@ std::string textOf(const void *bytes, int size)
 
 } // namespace
 
+void faults::seedCipher(quint64 seed)
+{
+    cipherSeed = seed;
+    restartCipher();
+}
+
+void faults::restartCipher()
+{
+    chance() = Random(cipherSeed);
+}
+
 extern "C" {
 
+int RAND_bytes(unsigned char *bytes, int size);
 int PKCS5_PBKDF2_HMAC(const char *password, int passwordSize, const unsigned char *salt, int saltSize, int rounds,
     const void *digest, int keySize, unsigned char *key);
 int PKCS5_PBKDF2_HMAC_SHA1(const char *password, int passwordSize, const unsigned char *salt, int saltSize, int rounds,
     int keySize, unsigned char *key);
+
+int RAND_bytes(unsigned char *bytes, int size)
+{
+    std::generate_n(bytes, size, [] { return static_cast<unsigned char>(chance().below(256)); });
+    return 1;
+}
 
 int PKCS5_PBKDF2_HMAC(const char *password, int passwordSize, const unsigned char *salt, int saltSize, int rounds,
     const void *digest, int keySize, unsigned char *key)
