@@ -60,8 +60,8 @@ Child::Child(const std::function<void()> &body)
 
 Child::~Child()
 {
-    if (m_process > 0)
-        [[maybe_unused]] const Ending ending = end(true);
+    if (m_process > 0) [[maybe_unused]]
+        const Ending ending = end(true);
 }
 
 bool Child::read()

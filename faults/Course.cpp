@@ -59,9 +59,8 @@ Course::Course(const std::vector<Store> &stores, int length, quint64 seed, const
         [](const Store &store) { return store.begins == Begins::OpenShop; });
     Random seeds(seed);
     m_steps.push_back({firstStart(), seeds.seed(), {}, {}});
-    m_steps.push_back(
-        {{u"furnishing"_s, [](const Random &random) { return std::make_unique<Furnishing>(random); }}, seeds.seed(), {},
-            {}});
+    m_steps.push_back({{u"furnishing"_s, [](const Random &random) { return std::make_unique<Furnishing>(random); }},
+        seeds.seed(), {}, {}});
     for (size_t i = 0; this->length() < length; ++i)
         m_steps.push_back({turns[i % turns.size()], seeds.seed(), {}, {}});
     const Child::Ending ending = Child([&] { workThrough(area); }).wait(patience);
@@ -187,9 +186,8 @@ void Course::judgeHere(int earliest, int latest) const
         if (found < earliest) {
             const auto isState = [&state](const Step &step) { return step.after == state; };
             const bool isOld = std::any_of(m_steps.begin(), m_steps.begin() + earliest, isState);
-            return Child::tell(lineOf(isOld
-                    ? Verdict{Verdict::Lost, u"what was acknowledged is not there"_s}
-                    : Verdict{Verdict::Half, difference(step(latest).after, state)}));
+            return Child::tell(lineOf(isOld ? Verdict{Verdict::Lost, u"what was acknowledged is not there"_s}
+                                            : Verdict{Verdict::Half, difference(step(latest).after, state)}));
         }
         if (!wrong.isEmpty())
             return Child::tell(lineOf({Verdict::Half, wrong.first()}));

@@ -113,8 +113,8 @@ Tally runTries(const Kind &kind, const QString &area, quint64 seed, std::chrono:
     for (int next = 0;;) {
         const auto isNextWanted = [&] { return !limit.hasExpired() && (end == 0 || next < end); };
         for (; tries.size() < atOnce && isNextWanted(); ++next)
-            tries.push_back(std::make_unique<Running>(
-                kind, order.empty() ? next : order[static_cast<size_t>(next)], area));
+            tries.push_back(
+                std::make_unique<Running>(kind, order.empty() ? next : order[static_cast<size_t>(next)], area));
         if (tries.empty())
             return tally;
         for (const auto &ended : takeEnded(tries))

@@ -24,7 +24,10 @@ public:
     [[nodiscard]] virtual Verdict attempt(int number, const QString &folder) const = 0;
 
 protected:
-    [[nodiscard]] Random random(int number) const { return Random(m_seed, qHash(m_name) + static_cast<quint64>(number)); }
+    [[nodiscard]] Random random(int number) const
+    {
+        return Random(m_seed, qHash(m_name) + static_cast<quint64>(number));
+    }
 
     const Course &m_course;
 

@@ -204,8 +204,7 @@ void Recording::apply(const Event &event, QByteArray &content, bool torn, Random
     }
 }
 
-QByteArray Recording::contentOf(
-    int file, int count, const std::vector<bool> &settled, Fate fate, Random &random) const
+QByteArray Recording::contentOf(int file, int count, const std::vector<bool> &settled, Fate fate, Random &random) const
 {
     QByteArray content = m_firstContents.value(file);
     bool broken = false;

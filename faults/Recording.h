@@ -12,7 +12,8 @@
 namespace faults {
 
 /// All that a process did to a folder, in order, with marks between. From it the folder can be made as it may be found
-/// when the power goes at any moment: what was not synced by then may be missing, in whole or in part, and in any order.
+/// when the power goes at any moment: what was not synced by then may be missing, in whole or in part, and in any
+/// order.
 class Recording {
 public:
     Recording() = default;

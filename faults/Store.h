@@ -24,8 +24,8 @@ public:
     /// sound. What is chosen follows from the file's content and the seed alone.
     virtual void prepare() { }
 
-    /// The command, up to the moment where the user is told that it is done. After a failure the user may give it again:
-    /// it is then called once more on the same object. Throws RuntimeError.
+    /// The command, up to the moment where the user is told that it is done. After a failure the user may give it
+    /// again: it is then called once more on the same object. Throws RuntimeError.
     virtual void run() = 0;
 };
 

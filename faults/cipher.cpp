@@ -1,5 +1,5 @@
-// The few functions of the cipher library that make a try slow, or different each time. The engine finds these first; one
-// that is built on another library goes without.
+// The few functions of the cipher library that make a try slow, or different each time. The engine finds these first;
+// one that is built on another library goes without.
 
 #include "cipher.h"
 
@@ -24,8 +24,8 @@ faults::Random &chance()
 
 using Question = std::tuple<std::string, std::string, int, const void *, int>;
 
-/// Opening a file costs tens of thousands of rounds of hashing, the same ones for the same password and salt. Most tries
-/// work on copies of a few files: each such key is made once, and children inherit it.
+/// Opening a file costs tens of thousands of rounds of hashing, the same ones for the same password and salt. Most
+/// tries work on copies of a few files: each such key is made once, and children inherit it.
 template <typename Make>
 int answerOnce(const Question &question, unsigned char *key, Make make)
 {
@@ -76,8 +76,7 @@ int RAND_bytes(unsigned char *bytes, int size)
 int PKCS5_PBKDF2_HMAC(const char *password, int passwordSize, const unsigned char *salt, int saltSize, int rounds,
     const void *digest, int keySize, unsigned char *key)
 {
-    static const auto real =
-        reinterpret_cast<decltype(&PKCS5_PBKDF2_HMAC)>(dlsym(RTLD_NEXT, "PKCS5_PBKDF2_HMAC"));
+    static const auto real = reinterpret_cast<decltype(&PKCS5_PBKDF2_HMAC)>(dlsym(RTLD_NEXT, "PKCS5_PBKDF2_HMAC"));
     return answerOnce({textOf(password, passwordSize), textOf(salt, saltSize), rounds, digest, keySize}, key,
         [=] { return real(password, passwordSize, salt, saltSize, rounds, digest, keySize, key); });
 }

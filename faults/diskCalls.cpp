@@ -201,8 +201,7 @@ ssize_t sendfile(int to, int from, off_t *offset, size_t count) noexcept
     return -1;
 }
 
-ssize_t copy_file_range(
-    int from, off64_t *fromOffset, int to, off64_t *toOffset, size_t count, unsigned int flags)
+ssize_t copy_file_range(int from, off64_t *fromOffset, int to, off64_t *toOffset, size_t count, unsigned int flags)
 {
     static auto *const real =
         libraryCall<ssize_t(int, off64_t *, int, off64_t *, size_t, unsigned int)>("copy_file_range");

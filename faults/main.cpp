@@ -39,9 +39,11 @@ struct Wanted {
 Wanted readWishes()
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(u"Does to shops what machines, disks and people do to them, and looks what is left."_s);
+    parser.setApplicationDescription(
+        u"Does to shops what machines, disks and people do to them, and looks what is left."_s);
     parser.addHelpOption();
-    const QCommandLineOption seed(u"seed"_s, u"Chooses the tries; the same number chooses the same ones."_s, u"N"_s, u"1"_s);
+    const QCommandLineOption seed(
+        u"seed"_s, u"Chooses the tries; the same number chooses the same ones."_s, u"N"_s, u"1"_s);
     const QCommandLineOption minutes(u"minutes"_s, u"How long it takes, about."_s, u"M"_s, u"2"_s);
     const QCommandLineOption only(u"only"_s, u"One kind of fault, or one try of it: kills:17."_s, u"kind[:try]"_s);
     parser.addOptions({seed, minutes, only});
@@ -66,7 +68,8 @@ Wanted readWishes()
     return wanted;
 }
 
-void printLine(const QString &what, const QString &tries, const QString &lost, const QString &half, const QString &cannotOpen)
+void printLine(
+    const QString &what, const QString &tries, const QString &lost, const QString &half, const QString &cannotOpen)
 {
     std::printf("%s\n",
         qPrintable(what.leftJustified(10) + tries.rightJustified(16) + lost.rightJustified(8) + half.rightJustified(8)
@@ -76,7 +79,8 @@ void printLine(const QString &what, const QString &tries, const QString &lost, c
 
 void printTally(const Kind &kind, const faults::Tally &tally)
 {
-    const QString tries = kind.size() > 0 ? u"%1 of %2"_s.arg(tally.tries).arg(kind.size()) : QString::number(tally.tries);
+    const QString tries =
+        kind.size() > 0 ? u"%1 of %2"_s.arg(tally.tries).arg(kind.size()) : QString::number(tally.tries);
     printLine(kind.name(), tries, QString::number(tally.lost), QString::number(tally.half),
         QString::number(tally.cannotOpen));
 }
@@ -95,8 +99,8 @@ QString wordFor(const faults::Verdict &verdict)
 void printFailures(const Kind &kind, const faults::Tally &tally, quint64 seed)
 {
     for (const auto &[number, verdict] : tally.failures)
-        std::printf("--seed %llu --only %s:%d  %s: %s\n", static_cast<unsigned long long>(seed), qPrintable(kind.name()),
-            number, qPrintable(wordFor(verdict)), qPrintable(verdict.told));
+        std::printf("--seed %llu --only %s:%d  %s: %s\n", static_cast<unsigned long long>(seed),
+            qPrintable(kind.name()), number, qPrintable(wordFor(verdict)), qPrintable(verdict.told));
 }
 
 std::vector<std::unique_ptr<Kind>> makeKinds(const faults::Course &course, quint64 seed, const QString &area)

@@ -66,8 +66,8 @@ QStringList otherFiles(const std::vector<Store> &stores)
 {
     QStringList lines;
     const QDir folder(session::ProgramFolder);
-    QDirIterator found(folder.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-        QDirIterator::Subdirectories);
+    QDirIterator found(
+        folder.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
     while (found.hasNext()) {
         found.next();
         const QFileInfo file = found.fileInfo();

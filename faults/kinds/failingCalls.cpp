@@ -110,7 +110,8 @@ private:
         bool isDone = run(*task);
         if (!isDone && !chosen.failure.forGood)
             Disk::instance().becomeSound();
-        // Who is told that it may stand in the file looks first; on a disk that goes on failing there is nothing to see.
+        // Who is told that it may stand in the file looks first; on a disk that goes on failing there is nothing to
+        // see.
         if (!isDone && (!isSave || chosen.failure.forGood || !standsAlready(chosen.work.step)))
             isDone = run(*task);
         // Closing meets the failing disk, too.

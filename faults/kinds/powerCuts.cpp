@@ -57,7 +57,8 @@ private:
         Disk::instance().watch(folder);
         Disk::instance().record(recording);
         try {
-            m_course.work(0, m_course.length(), [] { }, &recording);
+            m_course.work(
+                0, m_course.length(), [] {}, &recording);
         } catch (const RuntimeError &error) {
             return Child::tell(error.report().toUtf8());
         }

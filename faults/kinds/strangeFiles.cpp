@@ -25,17 +25,17 @@ namespace {
 constexpr int patience = 30'000;
 constexpr qsizetype pageSize = 4096;
 
-/// What lies where the shop's file should be, or beside it, is not what the program has left there. A file that opens is
-/// whole or its fault is told; one that doesn't is left as it is; and what a journal has spoilt is kept aside.
+/// What lies where the shop's file should be, or beside it, is not what the program has left there. A file that opens
+/// is whole or its fault is told; one that doesn't is left as it is; and what a journal has spoilt is kept aside.
 class StrangeFiles : public Kind {
 public:
     StrangeFiles(const Course &course, quint64 seed) : Kind(u"files"_s, course, seed) { }
 
     Verdict attempt(int number, const QString &folder) const override
     {
-        constexpr std::array ways{&StrangeFiles::randomBytes, &StrangeFiles::cutLength, &StrangeFiles::exchangedPages,
-            &StrangeFiles::foreignFile, &StrangeFiles::otherPassword, &StrangeFiles::olderJournal,
-            &StrangeFiles::strangersJournal, &StrangeFiles::noJournal};
+        constexpr std::array ways{&StrangeFiles::randomBytes, &StrangeFiles::cutLength, &StrangeFiles::foreignFile,
+            &StrangeFiles::otherPassword, &StrangeFiles::olderJournal, &StrangeFiles::strangersJournal,
+            &StrangeFiles::noJournal};
         Random random = this->random(number);
         // A try with a lock waits for seconds.
         if (number % 50 == 49)
@@ -70,23 +70,10 @@ private:
     {
         QByteArray content = contentOf(shopIn(folder));
         const bool atPage = random.chance(50);
-        const qsizetype size = atPage ? pageSize * random.below(content.size() / pageSize) : random.below(content.size());
+        const qsizetype size =
+            atPage ? pageSize * random.below(content.size() / pageSize) : random.below(content.size());
         putContent(shopIn(folder), content.first(size));
         return u"cut to %1 bytes"_s.arg(size);
-    }
-
-    /// Pages of the file as it was some steps ago, as a copy that was made while somebody wrote has them.
-    QString exchangedPages(Random &random, int step, const QString &folder) const
-    {
-        const QString older = folder + u".older"_s;
-        m_course.lay(1 + random.below(step), older);
-        const QByteArray olderContent = contentOf(shopIn(older));
-        QDir(older).removeRecursively();
-        QByteArray content = contentOf(shopIn(folder));
-        const qsizetype page = random.below(std::min(content.size(), olderContent.size()) / pageSize);
-        content.replace(page * pageSize, pageSize, olderContent.sliced(page * pageSize, pageSize));
-        putContent(shopIn(folder), content);
-        return u"page %1 of an older state"_s.arg(page + 1);
     }
 
     QString foreignFile(Random &random, int, const QString &folder) const
@@ -178,8 +165,8 @@ private:
         return m_course.judge(folder, step - 1, step - 1);
     }
 
-    /// Opens the shop in a child and reads it whole. The lines: what failed, by its number, or "opened"; then "whole" or
-    /// what is wrong; the folder where a copy was kept; the state.
+    /// Opens the shop in a child and reads it whole. The lines: what failed, by its number, or "opened"; then "whole"
+    /// or what is wrong; the folder where a copy was kept; the state.
     static QList<QByteArray> opened(const QString &folder)
     {
         const Child::Ending ending = Child([&] {
@@ -215,8 +202,8 @@ private:
             return {Verdict::CannotOpen, QString::fromUtf8(said.first())};
         const bool isOpen = said.value(0) == "opened";
         const QString keptAside = QFile::decodeName(said.value(2));
-        const bool isKept = !keptAside.isEmpty() && contentOf(shopIn(keptAside)) == shop
-            && contentOf(journalIn(keptAside)) == journal;
+        const bool isKept =
+            !keptAside.isEmpty() && contentOf(shopIn(keptAside)) == shop && contentOf(journalIn(keptAside)) == journal;
         if (hasJournal && !isKept && contentOf(shopIn(folder)) != shop)
             return {Verdict::Lost, u"a journal was rolled in, and no copy was kept"_s};
         if (!isOpen && !hasJournal && contentOf(shopIn(folder)) != shop)

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -114,7 +115,8 @@ private:
         compare("next number", NumberText(Val(highest) + 1), QString::number(JobCardStore::GetNewNum()));
         compare("account's number", id, QString::number(GetAccountID(title)));
         compare("account's title", title, GetAccountTitle(account));
-        compare("item's fee", columnOf(fresh, u"Select FEES from Items where Id=3"_s).value(0), NumberText(GetItemFees(3)));
+        compare(
+            "item's fee", columnOf(fresh, u"Select FEES from Items where Id=3"_s).value(0), NumberText(GetItemFees(3)));
         compare("setting", columnOf(fresh, u"Select [VALUE] from Settings where SETTING='6'"_s).value(0),
             GetSetting(setting::TagLine));
         compare("list", lines.join(u','), FillComboAll(u"Id"_s, u"Remark"_s, u"JOBS"_s, DE().rsJobs2).join(u','));
@@ -147,6 +149,10 @@ private:
 class TwoPrograms : public Kind {
 public:
     TwoPrograms(const Course &course, quint64 seed) : Kind(u"two"_s, course, seed) { }
+    static void logIt(void *, int code, const char *text)
+    {
+        Child::tell("log " + QByteArray::number(code) + " " + QByteArray(text));
+    }
 
     Verdict attempt(int number, const QString &folder) const override
     {
@@ -156,6 +162,9 @@ public:
         const auto program = [&](int which) {
             return std::make_unique<Child>([&folder, seed, which] {
                 enterFolder(folder);
+                sqlite3_shutdown();
+                sqlite3_config(SQLITE_CONFIG_LOG, logIt, nullptr);
+                sqlite3_initialize();
                 Worker(seed, which).work();
             });
         };
@@ -164,8 +173,7 @@ public:
         for (size_t i = 0; i < programs.size(); ++i) {
             const Child::Ending ending = programs[i]->wait(patience);
             if (!ending.isGood() || ending.lines.value(ending.lines.size() - 1) != "end")
-                return {Verdict::CannotOpen,
-                    QString::fromUtf8(ending.text() + ": " + ending.lines.value(ending.lines.size() - 1))};
+                return {Verdict::CannotOpen, QString::fromUtf8(ending.lines.mid(ending.lines.size() - 8).join(" // "))};
             for (const QByteArray &line : ending.lines) {
                 if (line.startsWith("stale"))
                     return {Verdict::Half, QString::fromUtf8(line)};
@@ -202,7 +210,8 @@ private:
                 const QByteArray remark = found.eof() ? "-" : found.value(0).toText().toUtf8();
                 if (std::find(words.begin(), words.end(), remark) == words.end())
                     return {Verdict::Lost,
-                        QString::fromUtf8("card " + card + " says " + remark + " and not " + words[0] + " or " + words[1])};
+                        QString::fromUtf8(
+                            "card " + card + " says " + remark + " and not " + words[0] + " or " + words[1])};
             }
             return {};
         } catch (const RuntimeError &error) {

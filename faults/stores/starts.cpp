@@ -4,6 +4,7 @@
 #include "app/startup.h"
 #include "base/session.h"
 #include "base/values.h"
+#include "cipher.h"
 #include "shopFolder.h"
 #include "store/DataEnvironment.h"
 #include "store/schema.h"
@@ -20,6 +21,8 @@ class Start : public Task {
 public:
     void run() override
     {
+        // A shop that is made again gets a key that is known already.
+        restartCipher();
         prepareProgramFolder(session::ProgramFolder, deliveredFolder());
         if (!QFileInfo::exists(session::programPath(u"cv.ini")))
             WriteDefaultConfig();
