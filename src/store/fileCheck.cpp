@@ -4,6 +4,7 @@
 #include "base/values.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
+#include "store/RowSet.h"
 #include "store/leftBehind.h"
 #include "store/schema.h"
 
@@ -74,6 +75,7 @@ public:
         lookAtWhatIsLeft();
         lookAtVouchers();
         lookAtNumbers();
+        lookAtTexts();
         return m_report;
     }
 
@@ -252,6 +254,25 @@ private:
             const qint64 lastGiven = given.eof() ? 0 : given.value(0).toInt();
             if (!highest.value(0).isNull() && highest.value(0).toInt() > lastGiven)
                 differ(u"Table "_s + table.name, u"the number %1 was not handed out yet."_s.arg(highest.value(0).toText()));
+        }
+    }
+
+    /// A page of a long text that the disk has lost reads as nothing but noughts, which no entry puts there.
+    void lookAtTexts()
+    {
+        for (const schema::Table &table : schema::tables()) {
+            QByteArrayList conditions;
+            for (const schema::Column &column : table.columns) {
+                if (column.type == schema::Type::Text)
+                    conditions += "instr([" + QByteArray(column.name.data()) + "], char(0)) > 0";
+            }
+            if (conditions.isEmpty())
+                continue;
+            Connection::Statement rows(m_connection,
+                "select count(*) from [" + QByteArray(table.name.data()) + "] where " + conditions.join(" or "), {}, {});
+            const RowSet counted(rows, false, {});
+            if (const int count = counted.value(0, 0).toInt(); count > 0)
+                differ(u"Table "_s + table.name, u"a part of a text is lost in %1 of its rows."_s.arg(count));
         }
     }
 

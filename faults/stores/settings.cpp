@@ -1,0 +1,12 @@
+#include "Store.h"
+#include "store/settings.h"
+
+using namespace Qt::StringLiterals;
+
+std::vector<Operation> settingOperations()
+{
+    return {{u"setting"_s, [](std::mt19937 &random) -> Command {
+                 const QString value = QString::number(random());
+                 return [value] { SaveSetting(setting::TagLine, value); };
+             }}};
+}
