@@ -341,8 +341,10 @@ void Connection::proveReadable(const QString &path)
     };
     if (number("select count(*) from sqlite_master where type='table' and name='Settings' collate nocase") == 0)
         throw RuntimeError(Fault::NotADatabase, path);
-    // A copy that was cut short still has a readable beginning; what its first page promises must be there.
-    if (QFileInfo(path).size() < number("PRAGMA page_count") * number("PRAGMA page_size"))
+    // A copy that was cut short still has a readable beginning; what its first page promises must be there. The promise
+    // is read first: another program may make the file longer at this moment.
+    const qint64 promised = number("PRAGMA page_count") * number("PRAGMA page_size");
+    if (QFileInfo(path).size() < promised)
         throw RuntimeError(Fault::Damaged, path);
     m_proven = true;
     number("select count(*) from Settings");
