@@ -142,7 +142,8 @@ int opened(const char *path, int flags, mode_t mode)
 {
     const bool watched = isWatched(path);
     struct stat found = {};
-    const bool isDirectory = watched && syscall(SYS_newfstatat, AT_FDCWD, path, &found, 0) == 0 && S_ISDIR(found.st_mode);
+    const bool isDirectory =
+        watched && syscall(SYS_newfstatat, AT_FDCWD, path, &found, 0) == 0 && S_ISDIR(found.st_mode);
     const bool writes = (flags & (O_WRONLY | O_RDWR | O_CREAT)) != 0;
     if (watched && writes && fails())
         return -1;
@@ -176,7 +177,8 @@ ssize_t writtenAt(int descriptor, const void *bytes, size_t count, off_t offset)
         if (fails())
             return -1;
         record(descriptor, Recorder::Kind::Write, offset,
-            state().recorder ? QByteArray(static_cast<const char *>(bytes), static_cast<qsizetype>(count)) : QByteArray());
+            state().recorder ? QByteArray(static_cast<const char *>(bytes), static_cast<qsizetype>(count))
+                             : QByteArray());
     }
     return syscall(SYS_pwrite64, descriptor, bytes, count, offset);
 }

@@ -145,7 +145,8 @@ QString shop::lackOfAgreement(const QString &folder)
     return (QStringList{report.failure} + report.damages + report.differences).join(u' ').trimmed();
 }
 
-shop::Day::Day(quint32 seed, std::vector<Operation> operations) : m_random(seed), m_operations(std::move(operations)) { }
+shop::Day::Day(quint32 seed, std::vector<Operation> operations)
+    : m_random(seed), m_operations(std::move(operations)) { }
 
 Command shop::Day::prepareNext()
 {

@@ -70,6 +70,7 @@ QByteArray outcomeOf(const Command &command)
         switch (error.written()) {
         case Written::Nothing: return "nothing";
         case Written::AllOrNothing: return "open";
+        case Written::NotTried:
         case Written::UpToTheFault: return "fault " + error.report().toUtf8().replace('\n', ' ');
         }
     }

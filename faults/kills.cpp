@@ -58,8 +58,8 @@ Finding killAtFirstStart(int index, const Place &place)
 
 FaultKind kills(const QString &name, std::vector<Operation> (*operations)(), int weight)
 {
-    return {name, weight, 0,
-        [operations, courses = std::make_shared<QHash<int, Course>>()](int index, const Place &at) {
+    return {
+        name, weight, 0, [operations, courses = std::make_shared<QHash<int, Course>>()](int index, const Place &at) {
             return killWhileBooking(index, at, operations(), *courses);
         }};
 }

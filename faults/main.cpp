@@ -8,8 +8,8 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 
-#include <array>
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <numeric>
 
@@ -25,7 +25,10 @@ struct Figures {
     std::array<int, 4> found{};
     QStringList words;
 
-    [[nodiscard]] int faults() const { return found[Finding::Lost] + found[Finding::Half] + found[Finding::CannotOpen]; }
+    [[nodiscard]] int faults() const
+    {
+        return found[Finding::Lost] + found[Finding::Half] + found[Finding::CannotOpen];
+    }
 };
 
 /// One try in an empty folder of its own.
@@ -54,7 +57,8 @@ Figures runKind(const FaultKind &kind, const Place &place, int worker, qint64 mi
         ++figures.tries;
         ++figures.found[finding.what];
         if (finding.what != Finding::Nothing)
-            figures.words += u"--only \"%1:%2\" --seed %3: %4"_s.arg(kind.name).arg(index).arg(place.seed).arg(finding.words);
+            figures.words +=
+                u"--only \"%1:%2\" --seed %3: %4"_s.arg(kind.name).arg(index).arg(place.seed).arg(finding.words);
     }
     return figures;
 }
@@ -79,7 +83,8 @@ Figures runKind(const FaultKind &kind, const Place &place, qint64 milliseconds)
             if (line.startsWith("! "))
                 all.words += QString::fromUtf8(line.mid(2));
         }
-        const QByteArrayList numbers = child->lines().isEmpty() ? QByteArrayList() : child->lines().constLast().split(' ');
+        const QByteArrayList numbers =
+            child->lines().isEmpty() ? QByteArrayList() : child->lines().constLast().split(' ');
         if (!ended || numbers.size() != 4) {
             ++all.found[Finding::CannotOpen];
             all.words += kind.name + u": the worker ended before it was done"_s;
@@ -112,8 +117,7 @@ Figures runAndPrint(const FaultKind &kind, const Place &place, qint64 millisecon
 {
     const Figures figures = runKind(kind, place, milliseconds);
     const auto count = [&](Finding::What what) { return QString::number(figures.found[what]); };
-    printRow(kind.name,
-        QString::number(figures.tries) + (kind.tries > 0 ? u" of %1"_s.arg(kind.tries) : QString()),
+    printRow(kind.name, QString::number(figures.tries) + (kind.tries > 0 ? u" of %1"_s.arg(kind.tries) : QString()),
         count(Finding::Lost), count(Finding::Half), count(Finding::CannotOpen));
     return figures;
 }
@@ -128,8 +132,8 @@ int runAll(const Place &place, double minutes)
     int passed = 0;
     for (const FaultKind &kind : kinds) {
         constexpr double millisecondsOfMinute = 60'000;
-        const Figures figures
-            = runAndPrint(kind, place, static_cast<qint64>(minutes * millisecondsOfMinute * kind.weight / weights));
+        const Figures figures =
+            runAndPrint(kind, place, static_cast<qint64>(minutes * millisecondsOfMinute * kind.weight / weights));
         words += figures.words.first(qMin(figures.words.size(), qsizetype(mostWords)));
         if (figures.faults() == 0 && figures.tries > 0)
             ++passed;
@@ -167,7 +171,8 @@ int prove(const Place &place)
         FaultKind kind;
         Finding::What expected;
     };
-    const std::vector<FaultKind> right{killKinds().front(), failingCallKinds(place).front(), powerCutKinds().front()};
+    const std::vector<FaultKind> right{
+        killKinds().front(), failingCallKinds(place).front(), powerCutKinds().front(), twoProgramKinds().front()};
     const std::vector<Proof> wrong{{killsOfLooseSaves(), Finding::Half},
         {failingCallsOfLooseSaves(place), Finding::Half}, {powerCutsWithoutSync(), Finding::Lost}};
     bool proven = true;

@@ -39,7 +39,8 @@ QByteArray staleAnswer(std::mt19937 &random)
     WriteGroup::run(DE().CN, [&] {
         const int account = 1 + pick(random, 7);
         const QString id = QString::number(account);
-        if (GetAccountBalance(account, day) != number(u"Select sum(Amount) from Postings where status=0 and AccID="_s + id))
+        if (GetAccountBalance(account, day)
+            != number(u"Select sum(Amount) from Postings where status=0 and AccID="_s + id))
             stale = "balance of " + id.toUtf8();
         if (GetAccountTitle(account) != text(u"Select Title from Accounts where ID="_s + id))
             stale = "title of " + id.toUtf8();

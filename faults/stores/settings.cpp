@@ -1,5 +1,5 @@
-#include "Store.h"
 #include "store/settings.h"
+#include "Store.h"
 
 using namespace Qt::StringLiterals;
 

@@ -196,7 +196,8 @@ QString wordsOf(int code)
 QString aftermath(Written written)
 {
     switch (written) {
-    case Written::UpToTheFault: return {};
+    case Written::UpToTheFault:
+    case Written::NotTried: return {};
     case Written::Nothing:
         return u"\n\nNothing of this entry was written. When the cause is mended, it can be entered again."_s;
     case Written::AllOrNothing:
@@ -468,7 +469,7 @@ void Connection::fail(int code, const QString &source, bool writes)
         m_groupFault = code;
         throw diskFault(code, Written::Nothing);
     }
-    throw diskFault(code, writes ? afterFailedWrite(code) : Written::UpToTheFault);
+    throw diskFault(code, writes ? afterFailedWrite(code) : Written::NotTried);
 }
 
 RuntimeError Connection::diskFault(int code, Written written) const
