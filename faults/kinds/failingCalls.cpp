@@ -81,7 +81,7 @@ private:
         }
     }
 
-    /// Runs the task, and says "done", or "nothing", "all or nothing" or "up to the fault" with the failure's text.
+    /// Runs the task, and says "done", or what the failure says of the file, with the failure's text.
     static bool run(Task &task)
     {
         try {
@@ -89,12 +89,20 @@ private:
             Child::tell("done");
             return true;
         } catch (const RuntimeError &error) {
-            const char *left = error.written() == Written::Nothing ? "nothing"
-                : error.written() == Written::AllOrNothing         ? "all or nothing"
-                                                                   : "up to the fault";
-            Child::tell(left + (": " + error.report().simplified().toUtf8()));
+            Child::tell(leftBy(error) + ": " + error.report().simplified().toUtf8());
             return false;
         }
+    }
+
+    static QByteArray leftBy(const RuntimeError &error)
+    {
+        switch (error.written()) {
+        case Written::Nothing: return "nothing";
+        case Written::NotTried: return "not tried";
+        case Written::AllOrNothing: return "all or nothing";
+        case Written::UpToTheFault: return "up to the fault";
+        }
+        return {};
     }
 
     void work(const Try &chosen, const QString &folder) const
@@ -134,11 +142,12 @@ private:
         const bool isSave = after > before && store.begins == Begins::OpenShop;
         const bool isDone = !said.isEmpty() && said.last() == "done";
         bool mayStand = isDone;
-        // Later ones may fail in a read, before anything is written.
-        if (isSave && said.value(0).startsWith("up to the fault"))
-            return {Verdict::Half, u"a failing disk was told as a fault of the rules: "_s + QString::fromUtf8(said[0])};
-        for (const QByteArray &line : said)
+        for (const QByteArray &line : said) {
+            if (isSave && line.startsWith("up to the fault"))
+                return {
+                    Verdict::Half, u"a failing disk was told as a fault of the rules: "_s + QString::fromUtf8(line)};
             mayStand = mayStand || line.startsWith("all or nothing");
+        }
         const int earliest = isDone ? after : before;
         Verdict verdict = m_course.judge(folder, earliest, isSave && !mayStand ? before : after);
         if (verdict.what != Verdict::Sound)

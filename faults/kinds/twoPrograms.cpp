@@ -24,6 +24,7 @@ namespace {
 constexpr int patience = 60'000;
 constexpr int stepsOfEach = 30;
 constexpr int furnished = 2;
+constexpr int changedItem = 3;
 const QDate farAway(2030, 1, 1);
 
 /// One of two programs at work on the same file. Each step of work is followed by a look at what it says of the shop.
@@ -56,11 +57,13 @@ private:
     void workOnce()
     {
         const QList<qint32> numbers = desk::cardNumbers();
-        const int dice = m_random.below(10);
+        const int dice = m_random.below(12);
         if (dice < 4 || numbers.size() < 4)
             return book();
         if (dice == 9)
             return SaveSetting(setting::TagLine, stamp());
+        if (dice > 9)
+            return changeMaster(dice == 10);
         JobCardStore store;
         clsJobCardData rows;
         store.openSaved(numbers.at(m_random.below(numbers.size())));
@@ -76,6 +79,16 @@ private:
         card.Remark = stamp();
         store.SaveEdit(card, rows);
         acknowledge(store.CurrentJobID(), card.Remark.toUtf8());
+    }
+
+    void changeMaster(bool isAccount)
+    {
+        Recordset &master = isAccount ? DE().rsaccounts : DE().rsITEMS;
+        master.reopen(isAccount ? u"Select * from Accounts where Id="_s + QString::number(desk::spareClient)
+                                : u"Select * from Items where Id="_s + QString::number(changedItem));
+        isAccount ? master.set(u"Title", u"Spare "_s + stamp()) : master.set(u"FEES", 1 + m_random.below(999));
+        master.update();
+        master.close();
     }
 
     void book()
@@ -105,7 +118,9 @@ private:
         fresh.define(u"begin"_s);
         const QStringList lines = columnOf(fresh, u"Select Remark from JOBS order by Id"_s);
         DE().CN.noticeOtherWriters();
-        const int account = 5 + m_random.below(12);
+        const int account = m_random.chance(50)
+            ? desk::spareClient
+            : desk::firstClient + m_random.below(desk::spareClient - desk::firstClient);
         const QString id = QString::number(account);
         const QString sum =
             columnOf(fresh, u"Select sum(Amount) from Postings where status=0 and AccID="_s + id).value(0);
@@ -115,8 +130,9 @@ private:
         compare("next number", NumberText(Val(highest) + 1), QString::number(JobCardStore::GetNewNum()));
         compare("account's number", id, QString::number(GetAccountID(title)));
         compare("account's title", title, GetAccountTitle(account));
-        compare(
-            "item's fee", columnOf(fresh, u"Select FEES from Items where Id=3"_s).value(0), NumberText(GetItemFees(3)));
+        compare("item's fee",
+            columnOf(fresh, u"Select FEES from Items where Id="_s + QString::number(changedItem)).value(0),
+            NumberText(GetItemFees(changedItem)));
         compare("setting", columnOf(fresh, u"Select [VALUE] from Settings where SETTING='6'"_s).value(0),
             GetSetting(setting::TagLine));
         compare("list", lines.join(u','), FillComboAll(u"Id"_s, u"Remark"_s, u"JOBS"_s, DE().rsJobs2).join(u','));

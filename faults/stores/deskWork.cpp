@@ -42,6 +42,9 @@ void desk::furnish(Random &random)
             accounts.set(u"Type", 0);
             accounts.set(u"ADDRESS", QString(40 * i, u'r'));
         }
+        accounts.addNew();
+        accounts.set(u"Title", u"Spare"_s);
+        accounts.set(u"Type", 0);
         accounts.updateBatch();
         Recordset made(DE().CN);
         made.open(u"Select * from Items"_s);

@@ -3,6 +3,7 @@
 #include "base/Currency.h"
 #include "base/values.h"
 #include "jobcards/JobCardStore.h"
+#include "jobcards/MODPrintJOBCARD.h"
 #include "jobcards/clsJobCardData.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
@@ -86,6 +87,14 @@ public:
     void run() override { m_store.deleteCard(); }
 };
 
+/// The scratch tables of a print are filled with a card.
+class PrintedCard : public CardTask {
+public:
+    using CardTask::CardTask;
+    void prepare() override { openAnyCard(); }
+    void run() override { FillJobCardTemp(m_store.CurrentJobID()); }
+};
+
 template <typename Kind>
 std::unique_ptr<Task> made(const Random &random)
 {
@@ -97,7 +106,8 @@ std::unique_ptr<Task> made(const Random &random)
 std::vector<Store> jobCardStores()
 {
     return {{u"new card"_s, made<NewCard>}, {u"changed card"_s, made<ChangedCard>},
-        {u"cancelled card"_s, made<CancelledCard>}, {u"deleted card"_s, made<DeletedCard>}};
+        {u"cancelled card"_s, made<CancelledCard>}, {u"deleted card"_s, made<DeletedCard>},
+        {u"printed card"_s, made<PrintedCard>}};
 }
 
 } // namespace faults

@@ -17,7 +17,7 @@ tidy_files()
     local file
     sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' build/lint/compile_commands.json | sort -u | while read -r file; do
         case ${file#"${top:?}/"} in
-            src/* | tests/* | demo/* | bench/*) echo "${file#"$top/"}" ;;
+            src/* | tests/* | demo/* | bench/* | faults/*) echo "${file#"$top/"}" ;;
         esac
     done
 }
@@ -30,10 +30,10 @@ tidy_hashes()
     settings=$(cat .clang-tidy tests/.clang-tidy script/lib/tidy.sh CMakeLists.txt src/CMakeLists.txt | sha256sum)
     while read -r header file; do
         content[$file]=$header
-    done < <(find src tests demo bench \( -name '*.cpp' -o -name '*.h' \) -exec sha256sum {} +)
+    done < <(find src tests demo bench faults \( -name '*.cpp' -o -name '*.h' \) -exec sha256sum {} +)
     while IFS=: read -r file header; do
         includes[$file]+="$header "
-    done < <(grep -roE --include='*.cpp' --include='*.h' '#include "[^"]+"' src tests demo bench | sed 's/#include "\(.*\)"/\1/')
+    done < <(grep -roE --include='*.cpp' --include='*.h' '#include "[^"]+"' src tests demo bench faults | sed 's/#include "\(.*\)"/\1/')
 
     local queue seen path
     for file in "$@"; do
@@ -45,7 +45,7 @@ tidy_hashes()
             [[ -z ${seen[$path]-} && -n ${content[$path]-} ]] || continue
             seen[$path]=1
             for header in ${includes[$path]-}; do
-                queue+=("src/$header" "tests/$header" "demo/$header" "bench/$header" "${path%/*}/$header")
+                queue+=("src/$header" "tests/$header" "demo/$header" "bench/$header" "faults/$header" "${path%/*}/$header")
             done
         done
         echo "$file $( (echo "$settings"; for path in "${!seen[@]}"; do echo "$path ${content[$path]}"; done | sort) | sha256sum | cut -d ' ' -f 1)"

@@ -46,15 +46,7 @@ RuntimeError::RuntimeError(Fault fault, const QString &text, const QString &sour
 
 bool RuntimeError::canGoOn() const
 {
-    switch (m_fault) {
-    case Fault::Damaged:
-    case Fault::NotADatabase: return false;
-    case Fault::DiskFull:
-    case Fault::FileFault:
-    case Fault::CannotOpen:
-    case Fault::Locked: return true;
-    default: return m_written != Written::UpToTheFault;
-    }
+    return m_written != Written::UpToTheFault && m_fault != Fault::Damaged && m_fault != Fault::NotADatabase;
 }
 
 QString RuntimeError::report() const

@@ -37,6 +37,8 @@ enum class Written {
     Nothing,
     /// The command as a whole or nothing of it; the disk failed while it was made durable. Look before doing it again.
     AllOrNothing,
+    /// What failed was no write, but a look at a file that cannot be reached for the moment.
+    NotTried,
 };
 
 /// A failed operation: what went wrong, in words for the user, and the statement or field that it happened in.
@@ -52,8 +54,8 @@ public:
     [[nodiscard]] const QString &text() const { return m_text; }
     [[nodiscard]] const QString &source() const { return m_source; }
     [[nodiscard]] Written written() const { return m_written; }
-    /// Whether the user can be told of it and go on with what stands on the screen: the file can't be reached for the
-    /// moment, or it is certain that no half of a command stands in it. Not with a damaged file.
+    /// Whether the user can be told of it and go on with what stands on the screen: no half of a command stands in the
+    /// file. Not with a damaged one.
     [[nodiscard]] bool canGoOn() const;
 
     /// The whole report: number, text, and the source where there is one.

@@ -25,8 +25,8 @@ constexpr mode_t ownerOnlyFolder = 0700;
 [[noreturn]] void fail(const QString &what, const QString &path)
 {
     const int code = errno;
-    throw RuntimeError(
-        code == ENOSPC || code == EDQUOT ? Fault::DiskFull : Fault::FileFault, what.arg(qt_error_string(code)), path);
+    throw RuntimeError(code == ENOSPC || code == EDQUOT ? Fault::DiskFull : Fault::FileFault,
+        what.arg(qt_error_string(code)), path, Written::Nothing);
 }
 
 QByteArray encoded(const QString &path)

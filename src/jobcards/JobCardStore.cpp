@@ -44,6 +44,8 @@ void setSharedColumns(
 
 } // namespace
 
+JobCardStore::JobCardStore() : m_otherWrites(DE().CN.otherWrites()) { }
+
 void JobCardStore::openSaved(int jobID)
 {
     m_oldJobID = Int16(jobID);
@@ -115,6 +117,21 @@ void JobCardStore::write(clsJobCardData &rows, const std::function<void()> &body
     m_otherWrites = DE().CN.otherWrites();
 }
 
+void JobCardStore::requireAccounts(const JobCard &card) const
+{
+    if (DE().CN.otherWrites() == m_otherWrites)
+        return;
+    QStringList titles{card.ClientTitle};
+    if (Val(card.ReceivedText) > 0)
+        titles += card.ReceiptAccountTitle;
+    for (const QString &title : titles) {
+        if (GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts).toInt() < 0)
+            throw RuntimeError(Fault::NoCurrentRecord,
+                u"Another program has renamed or deleted \"%1\". Nothing was written."_s.arg(title), {},
+                Written::Nothing);
+    }
+}
+
 void JobCardStore::requireUntouched() const
 {
     if (DE().CN.otherWrites() == m_otherWrites)
@@ -139,6 +156,7 @@ void JobCardStore::requireUntouched() const
 void JobCardStore::SaveNew(const JobCard &card, clsJobCardData &rows)
 {
     write(rows, [&] {
+        requireAccounts(card);
         DE().rsJobs2.reopen(u"Select * from jobs where id="_s + NumberText(Val(card.JobIDText)));
         if (!DE().rsJobs2.eof())
             throw RuntimeError(Fault::NumberTaken,
@@ -158,6 +176,7 @@ void JobCardStore::SaveEdit(const JobCard &card, clsJobCardData &rows)
 {
     write(rows, [&] {
         requireUntouched();
+        requireAccounts(card);
         DE().rsJobs2.reopen(u"Select * from jobs where id="_s + QString::number(m_currentJobID));
         writeCard(card, false);
         for (int i = 1; i <= rows.RowCount(); ++i) {

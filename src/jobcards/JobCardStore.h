@@ -41,7 +41,7 @@ struct JobCard {
 class JobCardStore {
 public:
     /// A card that was never saved.
-    JobCardStore() = default;
+    JobCardStore();
     /// The card saved under `jobID`. Throws Overflow above 32767.
     void openSaved(int jobID);
 
@@ -78,6 +78,7 @@ public:
 
 private:
     void write(clsJobCardData &rows, const std::function<void()> &body);
+    void requireAccounts(const JobCard &card) const;
     void requireUntouched() const;
     void writeCard(const JobCard &card, bool added);
     void addRow(const JobCard &card, clsJobCardData &rows, int index, bool readNumberBack);

@@ -196,7 +196,8 @@ QString wordsOf(int code)
 QString aftermath(Written written)
 {
     switch (written) {
-    case Written::UpToTheFault: return {};
+    case Written::UpToTheFault:
+    case Written::NotTried: return {};
     case Written::Nothing:
         return u"\n\nNothing of this entry was written. When the cause is mended, it can be entered again."_s;
     case Written::AllOrNothing:
@@ -341,8 +342,10 @@ void Connection::proveReadable(const QString &path)
     };
     if (number("select count(*) from sqlite_master where type='table' and name='Settings' collate nocase") == 0)
         throw RuntimeError(Fault::NotADatabase, path);
-    // A copy that was cut short still has a readable beginning; what its first page promises must be there.
-    if (QFileInfo(path).size() < number("PRAGMA page_count") * number("PRAGMA page_size"))
+    // A copy that was cut short still has a readable beginning; what its first page promises must be there. The promise
+    // is read first: another program may make the file longer at this moment.
+    const qint64 promised = number("PRAGMA page_count") * number("PRAGMA page_size");
+    if (QFileInfo(path).size() < promised)
         throw RuntimeError(Fault::Damaged, path);
     m_proven = true;
     number("select count(*) from Settings");
@@ -466,7 +469,7 @@ void Connection::fail(int code, const QString &source, bool writes)
         m_groupFault = code;
         throw diskFault(code, Written::Nothing);
     }
-    throw diskFault(code, writes ? afterFailedWrite(code) : Written::UpToTheFault);
+    throw diskFault(code, writes ? afterFailedWrite(code) : Written::NotTried);
 }
 
 RuntimeError Connection::diskFault(int code, Written written) const

@@ -4,6 +4,7 @@
 #include "base/values.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
+#include "store/RowSet.h"
 #include "store/leftBehind.h"
 #include "store/schema.h"
 
@@ -74,6 +75,7 @@ public:
         lookAtWhatIsLeft();
         lookAtVouchers();
         lookAtNumbers();
+        lookAtTexts();
         return m_report;
     }
 
@@ -93,8 +95,7 @@ private:
     void readRows()
     {
         Recordset all(m_connection);
-        all.open(
-            u"Select JobID, Id, ItemSr, DATE, ClintID, ItemID, WorkerID, QNT, FEES, Amount from JOBS_DETAIL"_s);
+        all.open(u"Select JobID, Id, ItemSr, DATE, ClintID, ItemID, WorkerID, QNT, FEES, Amount from JOBS_DETAIL"_s);
         for (; !all.eof(); all.moveNext(), ++m_report.rows)
             m_rows[all.value(0).toInt()].push_back({all.value(1).toInt(), all.value(2).toInt(), all.value(3).toDate(),
                 all.value(4).toInt(), all.value(5).toInt(), all.value(6).toInt(), all.value(7).toInt(),
@@ -106,8 +107,7 @@ private:
         Currency sum;
         Currency liveSum;
         Recordset all(m_connection);
-        all.open(
-            u"Select VID, Vtype, sr, particulars, AccID, RefID, Amount, Date, Status from Postings order by id"_s);
+        all.open(u"Select VID, Vtype, sr, particulars, AccID, RefID, Amount, Date, Status from Postings order by id"_s);
         for (; !all.eof(); all.moveNext(), ++m_report.postings) {
             const Leg leg{all.value(2).toInt(), all.value(3).toText(), all.value(4).toInt(), all.value(5).toInt(),
                 all.value(6).toCurrency(), all.value(7).toDate(), all.value(8).toInt()};
@@ -165,8 +165,7 @@ private:
         }
     }
 
-    void lookAtRows(
-        const QString &card, const std::vector<Row> &rows, QDate date, qint32 client, const Currency &total)
+    void lookAtRows(const QString &card, const std::vector<Row> &rows, QDate date, qint32 client, const Currency &total)
     {
         if (rows.empty())
             return differ(card, u"it has no rows."_s);
@@ -251,7 +250,28 @@ private:
             given.open(u"Select seq from sqlite_sequence where name='"_s + table.name + u"'"_s);
             const qint64 lastGiven = given.eof() ? 0 : given.value(0).toInt();
             if (!highest.value(0).isNull() && highest.value(0).toInt() > lastGiven)
-                differ(u"Table "_s + table.name, u"the number %1 was not handed out yet."_s.arg(highest.value(0).toText()));
+                differ(u"Table "_s + table.name,
+                    u"the number %1 was not handed out yet."_s.arg(highest.value(0).toText()));
+        }
+    }
+
+    /// A page of a long text that the disk has lost reads as nothing but noughts, which no entry puts there.
+    void lookAtTexts()
+    {
+        for (const schema::Table &table : schema::tables()) {
+            QByteArrayList conditions;
+            for (const schema::Column &column : table.columns) {
+                if (column.type == schema::Type::Text)
+                    conditions += "instr([" + QByteArray(column.name.data()) + "], char(0)) > 0";
+            }
+            if (conditions.isEmpty())
+                continue;
+            Connection::Statement rows(m_connection,
+                "select count(*) from [" + QByteArray(table.name.data()) + "] where " + conditions.join(" or "), {},
+                {});
+            const RowSet counted(rows, false, {});
+            if (const int count = counted.value(0, 0).toInt(); count > 0)
+                differ(u"Table "_s + table.name, u"a part of a text is lost in %1 of its rows."_s.arg(count));
         }
     }
 

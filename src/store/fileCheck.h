@@ -5,10 +5,10 @@
 
 class Connection;
 
-/// A look at a whole shop file: whether it can be opened, whether its pages are sound, and whether what belongs together
-/// in it agrees: the rows, total and postings of each job card, the legs of each voucher, the numbers that refer to
-/// clients, items and workers. A page that the disk has put back to an older state passes for sound; only the sums show
-/// it.
+/// A look at a whole shop file: whether it can be opened, whether its pages are sound, and whether what belongs
+/// together in it agrees: the rows, total and postings of each job card, the legs of each voucher, the numbers that
+/// refer to clients, items and workers. A page that the disk has put back to an older state passes for sound; only the
+/// sums show it.
 namespace fileCheck {
 
 struct Report {

@@ -374,6 +374,10 @@ void JobCardStoreTest::anotherProgramsWorkIsNotWrittenOver_data()
     QTest::newRow("the card deleted") << u"Delete from JOBS where id=1"_s << refused;
     QTest::newRow("a row deleted") << u"Delete from JOBS_DETAIL where id=1"_s << refused;
     QTest::newRow("a row of it moved in") << u"Update JOBS_DETAIL set JobID=1 where id=3"_s << refused;
+    QTest::newRow("the client renamed") << u"Update Accounts set Title='Asha' where id=5"_s
+                                        << static_cast<int>(Fault::NoCurrentRecord);
+    QTest::newRow("the receipt account renamed")
+        << u"Update Accounts set Title='Till' where id=4"_s << static_cast<int>(Fault::NoCurrentRecord);
     QTest::newRow("the number used") << u"Update JOBS set Id=3 where Id=2"_s << static_cast<int>(Fault::NumberTaken);
 }
 

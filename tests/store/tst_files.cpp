@@ -5,6 +5,7 @@
 #include "store/settings.h"
 #include "support/StoreFile.h"
 #include "support/expectFault.h"
+#include "support/fileContent.h"
 #include "support/testRegistry.h"
 
 #include <QTest>
@@ -34,23 +35,6 @@ private slots:
     void aSettingIsStoredOnce();
     void everySettingHasItsDefault();
 };
-
-namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
-}
-
-} // namespace
 
 void FilesTest::aNewFileHoldsTheTablesAndNothingElse()
 {
@@ -121,9 +105,9 @@ void FilesTest::aShopThatCannotBeOpenedIsWholeAllTheSame()
     session::ProgramFolder = folder.path();
     session::DBPath = session::defaultDatabasePath();
     // A start that was cut short has left these.
-    write(folder.filePath(u"data15.mdb.new"_s), QByteArray(9000, 'x'));
-    write(folder.filePath(u"data15.mdb.new-journal"_s), QByteArray(9000, 'x'));
-    write(folder.filePath(u"data15.mdb-journal"_s), QByteArray(9000, 'x'));
+    writeContent(folder.filePath(u"data15.mdb.new"_s), QByteArray(9000, 'x'));
+    writeContent(folder.filePath(u"data15.mdb.new-journal"_s), QByteArray(9000, 'x'));
+    writeContent(folder.filePath(u"data15.mdb-journal"_s), QByteArray(9000, 'x'));
     const auto fault = CreateDatabase([] { throw RuntimeError(Fault::Locked, u"now"_s); });
     QVERIFY(fault && fault->fault() == Fault::Locked);
     renewDE();
@@ -209,18 +193,18 @@ void FilesTest::badFilesAreToldApartAndNotTouched()
     if (kind == u"folder")
         QVERIFY(QDir(file.folder.path()).mkdir(u"bad.mdb"_s));
     else if (kind == u"empty")
-        write(path, {});
+        writeContent(path, {});
     else if (kind == u"text")
-        write(path, QByteArray(8192, 'x'));
+        writeContent(path, QByteArray(8192, 'x'));
     else if (kind == u"key")
         madeWith("another");
     else if (kind == u"foreign")
         madeWith("bluepaperwindow");
     else if (kind == u"short")
-        write(path, content.left(content.size() - 4096));
+        writeContent(path, content.left(content.size() - 4096));
     else if (kind == u"page")
         // The page behind the first that the tables begin in: that of the settings.
-        write(path, content.replace(4096, content.size() - 4096, QByteArray(content.size() - 4096, '\x55')));
+        writeContent(path, content.replace(4096, content.size() - 4096, QByteArray(content.size() - 4096, '\x55')));
     const QByteArray before = contentOf(path);
     Connection connection;
     QTEST(([&] {

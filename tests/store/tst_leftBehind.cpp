@@ -1,6 +1,7 @@
 #include "store/DataEnvironment.h"
 #include "support/StoreFile.h"
 #include "support/expectFault.h"
+#include "support/fileContent.h"
 #include "support/testRegistry.h"
 
 #include <QDir>
@@ -29,19 +30,6 @@ private slots:
 };
 
 namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing");
-}
-
-void write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
-}
 
 /// A file and its journal in the midst of a write, as a power cut leaves them.
 struct CutShort {
@@ -82,8 +70,8 @@ void LeftBehindTest::aWriteCutShortIsTakenBackAndKept()
 {
     StoreFile shop;
     const CutShort cut(shop);
-    write(shop.path(), cut.file);
-    write(shop.path() + u"-journal"_s, cut.journal);
+    writeContent(shop.path(), cut.file);
+    writeContent(shop.path() + u"-journal"_s, cut.journal);
     Connection connection;
     connection.open(shop.path());
     QCOMPARE(titles(connection), soundTitles);
@@ -97,7 +85,7 @@ void LeftBehindTest::aWriteCutShortIsTakenBackAndKept()
     connection.close();
 
     // Once more in the same second: the first copy stays.
-    write(shop.path() + u"-journal"_s, "x");
+    writeContent(shop.path() + u"-journal"_s, "x");
     connection.open(shop.path());
     QVERIFY(connection.keptAside() != kept);
     QCOMPARE(contentOf(kept + u"/data15.mdb"_s), cut.file);
@@ -116,12 +104,12 @@ void LeftBehindTest::aForeignJournalDoesNotSpoilTheCopy()
     const QByteArray whole = contentOf(shop.path());
     // Of an older state of the same file, and of another one.
     for (const bool other : {false, true}) {
-        write(shop.path(), whole);
+        writeContent(shop.path(), whole);
         if (other) {
             StoreFile stranger;
-            write(shop.path() + u"-journal"_s, CutShort(stranger).journal);
+            writeContent(shop.path() + u"-journal"_s, CutShort(stranger).journal);
         } else {
-            write(shop.path() + u"-journal"_s, cut.journal);
+            writeContent(shop.path() + u"-journal"_s, cut.journal);
         }
         Connection connection;
         try {
@@ -143,7 +131,7 @@ void LeftBehindTest::aForeignLogIsTakenAway()
     StoreFile shop;
     shop.addAccount(u"aaaaaaaa"_s);
     DE().CN.close();
-    write(shop.path() + u"-wal"_s, QByteArray(5000, 'w'));
+    writeContent(shop.path() + u"-wal"_s, QByteArray(5000, 'w'));
     Connection connection;
     connection.open(shop.path());
     QCOMPARE(titles(connection), soundTitles);
@@ -164,7 +152,7 @@ void LeftBehindTest::aJournalThatIsOverIsRemoved()
     StoreFile shop;
     shop.addAccount(u"aaaaaaaa"_s);
     DE().CN.close();
-    write(shop.path() + u"-journal"_s, journal);
+    writeContent(shop.path() + u"-journal"_s, journal);
     Connection connection;
     connection.open(shop.path());
     QCOMPARE(connection.keptAside(), QString());
