@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -165,10 +164,6 @@ private:
 class TwoPrograms : public Kind {
 public:
     TwoPrograms(const Course &course, quint64 seed) : Kind(u"two"_s, course, seed) { }
-    static void logIt(void *, int code, const char *text)
-    {
-        Child::tell("log " + QByteArray::number(code) + " " + QByteArray(text));
-    }
 
     Verdict attempt(int number, const QString &folder) const override
     {
@@ -178,9 +173,6 @@ public:
         const auto program = [&](int which) {
             return std::make_unique<Child>([&folder, seed, which] {
                 enterFolder(folder);
-                sqlite3_shutdown();
-                sqlite3_config(SQLITE_CONFIG_LOG, logIt, nullptr);
-                sqlite3_initialize();
                 Worker(seed, which).work();
             });
         };
@@ -189,7 +181,7 @@ public:
         for (size_t i = 0; i < programs.size(); ++i) {
             const Child::Ending ending = programs[i]->wait(patience);
             if (!ending.isGood() || ending.lines.value(ending.lines.size() - 1) != "end")
-                return {Verdict::CannotOpen, QString::fromUtf8(ending.lines.mid(ending.lines.size() - 8).join(" // "))};
+                return {Verdict::CannotOpen, QString::fromUtf8(ending.lines.value(ending.lines.size() - 1))};
             for (const QByteArray &line : ending.lines) {
                 if (line.startsWith("stale"))
                     return {Verdict::Half, QString::fromUtf8(line)};
