@@ -47,6 +47,9 @@ int openAtBy(OpenAt *real, int folder, const char *path, int flags, mode_t right
 
 } // namespace
 
+// The C library's own names for the parameters tell nothing.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
+
 extern "C" {
 
 int open(const char *path, int flags, ...)
@@ -242,3 +245,5 @@ int linkat(int fromFolder, const char *from, int toFolder, const char *to, int f
     return -1;
 }
 }
+
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -121,7 +121,7 @@ private:
         // Who is told that it may stand in the file looks first; on a disk that goes on failing there is nothing to
         // see.
         if (!isDone && (!isSave || chosen.failure.forGood || !standsAlready(chosen.work.step)))
-            isDone = run(*task);
+            run(*task);
         // Closing meets the failing disk, too.
         renewDE();
     }

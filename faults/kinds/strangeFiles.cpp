@@ -80,7 +80,7 @@ private:
     {
         static const QList<QByteArray> beginnings{"", "SQLite format 3", QByteArray("\0\1\0\0Standard Jet DB", 19),
             "'Corvane Configuration file\r\n", "\x89PNG\r\n\x1a\n", "PK\3\4"};
-        const QByteArray beginning = beginnings.at(random.below(beginnings.size()));
+        const QByteArray &beginning = beginnings.at(random.below(beginnings.size()));
         putContent(shopIn(folder), beginning + QByteArray(random.below(20'000), static_cast<char>(random.below(256))));
         return u"a foreign file"_s;
     }
