@@ -13,7 +13,7 @@ class SavedSetting : public Task {
 public:
     explicit SavedSetting(Random random)
         : m_key(random.chance(50) ? setting::TagLine : setting::FootNote),
-          m_value(u"Made to measure %1"_s.arg(random.below(100'000)))
+          m_value(u"Made to measure %1"_s.arg(random.below(1'000'000'000)))
     {
     }
     void run() override { SaveSetting(m_key, m_value); }

@@ -18,7 +18,14 @@ void Command::trigger()
     if (!isEnabled() || !isVisible())
         return;
     setFocus(Qt::ShortcutFocusReason);
-    click();
+    act();
+}
+
+void Command::act()
+{
+    // Not by click(): Qt's widgets know no exceptions, and a failure told further out would leave behind what click()
+    // holds.
+    emit clicked();
 }
 
 void Command::setComesLater(const QString &toolTip)
@@ -51,6 +58,6 @@ bool Command::event(QEvent *event)
 void Command::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        return click();
+        return act();
     QPushButton::keyPressEvent(event);
 }
