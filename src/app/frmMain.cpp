@@ -229,7 +229,8 @@ bool frmMain::keyPreview(QKeyEvent *event)
         return false;
     switch (event->key()) {
     case Qt::Key_F2:
-        // As Tab would, so that what is typed begins with the day.
+        if (TodayDate->hasFocus())
+            return false;
         TodayDate->setFocus(Qt::TabFocusReason);
         return true;
     case Qt::Key_F3: frmOpenJob().exec(); return true;

@@ -457,6 +457,8 @@ JobCard frmEditJOB::collect() const
 
 void frmEditJOB::save()
 {
+    if (hasRefusedDate())
+        return;
     if (SelectComboEntry(*cmbClient) < 0)
         return complain(u"Please Select Client!"_s, cmbClient);
     if (m_items->isEmpty())

@@ -95,12 +95,12 @@ void frmEditClients::Edit(int id)
 
 void frmEditClients::save()
 {
+    if (hasRefusedDate())
+        return;
     if (isNameMissing(u"Please Enter Client Name!"_s) || isNameTaken())
         return;
     if (!txtKey->Text().isEmpty() && isTaken(u"Key"_s, txtKey, m_loadedKey, u"Duplicate Key!"_s))
         return;
-    if (const QString typed = dateDob->refused(); !typed.isEmpty())
-        return complain(u"\"%1\" is not a date!"_s.arg(typed), dateDob);
     Recordset &row = rowToWrite();
     row.set(u"Type", accountType::Client);
     row.set(u"dob", dateDob->birthday());

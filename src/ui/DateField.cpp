@@ -3,12 +3,14 @@
 #include "base/clock.h"
 #include "base/values.h"
 #include "ui/FieldFocus.h"
+#include "ui/theme.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
@@ -21,14 +23,16 @@ namespace {
 
 constexpr int thisCentury = 2000;
 constexpr int century = 100;
+constexpr int markWidth = 2;
+constexpr int markRadius = 3;
 
 /// "1/4/11" into its parts; digits without separators are taken as day, month and year of two digits each, the year
 /// also of four.
-QStringList partsOf(const QString &typed, int firstPart)
+QStringList partsOf(const QString &typed)
 {
     static const QRegularExpression partPattern(u"[0-9]+|[A-Za-z]+"_s);
     static const QRegularExpression runOfDigits(u"^[0-9]{4}([0-9]{2}|[0-9]{4})?$"_s);
-    if (firstPart == 0 && runOfDigits.match(typed).hasMatch()) {
+    if (runOfDigits.match(typed).hasMatch()) {
         QStringList parts{typed.left(2), typed.mid(2, 2)};
         if (typed.size() > 4)
             parts += typed.mid(4);
@@ -52,6 +56,8 @@ DateField::DateField(QWidget *parent) : QDateEdit(parent)
     // Date fields are drawn less high than the text fields that they stand beside.
     setMinimumHeight(QLineEdit().sizeHint().height());
     showFocus(this);
+    // A date from the calendar takes the place of what was typed.
+    connect(this, &QDateEdit::dateChanged, this, &DateField::dropTyped);
 }
 
 DateField::DateField(const QString &name, QWidget *parent) : DateField(parent)
@@ -74,8 +80,13 @@ bool DateField::isEmpty() const
 
 void DateField::makeEmpty()
 {
-    m_typed.clear();
     setDate(minimumDate());
+}
+
+void DateField::setDate(QDate date)
+{
+    m_typed.clear();
+    QDateEdit::setDate(date);
     showTyped();
 }
 
@@ -101,14 +112,29 @@ bool DateField::focusNextPrevChild(bool next)
 
 void DateField::focusInEvent(QFocusEvent *event)
 {
-    m_refused.clear();
     QDateEdit::focusInEvent(event);
+    // QDateTimeEdit has written its date over what is no date, and selected a part of it.
+    showTyped();
+    if (event->reason() != Qt::MouseFocusReason)
+        selectWhole();
 }
 
 void DateField::focusOutEvent(QFocusEvent *event)
 {
     takeTyped();
     QDateEdit::focusOutEvent(event);
+    showTyped();
+}
+
+void DateField::paintEvent(QPaintEvent *event)
+{
+    QDateEdit::paintEvent(event);
+    if (!m_isRefused)
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(theme::warning(), markWidth));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), markRadius, markRadius);
 }
 
 void DateField::mousePressEvent(QMouseEvent *event)
@@ -123,8 +149,10 @@ void DateField::mousePressEvent(QMouseEvent *event)
 bool DateField::eventFilter(QObject *watched, QEvent *event)
 {
     // The calendar is the only thing watched.
-    if (event->type() == QEvent::Hide)
+    if (event->type() == QEvent::Hide) {
+        selectWhole();
         emit calendarClosed();
+    }
     return QDateEdit::eventFilter(watched, event);
 }
 
@@ -144,28 +172,76 @@ void DateField::keyPressEvent(QKeyEvent *event)
         m_typed.clear();
         return type(QApplication::clipboard()->text().simplified());
     }
-    const bool empties = m_forBirthdays && !isReadOnly()
-        && (event->key() == Qt::Key_Delete || (event->key() == Qt::Key_Backspace && m_typed.isEmpty()));
-    if (empties)
-        return makeEmpty();
-    if (event->key() == Qt::Key_Backspace) {
-        m_typed.chop(1);
-        return showTyped();
-    }
+    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace)
+        return deleteTyped(event->key());
     const QString text = event->text();
-    const bool types = text.size() == 1 && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
-        && (text.at(0).isLetterOrNumber() || u"/-. "_s.contains(text.at(0)));
-    if (types)
+    const bool isCharacter = text.size() == 1 && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (isCharacter && actAtOnce(text))
+        return;
+    if (isCharacter && (text.at(0).isLetterOrNumber() || u"/-. "_s.contains(text.at(0))))
         return type(text);
+    const bool afterTyping = !m_typed.isEmpty();
     // Enter on what is no date does not go on to the screen's default command.
     if (!takeTyped())
         return;
+    if (event->key() == Qt::Key_F2)
+        return selectWhole();
     // There is no part to change in an empty field.
     if (isEmpty())
         return event->ignore();
-    if (isWholeSelected())
+    if (afterTyping || isWholeSelected())
         setCurrentSectionIndex(0);
+    if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)
+        return moveToPart(currentSectionIndex() + (event->key() == Qt::Key_Right ? 1 : -1));
     QDateEdit::keyPressEvent(event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        selectWhole();
+}
+
+void DateField::deleteTyped(int key)
+{
+    if (isReadOnly())
+        return;
+    if (key == Qt::Key_Backspace && !m_typed.isEmpty()) {
+        m_isRefused = false;
+        m_typed.chop(1);
+        return showTyped();
+    }
+    if (m_forBirthdays)
+        makeEmpty();
+    else
+        dropTyped();
+}
+
+bool DateField::actAtOnce(const QString &character)
+{
+    const bool isUntouched = m_typed.isEmpty() || m_isRefused;
+    const bool stepsForth = character == u'+';
+    const bool stepsBack = character == u'-' && isUntouched;
+    const bool isToday = character.toLower() == u't' && isUntouched;
+    if (isReadOnly() || !(stepsForth || stepsBack || isToday))
+        return false;
+    if (isUntouched)
+        dropTyped();
+    else if (!takeTyped())
+        return true;
+    if (isToday)
+        setDate(machineClock::today());
+    else if (!isEmpty())
+        setDate(date().addDays(stepsForth ? 1 : -1));
+    selectWhole();
+    return true;
+}
+
+void DateField::moveToPart(int index)
+{
+    setCurrentSectionIndex(qBound(0, index, sectionCount() - 1));
+    setSelectedSection(currentSection());
+}
+
+void DateField::selectWhole()
+{
+    lineEdit()->selectAll();
 }
 
 bool DateField::isWholeSelected() const
@@ -177,9 +253,9 @@ void DateField::type(const QString &text)
 {
     if (isReadOnly())
         return;
-    m_refused.clear();
-    if (m_typed.isEmpty())
-        m_firstPart = isWholeSelected() || isEmpty() ? 0 : currentSectionIndex();
+    if (m_isRefused)
+        m_typed.clear();
+    m_isRefused = false;
     m_typed += text;
     showTyped();
 }
@@ -192,13 +268,29 @@ QValidator::State DateField::validate(QString &input, int &place) const
 
 void DateField::showTyped()
 {
+    m_isRefused = m_isRefused && !m_typed.isEmpty();
+    update();
+    const QString shown = !m_typed.isEmpty() ? m_typed : isEmpty() ? specialValueText() : DateText(date());
+    if (lineEdit()->text() == shown)
+        return;
     const QSignalBlocker quiet(lineEdit());
-    if (m_typed.isEmpty() && isEmpty())
-        return lineEdit()->setText(specialValueText());
-    QStringList parts = DateText(date()).split(u'-');
-    if (!m_typed.isEmpty())
-        parts = parts.first(m_firstPart) << m_typed;
-    lineEdit()->setText(parts.join(u'-'));
+    lineEdit()->setText(shown);
+}
+
+bool DateField::dropTyped()
+{
+    if (m_typed.isEmpty())
+        return false;
+    m_typed.clear();
+    showTyped();
+    selectWhole();
+    return true;
+}
+
+QString DateField::refused()
+{
+    takeTyped();
+    return m_typed;
 }
 
 bool DateField::takeTyped()
@@ -206,38 +298,42 @@ bool DateField::takeTyped()
     if (m_typed.isEmpty())
         return true;
     const QDate typed = typedDate();
-    const QString text = std::exchange(m_typed, {});
-    const bool fits = typed.isValid() && typed >= minimumDate() && typed <= maximumDate();
-    showTyped();
-    if (fits) {
-        setDate(typed);
-        return true;
+    if (!typed.isValid() || typed < minimumDate() || typed > maximumDate()) {
+        refuse();
+        return false;
     }
-    m_refused = text;
+    setDate(typed);
+    return true;
+}
+
+void DateField::refuse()
+{
+    m_isRefused = true;
+    update();
     QApplication::beep();
-    // Once the focus has moved: a change of focus hides the tip.
-    QTimer::singleShot(0, this, [this, text] {
-        const QString kept = isEmpty() ? u"empty"_s : DateText(date());
-        QToolTip::showText(
-            mapToGlobal(rect().bottomLeft()), u"\"%1\" is not a date. It is still %2."_s.arg(text, kept));
+    // Once the focus has moved: a change of focus hides the tip. A message above the screen says it itself.
+    QTimer::singleShot(0, this, [this] {
+        if (!m_isRefused || !isActiveWindow())
+            return;
+        const QString wayBack =
+            isEmpty() ? u"Escape empties the field."_s : u"Escape brings back %1."_s.arg(DateText(date()));
+        QToolTip::showText(mapToGlobal(rect().bottomLeft()), u"\"%1\" is not a date. "_s.arg(m_typed) + wayBack);
     });
-    return false;
 }
 
 QDate DateField::typedDate() const
 {
-    const QStringList typed = partsOf(m_typed, m_firstPart);
+    const QStringList typed = partsOf(m_typed);
     // A year in front is the one form that is read as it stands.
-    if (m_firstPart == 0 && typed.size() == 3 && typed.at(0).size() == 4) {
+    if (typed.size() == 3 && typed.at(0).size() == 4) {
         const auto moment = readDateTime(typed.join(u'-'));
         return moment ? moment->date() : QDate();
     }
     QStringList parts = DateText(date()).split(u'-');
-    const qsizetype lastPart = m_firstPart + typed.size();
-    if (typed.isEmpty() || lastPart > parts.size() || (isEmpty() && lastPart < parts.size()))
+    if (typed.isEmpty() || typed.size() > parts.size() || (isEmpty() && typed.size() < parts.size()))
         return {};
     for (int i = 0; i < typed.size(); ++i)
-        parts[m_firstPart + i] = typed.at(i);
+        parts[i] = typed.at(i);
     QString &year = parts[2];
     if (year.size() == 2)
         year = QString::number(wholeYear(year.toInt()));
@@ -260,6 +356,9 @@ void DateField::prepareCalendar()
     calendarWidget()->setLocale(QLocale::c());
     calendarWidget()->setFirstDayOfWeek(Qt::Monday);
     calendarWidget()->installEventFilter(this);
+    // Also where the chosen date is the one that stayed behind what was typed.
+    connect(calendarWidget(), &QCalendarWidget::clicked, this, &DateField::dropTyped);
+    connect(calendarWidget(), &QCalendarWidget::activated, this, &DateField::dropTyped);
 }
 
 void DateField::openCalendar()

@@ -2,12 +2,16 @@
 
 #include <QDateEdit>
 
-/// A date, shown "01-Apr-2011" with English month names whatever the locale. F4 and Alt+Down drop a calendar down.
+/// A date, shown "01-Apr-2011" with English month names whatever the locale. F4 and Alt+Down drop a calendar down, F2
+/// selects the whole text, `+` and `-` step a day, `t` is the machine's today.
 ///
-/// It is typed as people write dates, from the part on at which the caret stands, which is the day when the field is
-/// entered by key: "1/4/11", "1-apr-2011", "010411", or just "5" or "5/4" for another day of the same month or year. A
-/// year of two digits is one of this century. What is typed counts when the field is left, or another key is pressed in
-/// it; something that is no date is told and the date stays. Up and Down change the part at the caret; Tab leaves.
+/// It is typed as people write dates, always from the beginning: "1/4/11", "1-apr-2011", "010411", or just "5" or "5/4"
+/// for another day of the same month or year. A year of two digits is one of this century. What is typed counts when
+/// the field is left, or another key is pressed in it; Escape drops it. Left and Right go to a part, Up and Down change
+/// it, after typing the day; Tab leaves.
+///
+/// What is no date stays in the field, marked, and the date stays too, until something else is typed, chosen or set, or
+/// Escape drops it. A screen that saves asks for that first (`Screen::hasRefusedDate`).
 ///
 /// A field for birthdays may be empty, which Delete makes it; into an empty one the whole date is typed. Its years of
 /// two digits lie in the hundred years up to now.
@@ -25,9 +29,14 @@ public:
     /// Invalid while the field is empty. `setBirthday` with an invalid date empties it.
     [[nodiscard]] QDate birthday() const;
     void setBirthday(QDate date);
-    /// What was typed last where it was no date, from when it was told until the field is entered or typed in again;
-    /// else empty. For a screen that is about to save the date that stayed.
-    [[nodiscard]] QString refused() const { return m_refused; }
+
+    /// Drops what is typed.
+    void setDate(QDate date);
+
+    /// What stands in the field and is no date; else empty. What is typed and is one counts from then on.
+    [[nodiscard]] QString refused();
+    /// Shows the date again in place of what was typed. False where nothing was.
+    bool dropTyped();
 
 signals:
     /// The calendar has closed, with or without a choice.
@@ -40,6 +49,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     QValidator::State validate(QString &input, int &place) const override;
 
@@ -48,6 +58,12 @@ private:
     void showTyped();
     /// False, and told to the user, where what was typed is no date.
     bool takeTyped();
+    void refuse();
+    void selectWhole();
+    void moveToPart(int index);
+    void deleteTyped(int key);
+    /// True where `character` is one of `+`, `-` and `t` that acts here instead of being typed.
+    bool actAtOnce(const QString &character);
     [[nodiscard]] bool isWholeSelected() const;
     [[nodiscard]] QDate typedDate() const;
     [[nodiscard]] int wholeYear(int ofTwoDigits) const;
@@ -57,8 +73,6 @@ private:
 
     bool m_forBirthdays = false;
     QString m_typed;
-    QString m_refused;
-    /// 0 for the day, 1 for the month, 2 for the year.
-    int m_firstPart = 0;
+    bool m_isRefused = false;
     bool m_calendarPrepared = false;
 };

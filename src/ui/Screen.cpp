@@ -1,6 +1,7 @@
 #include "ui/Screen.h"
 
 #include "store/DataEnvironment.h"
+#include "ui/DateField.h"
 #include "ui/entryKeys.h"
 #include "ui/frmMsg.h"
 
@@ -11,6 +12,8 @@
 #include <QScreen>
 #include <QTextEdit>
 #include <QWindow>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -118,7 +121,9 @@ bool Screen::preview(QKeyEvent *event)
     }
     if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
         event->accept();
-        escapePressed();
+        auto *date = qobject_cast<DateField *>(focusWidget());
+        if (!date || !date->dropTyped())
+            escapePressed();
         return true;
     }
     const QWidget *const focused = focusWidget();
@@ -144,6 +149,18 @@ bool Screen::keyPreview(QKeyEvent *)
 void Screen::escapePressed()
 {
     reject();
+}
+
+bool Screen::hasRefusedDate()
+{
+    const auto dates = findChildren<DateField *>();
+    for (DateField *date : dates) {
+        if (const QString typed = date->refused(); !typed.isEmpty()) {
+            complain(u"\"%1\" is not a date!"_s.arg(typed), date);
+            return true;
+        }
+    }
+    return false;
 }
 
 void Screen::complain(const QString &text, QWidget *focusTo)

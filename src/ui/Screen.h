@@ -27,6 +27,10 @@ public:
     /// The screen that takes the input; none before the first is shown.
     [[nodiscard]] static Screen *front();
 
+    /// True where a date field of the screen holds what is no date: the user was told, and the focus is there. Each save
+    /// asks first.
+    [[nodiscard]] bool hasRefusedDate();
+
     /// Offers a key press to the screen that `receiver` belongs to; true when it took it. `Application` calls it.
     static bool previewKey(QObject *receiver, QKeyEvent *event);
 
@@ -39,7 +43,7 @@ protected:
     /// True swallows the key.
     virtual bool keyPreview(QKeyEvent *event);
 
-    /// What Escape does: closes the screen, rejected.
+    /// What Escape does where no date is half typed: closes the screen, rejected.
     virtual void escapePressed();
 
     /// The screen came to the front: once when it is first shown, once each time a screen above it has closed, the

@@ -21,7 +21,10 @@ frmSetDate::frmSetDate()
     form->setColumnMinimumWidth(1, 180);
     form->setSizeConstraint(QLayout::SetFixedSize);
     Command1->setDefault(true);
-    connect(Command1, &Command::clicked, this, &QDialog::accept);
+    connect(Command1, &Command::clicked, this, [this] {
+        if (!hasRefusedDate())
+            accept();
+    });
 }
 
 QDate frmSetDate::SelectDate(QDate date)

@@ -38,7 +38,11 @@ class DateTest : public QObject {
 private slots:
     void datesAreTypedAsPeopleWriteThem_data();
     void datesAreTypedAsPeopleWriteThem();
-    void typingGoesOnFromThePartAtTheCaret();
+    void typingBeginsAnewWhereverTheCaretStands_data();
+    void typingBeginsAnewWhereverTheCaretStands();
+    void whatIsNoDateIsNotSaved();
+    void escapeDropsWhatIsTyped();
+    void aCharacterStepsTheDay();
     void whatIsNoDateIsToldAndTheDateStays_data();
     void whatIsNoDateIsToldAndTheDateStays();
     void keysChangeThePartsAndOpenTheCalendar();
@@ -83,20 +87,67 @@ void DateTest::datesAreTypedAsPeopleWriteThem()
     QCOMPARE(changes.count(), date == QDate(2015, 6, 15) ? 0 : 1);
 }
 
-void DateTest::typingGoesOnFromThePartAtTheCaret()
+void DateTest::typingBeginsAnewWhereverTheCaretStands_data()
 {
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"entered", "F2", "Enter", "Up", "Right and Up", "a click on the year", "typed and Up",
+             "the calendar closed", "a date chosen", "a date set", "another program"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+/// A second typing means what the first one did.
+void DateTest::typingBeginsAnewWhereverTheCaretStands()
+{
+    QFETCH(QString, way);
+    const std::pair<QString, QDate> entries[]{
+        {u"20"_s, {2015, 6, 20}}, {u"2/9"_s, {2015, 9, 2}}, {u"3/4/2012"_s, {2012, 4, 3}}, {u"4"_s, {2012, 4, 4}}};
     DateScreen screen;
     QVERIFY(driver::show(screen));
-    screen.date.setSelectedSection(QDateEdit::MonthSection);
-    driver::type(u"9"_s);
-    QCOMPARE(screen.shown(), u"15-9"_s);
-    driver::press(Qt::Key_Tab);
-    QCOMPARE(screen.date.date(), QDate(2015, 9, 15));
-    screen.date.setFocus(Qt::MouseFocusReason);
-    screen.date.setSelectedSection(QDateEdit::YearSection);
-    driver::type(u"12"_s);
-    driver::press(Qt::Key_Tab);
-    QCOMPARE(screen.date.date(), QDate(2012, 9, 15));
+    QDate date(2015, 6, 15);
+    for (const auto &[typed, entered] : entries) {
+        QVERIFY(screen.date.hasFocus());
+        if (way == u"F2"_s) {
+            driver::press(Qt::Key_F2);
+        } else if (way == u"Enter"_s) {
+            driver::press(Qt::Key_Return);
+        } else if (way == u"Up"_s) {
+            driver::press(Qt::Key_Up);
+            QCOMPARE(screen.date.date(), date.addDays(1));
+            driver::press(Qt::Key_Down);
+        } else if (way == u"Right and Up"_s) {
+            driver::press(Qt::Key_Right);
+            driver::press(Qt::Key_Up);
+            QCOMPARE(screen.date.date(), date.addMonths(1));
+            driver::press(Qt::Key_Down);
+        } else if (way == u"a click on the year"_s) {
+            auto *line = screen.date.findChild<QLineEdit *>();
+            const int yearAt = line->fontMetrics().horizontalAdvance(u"15-Jun-20"_s);
+            QTest::mouseClick(line, Qt::LeftButton, {}, QPoint(yearAt, line->height() / 2));
+        } else if (way == u"typed and Up"_s) {
+            driver::type(u"10"_s);
+            driver::press(Qt::Key_Up);
+            QCOMPARE(screen.date.date(), QDate(date.year(), date.month(), 11));
+        } else if (way == u"the calendar closed"_s || way == u"a date chosen"_s) {
+            driver::press(Qt::Key_F4);
+            QTRY_VERIFY(screen.date.calendarWidget()->isVisible());
+            driver::press(way == u"a date chosen"_s ? Qt::Key_Return : Qt::Key_Escape);
+            QTRY_VERIFY(!screen.date.calendarWidget()->isVisible());
+        } else if (way == u"a date set"_s) {
+            driver::type(u"1"_s);
+            screen.date.setDate(date);
+            QCOMPARE(screen.shown(), QLocale::c().toString(date, u"dd-MMM-yyyy"));
+        } else if (way == u"another program"_s) {
+            QFocusEvent gone(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+            QApplication::sendEvent(&screen.date, &gone);
+            QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+            QApplication::sendEvent(&screen.date, &back);
+        }
+        driver::type(typed);
+        QCOMPARE(screen.shown(), typed);
+        driver::press(Qt::Key_Return);
+        QCOMPARE(screen.date.date(), entered);
+        date = entered;
+    }
 }
 
 void DateTest::whatIsNoDateIsToldAndTheDateStays_data()
@@ -115,9 +166,99 @@ void DateTest::whatIsNoDateIsToldAndTheDateStays()
     QCOMPARE(screen.shown(), typed);
     driver::press(Qt::Key_Return);
     QCOMPARE(screen.date.date(), QDate(2015, 6, 15));
-    QCOMPARE(screen.shown(), u"15-Jun-2015"_s);
-    QCOMPARE(QToolTip::text(), u"\"%1\" is not a date. It is still 15-Jun-2015."_s.arg(typed));
+    QTRY_COMPARE(QToolTip::text(), u"\"%1\" is not a date. Escape brings back 15-Jun-2015."_s.arg(typed));
+    // It stands there, marked, wherever the focus goes, until something better takes its place.
+    const auto isMarked = [&screen] {
+        const QColor corner = screen.date.grab().toImage().pixelColor(screen.date.width() / 2, 1);
+        return corner.red() > 150 && corner.green() < 100;
+    };
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(screen.shown(), typed);
+        QCOMPARE(screen.date.refused(), typed);
+        QVERIFY(isMarked());
+        driver::press(Qt::Key_Tab);
+    }
+    QVERIFY(screen.date.hasFocus());
+    driver::type(u"5"_s);
+    QCOMPARE(screen.shown(), u"5"_s);
+    QVERIFY(!isMarked());
+    driver::press(Qt::Key_Tab);
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 5));
+    QCOMPARE(screen.date.refused(), QString());
     QToolTip::hideText();
+}
+
+void DateTest::whatIsNoDateIsNotSaved()
+{
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    ModalScript script;
+    driver::type(u"31/6"_s);
+    screen.next.setFocus();
+    for (int i = 0; i < 2; ++i) {
+        script.expectMessage(u"\"31/6\" is not a date!"_s);
+        QVERIFY(screen.hasRefusedDate());
+        QTRY_VERIFY(screen.date.hasFocus());
+        QCOMPARE(screen.shown(), u"31/6"_s);
+    }
+    // Chosen in the calendar, the date that stayed is one again.
+    driver::press(Qt::Key_F4);
+    QTRY_VERIFY(screen.date.calendarWidget()->isVisible());
+    driver::press(Qt::Key_Return);
+    QTRY_VERIFY(!screen.date.calendarWidget()->isVisible());
+    QVERIFY(!screen.hasRefusedDate());
+    QCOMPARE(screen.shown(), u"15-Jun-2015"_s);
+    // What is half typed when a key saves counts too.
+    driver::type(u"30/6"_s);
+    QVERIFY(!screen.hasRefusedDate());
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 30));
+    driver::type(u"31/6"_s);
+    script.expectMessage(u"\"31/6\" is not a date!"_s);
+    QVERIFY(screen.hasRefusedDate());
+    QToolTip::hideText();
+}
+
+void DateTest::escapeDropsWhatIsTyped()
+{
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    for (const bool isRefused : {false, true}) {
+        driver::type(u"31/6"_s);
+        if (isRefused)
+            driver::press(Qt::Key_Return);
+        driver::press(Qt::Key_Escape);
+        QVERIFY(screen.isVisible());
+        QCOMPARE(screen.shown(), u"15-Jun-2015"_s);
+        QCOMPARE(screen.date.refused(), QString());
+    }
+    driver::press(Qt::Key_Escape);
+    QVERIFY(!screen.isVisible());
+    QToolTip::hideText();
+}
+
+void DateTest::aCharacterStepsTheDay()
+{
+    machineClock::replace([] { return QDateTime(QDate(2011, 4, 1), QTime(10, 0)); });
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::type(u"++"_s);
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 17));
+    driver::type(u"-"_s);
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 16));
+    driver::type(u"30+"_s);
+    QCOMPARE(screen.date.date(), QDate(2015, 7, 1));
+    // Behind a number it parts the date.
+    driver::type(u"3-8"_s);
+    driver::press(Qt::Key_Tab);
+    QCOMPARE(screen.date.date(), QDate(2015, 8, 3));
+    screen.date.setFocus();
+    driver::type(u"1oct"_s);
+    driver::press(Qt::Key_Tab);
+    QCOMPARE(screen.date.date(), QDate(2015, 10, 1));
+    screen.date.setFocus();
+    driver::type(u"t"_s);
+    QCOMPARE(screen.date.date(), QDate(2011, 4, 1));
+    machineClock::replace({});
 }
 
 void DateTest::keysChangeThePartsAndOpenTheCalendar()
@@ -194,7 +335,8 @@ void DateTest::birthdaysMayBeEmpty()
     driver::press(Qt::Key_Tab);
     QVERIFY(screen.next.hasFocus());
     QCOMPARE(screen.date.birthday(), date);
-    QCOMPARE(isEmpty(), !date.isValid());
+    QCOMPARE(screen.date.refused(), date.isValid() ? QString() : typed);
+    QCOMPARE(screen.date.isEmpty(), !date.isValid());
     for (const auto key : {Qt::Key_Delete, Qt::Key_Backspace}) {
         screen.date.setBirthday({1980, 1, 31});
         QCOMPARE(screen.shown(), u"31-Jan-1980"_s);
@@ -226,8 +368,17 @@ void DateTest::aDateIsAskedFor()
     script.expect(u"frmSetDate"_s, [](QWidget &) {
         driver::type(u"5/6/2012"_s);
         driver::press(Qt::Key_Escape);
+        driver::press(Qt::Key_Escape);
     });
     QCOMPARE(frmSetDate().SelectDate(given), given);
+    script.expect(u"frmSetDate"_s, [&script](QWidget &) {
+        driver::type(u"5/13/2012"_s);
+        script.expectMessage(u"\"5/13/2012\" is not a date!"_s);
+        driver::accessKey('o');
+        driver::type(u"5/6/2012"_s);
+        driver::press(Qt::Key_Return);
+    });
+    QCOMPARE(frmSetDate().SelectDate(given), QDate(2012, 6, 5));
 }
 
 CORVANE_TEST(DateTest)
