@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int itemColumn = 0;
+/// `Sr` of a row that the file does not hold yet.
+constexpr qint16 neverSaved = 0;
 
 } // namespace
 
@@ -122,9 +124,11 @@ void JobCardItems::removeRow()
     const int row = lvItems->currentRow();
     if (row < 0)
         return;
-    if (m_store.EditMode() == u"E" && m_store.hasRemovedRows())
-        return ShowMessage(u"Please Save the Job Card before removing another Item!"_s);
-    m_store.noteRemovedRow(m_rows.Sr(row + 1));
+    if (const qint16 number = m_rows.Sr(row + 1); number != neverSaved) {
+        if (m_store.EditMode() == u"E" && m_store.hasRemovedRows())
+            return ShowMessage(u"Please Save the Job Card before removing another Item!"_s);
+        m_store.noteRemovedRow(number);
+    }
     m_rows.RemoveRow(row + 1);
     lvItems->list().removeRow(row);
     lvItems->setCurrentRow(std::min(row, lvItems->list().rowCount() - 1));

@@ -89,7 +89,9 @@ qint32 JobCardStore::GetNewNum()
     Recordset &jobs = DE().rsJobs2;
     jobs.reopen(u"Select * from JOBS order by ID"_s);
     jobs.moveLast();
-    const qint32 last = jobs.eof() ? Int32(Val(GetSetting(setting::FirstJobNumber))) - 1 : jobs.integer(u"ID");
+    // A number that was left empty or is no job number begins at 1.
+    const qint32 last =
+        jobs.eof() ? std::max(Int32(Val(GetSetting(setting::FirstJobNumber))), 1) - 1 : jobs.integer(u"ID");
     jobs.close();
     return last + 1;
 }

@@ -204,6 +204,7 @@ void frmAddItem::connectCommands()
 
     connect(cmbItems, &kvComboBox::gotFocus, this, [this] { SelectComboEntry(*cmbItems); });
     connect(cmbItems, &QComboBox::activated, this, [this] { itemChosen(); });
+    connect(cmbItems, &kvComboBox::lostFocus, this, &frmAddItem::itemLeft);
     connect(cmbItems, &kvComboBox::keyPress, this, [this](int &key) {
         if (key != keys::Enter)
             return;
@@ -279,6 +280,7 @@ void frmAddItem::EditItemDetails(clsJobCardData &Rows, int ClientID, int Index, 
     showImage(pic2, picPath2, Rows.img2(Index));
     showColor(Value(Rows.Color(Index)).toDouble());
     cmbItems->setText(Rows.ItemName(Index));
+    m_loadedItem = cmbItems->Text();
     txtClientRemark->setText(Rows.ClientRemarks(Index));
     opIsInv->setChecked(Rows.isInv(Index) != 0);
     // Not on the item: Enter there would bring the last order's values over this row's.
@@ -291,7 +293,8 @@ void frmAddItem::itemChosen()
 {
     if (cmbItems->Text().isEmpty())
         return;
-    const qint32 item = GetItemID(cmbItems->Text());
+    m_loadedItem = cmbItems->Text();
+    const qint32 item = GetItemID(m_loadedItem);
     LoadLastConfig(item, m_clientID);
     txtFees->setText(NumberText(GetItemFees(item)));
 }
@@ -307,6 +310,20 @@ void frmAddItem::itemConfirmed()
     ItemDetails1->ClearList();
     itemChosen();
     focusMeasurements();
+}
+
+/// Left in any way, an item brings its values as with Enter. Not on the way to OK with no item before it: the checks
+/// tell then what the row lacks, instead of values being stored that nobody has seen.
+void frmAddItem::itemLeft()
+{
+    if (SelectComboEntry(*cmbItems) < 0 || cmbItems->Text() == m_loadedItem)
+        return;
+    if (m_loadedItem.isEmpty() && Command1->hasFocus())
+        return;
+    const bool isOnMeasurements = ItemDetails1->isAncestorOf(focusWidget());
+    itemChosen();
+    if (isOnMeasurements)
+        focusMeasurements();
 }
 
 void frmAddItem::focusMeasurements()

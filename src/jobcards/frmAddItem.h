@@ -51,6 +51,7 @@ private:
     void connectCommands();
     void itemChosen();
     void itemConfirmed();
+    void itemLeft();
     void focusMeasurements();
     void cleanForm();
     void chooseColor();
@@ -85,6 +86,8 @@ private:
     Command *Command8;
 
     QString ItemEditMode;
+    /// The item whose measurements and fee stand on the screen.
+    QString m_loadedItem;
     int m_clientID = 0;
     int RowIndex = 0;
     clsJobCardData *m_rows = nullptr;

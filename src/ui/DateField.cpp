@@ -3,6 +3,7 @@
 #include "base/clock.h"
 #include "base/values.h"
 #include "ui/FieldFocus.h"
+#include "ui/fieldTip.h"
 #include "ui/theme.h"
 
 #include <QApplication>
@@ -14,8 +15,6 @@
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
-#include <QTimer>
-#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -310,15 +309,9 @@ void DateField::refuse()
 {
     m_isRefused = true;
     update();
-    QApplication::beep();
-    // Once the focus has moved: a change of focus hides the tip. A message above the screen says it itself.
-    QTimer::singleShot(0, this, [this] {
-        if (!m_isRefused || !isActiveWindow())
-            return;
-        const QString wayBack =
-            isEmpty() ? u"Escape empties the field."_s : u"Escape brings back %1."_s.arg(DateText(date()));
-        QToolTip::showText(mapToGlobal(rect().bottomLeft()), u"\"%1\" is not a date. "_s.arg(m_typed) + wayBack);
-    });
+    const QString wayBack =
+        isEmpty() ? u"Escape empties the field."_s : u"Escape brings back %1."_s.arg(DateText(date()));
+    showFieldTip(*this, u"\"%1\" is not a date. "_s.arg(m_typed) + wayBack);
 }
 
 QDate DateField::typedDate() const

@@ -166,15 +166,19 @@ void ShowAsSelected(QWidget &control)
 {
     QWidget &part = textPart(control);
     setColours(part, Qt::black, Qt::white);
+    // From its end to its beginning, which is what a long text shows then.
     if (auto *line = qobject_cast<QLineEdit *>(&part))
-        line->selectAll();
+        line->setSelection(static_cast<int>(line->text().size()), -static_cast<int>(line->text().size()));
     else if (auto *lines = qobject_cast<QPlainTextEdit *>(&part))
         lines->selectAll();
 }
 
 void ShowAsNormal(QWidget &control)
 {
-    setColours(textPart(control), Qt::white, Qt::black);
+    QWidget &part = textPart(control);
+    setColours(part, Qt::white, Qt::black);
+    if (auto *line = qobject_cast<QLineEdit *>(&part))
+        line->home(false);
 }
 
 void setTextColour(QWidget &control, const QColor &colour)

@@ -34,6 +34,9 @@ kvTextBox::kvTextBox(const QString &name, int boxType, QWidget *parent) : kvText
 void kvTextBox::setText(const QString &text)
 {
     QLineEdit::setText(m_boxType == 1 ? Money(Val(text)) : text);
+    // A long text shows its beginning.
+    if (!hasFocus())
+        home(false);
 }
 
 QColor kvTextBox::ForeColor() const

@@ -1,6 +1,7 @@
 #include "ui/modAutoSearch.h"
 
 #include "ui/entryKeys.h"
+#include "ui/fieldTip.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -11,10 +12,14 @@
 #include <QListView>
 #include <QScopeGuard>
 #include <QSignalBlocker>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The text that the program has set last.
+constexpr auto givenTextProperty = "corvaneGivenText";
 
 int firstEntryThatBeginsWith(const QComboBox &combo, const QString &text)
 {
@@ -31,6 +36,11 @@ QString textBeforeSelection(const QLineEdit &line)
     return line.hasSelectedText() ? line.text().left(line.selectionStart()) : line.text();
 }
 
+QModelIndex viewIndex(const QComboBox &combo, int index)
+{
+    return combo.model()->index(index, combo.modelColumn(), combo.rootModelIndex());
+}
+
 void selectEntry(QComboBox &combo, int index)
 {
     combo.setCurrentIndex(index);
@@ -38,7 +48,7 @@ void selectEntry(QComboBox &combo, int index)
     if (combo.lineEdit() && combo.lineEdit()->text() != combo.itemText(index))
         combo.setEditText(combo.itemText(index));
     if (combo.view()->isVisible())
-        combo.view()->setCurrentIndex(combo.model()->index(index, combo.modelColumn(), combo.rootModelIndex()));
+        combo.view()->setCurrentIndex(viewIndex(combo, index));
 }
 
 /// Shows a text that was not picked from the list. The entry selected before must not stay selected behind it.
@@ -54,6 +64,13 @@ void showOwnText(QComboBox &combo, const QString &text)
         line->setText(before);
     }
     line->setText(text);
+    if (combo.view()->isVisible())
+        combo.view()->setCurrentIndex(entry < 0 ? QModelIndex() : viewIndex(combo, entry));
+}
+
+void refuse(QComboBox &combo, const QString &text)
+{
+    showFieldTip(combo, u"No name begins with \"%1\""_s.arg(text));
 }
 
 /// Selects what `text` begins, the rest of the entry selected for the next key to replace.
@@ -63,6 +80,10 @@ bool typeAhead(QComboBox &combo, const QString &text)
     if (entry < 0)
         return false;
     selectEntry(combo, entry);
+    // What else begins so stands below it.
+    if (combo.view()->isVisible())
+        combo.view()->scrollTo(viewIndex(combo, entry), QAbstractItemView::PositionAtTop);
+    QToolTip::hideText();
     const auto length = static_cast<int>(combo.itemText(entry).size());
     combo.lineEdit()->setSelection(length, static_cast<int>(text.size()) - length);
     return true;
@@ -81,6 +102,7 @@ public:
             showOwnText(m_combo, text);
             m_line->setCursorPosition(caret);
         });
+        connect(&combo, &QComboBox::currentTextChanged, this, &AutoSearch::showWhetherChosen);
     }
 
     bool eventFilter(QObject *watched, QEvent *event) override
@@ -128,9 +150,14 @@ private:
     bool keyInText(QKeyEvent *event)
     {
         if (event->matches(QKeySequence::Paste)) {
-            const QString pasted = QApplication::clipboard()->text().simplified();
-            if (!typeAhead(m_combo, textBeforeSelection(*m_line) + pasted))
-                QApplication::beep();
+            const QString text = textBeforeSelection(*m_line) + QApplication::clipboard()->text().simplified();
+            if (!typeAhead(m_combo, text))
+                refuse(m_combo, text);
+            return true;
+        }
+        const bool isArrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+        if (isArrow && !(event->modifiers() & Qt::AltModifier)) {
+            step(event->key() == Qt::Key_Up ? -1 : 1);
             return true;
         }
         const int character = keys::characterCode(*event);
@@ -165,16 +192,28 @@ private:
         return true;
     }
 
-    /// Moves the selection itself, as the arrow keys do with the list closed: what Enter takes is what the text says,
-    /// wherever the mouse happens to rest on the list.
+    /// Moves the selection itself, with the list open or closed: what Enter takes is what the text says, wherever the
+    /// mouse happens to rest on the list. From half a name it goes to what that begins.
     void step(int by)
     {
         if (m_combo.count() == 0)
             return;
-        const int index = qBound(0, m_combo.currentIndex() + by, m_combo.count() - 1);
+        const int begun = m_combo.currentIndex() < 0 && !m_line->text().isEmpty()
+            ? firstEntryThatBeginsWith(m_combo, m_line->text())
+            : -1;
+        const int index = begun >= 0 ? begun : qBound(0, m_combo.currentIndex() + by, m_combo.count() - 1);
         selectEntry(m_combo, index);
+        m_line->selectAll();
         emit m_combo.activated(index);
         emit m_combo.textActivated(m_combo.itemText(index));
+    }
+
+    /// Half a name is no choice yet, and is written so.
+    void showWhetherChosen(const QString &text)
+    {
+        QFont font = m_line->font();
+        font.setItalic(!text.isEmpty() && m_combo.currentIndex() < 0);
+        m_line->setFont(font);
     }
 
     QComboBox &m_combo;
@@ -196,7 +235,7 @@ int AutoSearchKey(QComboBox &combo, int key)
         const QString text = textBeforeSelection(*line) + QChar(key);
         ShowDropDown(combo);
         if (!typeAhead(combo, text))
-            QApplication::beep();
+            refuse(combo, text);
         return keys::Swallowed;
     }
     if (key == keys::Backspace) {
@@ -227,7 +266,10 @@ void ShowDropDown(QComboBox &combo)
 int SelectComboEntry(QComboBox &combo)
 {
     const QString text = combo.currentText();
-    const int entry = text.isEmpty() ? -1 : firstEntryThatBeginsWith(combo, text);
+    const bool isGiven = combo.property(givenTextProperty) == text;
+    const int entry = text.isEmpty() ? -1
+        : isGiven                    ? combo.findText(text, Qt::MatchFixedString)
+                                     : firstEntryThatBeginsWith(combo, text);
     if (entry >= 0)
         selectEntry(combo, entry);
     return entry;
@@ -259,8 +301,14 @@ void setComboEntries(QComboBox &combo, const QStringList &entries)
 
 void setComboText(QComboBox &combo, const QString &text)
 {
-    if (combo.lineEdit())
+    combo.setProperty(givenTextProperty, text);
+    if (QLineEdit *line = combo.lineEdit()) {
         showOwnText(combo, text);
-    else
+        // The next name is typed over it; elsewhere a long one shows its beginning.
+        if (combo.window()->focusWidget() == &combo)
+            line->selectAll();
+        else
+            line->home(false);
+    } else
         combo.setCurrentIndex(combo.findText(text, Qt::MatchExactly));
 }

@@ -39,6 +39,9 @@ private slots:
     void enterInAnEmptyItemBoxCloses();
     void escapeLeavesTheRowsAlone();
     void anOpenedRowShowsAndTakesItsValues();
+    void anItemLeftBringsItsValues_data();
+    void anItemLeftBringsItsValues();
+    void aRenamedItemBecomesNoOther();
     void aSecondEnterInTheNoteGoesToOK();
     void inventoryFollowsTheItemAndStaysOnByHand();
     void picturesAreShownOpenedAndCleared();
@@ -278,6 +281,76 @@ void AddItemTest::anOpenedRowShowsAndTakesItsValues()
     QCOMPARE(rows.isInv(2), qint16(0));
     QCOMPARE(rows.Sr(2), qint16(17));
     QCOMPARE(rows.WorkerWagesDue(2), 99.0);
+}
+
+void AddItemTest::anItemLeftBringsItsValues_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<bool>("isOpened");
+    for (const char *way : {"Tab", "mouse", "OK"}) {
+        QTest::newRow(qPrintable(u"%1, after another item"_s.arg(QLatin1StringView(way)))) << QString::fromLatin1(way) << false;
+        QTest::newRow(qPrintable(u"%1, in an opened row"_s.arg(QLatin1StringView(way)))) << QString::fromLatin1(way) << true;
+    }
+}
+
+void AddItemTest::anItemLeftBringsItsValues()
+{
+    QFETCH(QString, way);
+    QFETCH(bool, isOpened);
+    OrderDesk desk;
+    desk.addItem(u"Shirt"_s, u"Collar"_s, 300, 80);
+    clsJobCardData rows = desk.rows(2);
+    onRow(rows, 2, [&](QWidget &editor) {
+        control<kvComboBox>(editor, "cmbItems").setFocus();
+        if (!isOpened) {
+            type(u"coat"_s);
+            press(Qt::Key_Return);
+            control<kvComboBox>(editor, "cmbItems").setFocus();
+        }
+        // Passed through, the item leaves what stands there.
+        control<kvTextBox>(editor, "txtFees").setText(u"410"_s);
+        press(Qt::Key_Tab);
+        QCOMPARE(control<kvTextBox>(editor, "txtFees").text(), u"410"_s);
+        control<kvComboBox>(editor, "cmbItems").setFocus();
+        type(u"shirt"_s);
+        if (way == u"Tab"_s)
+            press(Qt::Key_Tab);
+        else if (way == u"mouse"_s) {
+            press(Qt::Key_Escape);
+            QTest::mouseClick(&control<kvTextBox>(editor, "txtRemark"), Qt::LeftButton);
+        } else
+            return accessKey('o');
+        QVERIFY(editor.focusWidget() && editor.focusWidget()->isVisible());
+        QCOMPARE(control<kvTextBox>(editor, "txtFees").text(), u"300"_s);
+        QCOMPARE(measurements(editor).size(), 1);
+        accessKey('o');
+    });
+    QCOMPARE(rows.ItemName(2), u"Shirt"_s);
+    QCOMPARE(rows.Amount(2), 600.0);
+    QCOMPARE(rows.ItemDetails(2), u"Collar"_s);
+}
+
+void AddItemTest::aRenamedItemBecomesNoOther()
+{
+    OrderDesk desk;
+    clsJobCardData rows = desk.rows(2);
+    desk.connection.execute(u"update Items set Name='Coat of silk' where Name='Coat'"_s);
+    ModalScript script;
+    script.expect(u"frmAddItem"_s, [&script](QWidget &editor) {
+        const auto &item = control<kvComboBox>(editor, "cmbItems");
+        editor.findChild<kvComboBox *>(u"cmbItems"_s)->setFocus();
+        QCOMPARE(item.currentText(), u"Coat"_s);
+        script.expectMessage(u"Please Select Item!"_s);
+        accessKey('o');
+        QCOMPARE(item.currentText(), u"Coat"_s);
+        // Typed, it is what it begins.
+        type(u"coat"_s);
+        QCOMPARE(item.currentText(), u"Coat of silk"_s);
+        accessKey('o');
+    });
+    bool cancelled = true;
+    frmAddItem().EditItemDetails(rows, 5, 2, cancelled);
+    QCOMPARE(rows.ItemName(2), u"Coat of silk"_s);
 }
 
 void AddItemTest::aSecondEnterInTheNoteGoesToOK()

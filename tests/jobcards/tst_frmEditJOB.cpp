@@ -9,6 +9,7 @@
 #include "support/expectFault.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
+#include "ui/ListView.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
 
@@ -148,6 +149,11 @@ void EditJobTest::aFreshCardTakesItsDatesFromTheSession()
         QCOMPARE(driver::entries(control<QComboBox>(screen, "cmbAccount")), QStringList({u"Cash"_s, u"Sales"_s}));
         accessKey('d');
     });
+    // A number that is none begins at 1.
+    for (const QString &none : {u"0"_s, QString(), u"-3"_s}) {
+        SaveSetting(setting::FirstJobNumber, none);
+        onCard(script, 0, [](QWidget &screen) { QCOMPARE(text(screen, "txtJOBID"), u"1"_s); });
+    }
     QCOMPARE(desk.count(u"JOBS"_s), 0);
 }
 
@@ -193,7 +199,11 @@ void EditJobTest::aReceiptAccountIsCompletedFromItsBeginning()
     ModalScript script;
     onCard(script, 1, [&script](QWidget &screen) {
         auto &account = control<kvComboBox>(screen, "cmbAccount");
-        account.setText(u"sal"_s);
+        account.setFocus();
+        type(u"sal"_s);
+        press(Qt::Key_Backspace);
+        QCOMPARE(account.currentText(), u"Sal"_s);
+        press(Qt::Key_Escape);
         script.expectMessage(u"Job Edited."_s);
         accessKey('s');
         QCOMPARE(account.currentText(), u"Sales"_s);
@@ -422,8 +432,29 @@ void EditJobTest::oneSavedRowIsRemovedPerSave()
         script.expectMessage(u"Job Edited."_s);
         accessKey('s');
         QCOMPARE(text(screen, "txtAmountDue"), u"800.00"_s);
+
+        // Rows that were never saved go as they came, before a saved one and after it.
+        auto &list = control<ListView>(screen, "lvItems");
+        const auto add = [&] {
+            expectItem(script, u"co"_s, u"1"_s);
+            accessKey('a');
+            list.setCurrentRow(list.list().rowCount() - 1);
+        };
+        add();
+        add();
+        remove();
+        remove();
+        add();
+        list.setCurrentRow(0);
+        remove();
+        list.setCurrentRow(0);
+        remove();
+        QCOMPARE(list.list().rowCount(), 0);
+        add();
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
     });
-    QCOMPARE(desk.lines(u"Select Id, ItemSr from JOBS_DETAIL"_s), QStringList{u"3|1"_s});
+    QCOMPARE(desk.lines(u"Select Id, ItemSr from JOBS_DETAIL"_s), QStringList{u"4|1"_s});
 }
 
 void EditJobTest::theTotalIsThatOfTheAmountsThemselves()

@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -69,6 +70,11 @@ private slots:
     void escapeClosesTheListOnly();
     void arrowsMoveTheSelectionWithTheListOpen();
     void otherKeysCloseTheListAndAct();
+    void halfANameIsNoChoice();
+    void theNextNameIsTypedOverTheOld_data();
+    void theNextNameIsTypedOverTheOld();
+    void aRefusedLetterIsTold();
+    void whatElseBeginsSoStandsBelowTheMatch();
     void pastingSearchesToo();
     void deletingLeavesNoEntryBehindTheText();
     void theWheelChangesNothing();
@@ -238,6 +244,84 @@ void AutoSearchTest::otherKeysCloseTheListAndAct()
     QCOMPARE(screen.text(), u"O'Brien"_s);
 }
 
+void AutoSearchTest::halfANameIsNoChoice()
+{
+    for (const bool isOpen : {true, false}) {
+        for (const auto key : {Qt::Key_Down, Qt::Key_Up}) {
+            SearchScreen screen;
+            QVERIFY(driver::show(screen));
+            driver::type(u"ravin"_s);
+            QVERIFY(!screen.combo.lineEdit()->font().italic());
+            if (!isOpen)
+                driver::press(Qt::Key_Escape);
+            driver::press(Qt::Key_Backspace);
+            QVERIFY(screen.combo.lineEdit()->font().italic());
+            QVERIFY(!screen.combo.view()->currentIndex().isValid() || !isOpen);
+            driver::press(key);
+            QCOMPARE(screen.text(), u"Ravindra"_s);
+            QVERIFY(!screen.combo.lineEdit()->font().italic());
+            driver::press(Qt::Key_Up);
+            QCOMPARE(screen.text(), u"Ravi"_s);
+        }
+    }
+}
+
+void AutoSearchTest::theNextNameIsTypedOverTheOld_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"arrows in the open list", "arrows", "set, then entered", "set while entered"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void AutoSearchTest::theNextNameIsTypedOverTheOld()
+{
+    QFETCH(QString, way);
+    SearchScreen screen;
+    QVERIFY(driver::show(screen));
+    if (way.startsWith(u"set"_s)) {
+        if (way == u"set, then entered"_s)
+            screen.next.setFocus();
+        screen.combo.setText(u"Anita"_s);
+        screen.combo.setFocus();
+    } else {
+        driver::type(u"anil"_s);
+        if (way == u"arrows"_s)
+            driver::press(Qt::Key_Escape);
+        driver::press(Qt::Key_Down);
+    }
+    QCOMPARE(screen.text(), u"Anita"_s);
+    driver::type(u"ravin"_s);
+    QCOMPARE(screen.text(), u"Ravindra"_s);
+}
+
+void AutoSearchTest::aRefusedLetterIsTold()
+{
+    SearchScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::type(u"rax"_s);
+    QTRY_COMPARE(QToolTip::text(), u"No name begins with \"Rax\""_s);
+    QCOMPARE(screen.text(), u"Ravi"_s);
+    driver::type(u"v"_s);
+    QTRY_VERIFY(!QToolTip::isVisible());
+}
+
+void AutoSearchTest::whatElseBeginsSoStandsBelowTheMatch()
+{
+    QStringList many;
+    for (int i = 0; i < 500; ++i)
+        many += u"Client %1"_s.arg(i, 3, 10, QChar(u'0'));
+    SearchScreen screen;
+    setComboEntries(screen.combo, many);
+    QVERIFY(driver::show(screen));
+    const auto topRow = [&screen] { return screen.combo.view()->indexAt(QPoint(4, 4)).row(); };
+    driver::type(u"client 2"_s);
+    QCOMPARE(topRow(), 200);
+    driver::type(u"37"_s);
+    QCOMPARE(topRow(), 237);
+    driver::press(Qt::Key_Down);
+    QCOMPARE(topRow(), 237);
+}
+
 void AutoSearchTest::pastingSearchesToo()
 {
     SearchScreen screen;
@@ -290,10 +374,17 @@ void AutoSearchTest::theTextSelectsTheFirstEntryThatBeginsSo()
 {
     QFETCH(QString, text);
     SearchScreen screen;
-    screen.combo.setText(text);
+    screen.combo.setEditText(text);
     QTEST(SelectComboEntry(screen.combo), "result");
     QTEST(screen.text(), "shown");
     QTEST(screen.combo.currentIndex(), "result");
+
+    // A name that the program shows is that one or none.
+    QFETCH(QString, shown);
+    const bool isWhole = text.compare(shown, Qt::CaseInsensitive) == 0;
+    screen.combo.setText(text);
+    QCOMPARE(SelectComboEntry(screen.combo), isWhole ? clients.indexOf(shown) : -1);
+    QCOMPARE(screen.text(), isWhole ? shown : text);
 
     // Also where the entry is selected already and only its beginning stands there.
     screen.combo.setCurrentIndex(4);
