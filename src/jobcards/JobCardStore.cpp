@@ -87,8 +87,7 @@ void JobCardStore::readRows(clsJobCardData &rows)
 qint32 JobCardStore::GetNewNum()
 {
     Recordset &jobs = DE().rsJobs2;
-    jobs.reopen(u"Select * from JOBS order by ID"_s);
-    jobs.moveLast();
+    jobs.openLast(u"Select * from JOBS order by ID"_s);
     // A number that was left empty or is no job number begins at 1.
     const qint32 last =
         jobs.eof() ? std::max(Int32(Val(GetSetting(setting::FirstJobNumber))), 1) - 1 : jobs.integer(u"ID");

@@ -21,12 +21,11 @@ ClientGreeting greetingOf(const QString &title)
 {
     const qint32 ClientID = GetAccountID(title);
     Recordset &jobs = DE().rsJobs2;
-    jobs.reopen(u"Select * from Jobs where ClintID="_s + QString::number(ClientID));
+    jobs.openLast(u"Select * from Jobs where ClintID="_s + QString::number(ClientID));
     if (jobs.eof()) {
         jobs.close();
         return {u"Welcome "_s + title, false};
     }
-    jobs.moveLast();
     const QDate visit = jobs.date(u"DATE");
     const QString jobNumber = QString::number(jobs.integer(u"ID"));
     jobs.close();

@@ -338,14 +338,13 @@ void frmAddItem::LoadLastConfig(int ItemID, int ClientID)
 {
     ItemDetails1->ClearList();
     Recordset &orders = DE().rsJOBS_DETAIL;
-    orders.reopen(u"Select * from JOBS_DETAIL where ItemID="_s + QString::number(ItemID) + u" and ClintID="_s
+    orders.openLast(u"Select * from JOBS_DETAIL where ItemID="_s + QString::number(ItemID) + u" and ClintID="_s
         + QString::number(ClientID));
     if (orders.eof()) {
         orders.close();
         LoadEmptyItems(ItemID);
         return;
     }
-    orders.moveLast();
     const QStringList labels = linesOf(orders.text(u"ItemDetails"));
     const QString valuesText = orders.text(u"ItemDetailsValue");
     const QStringList values = valuesText.isEmpty() ? QStringList{u"NA"_s} : valuesText.split(lineEnd);

@@ -153,9 +153,12 @@ bool MasterEditor::isTaken(const QString &column, kvTextBox *box, const QString 
 Recordset &MasterEditor::rowToWrite()
 {
     Recordset &row = m_kind.rows;
-    row.reopen(isNew() ? m_kind.allRows : rowStatement());
-    if (isNew())
+    if (isNew()) {
+        row.openToAdd(m_kind.allRows);
         row.addNew();
+    } else {
+        row.reopen(rowStatement());
+    }
     row.set(m_kind.nameColumn, txtName->Text());
     for (const TextField &field : m_texts)
         row.set(field.column, field.box->Text());

@@ -116,8 +116,7 @@ void frmEditClients::generateKey()
         return;
     // The last account of all, whatever it is: after a worker or a ledger account, which have no key, it begins anew.
     Recordset &accounts = DE().rsaccounts;
-    accounts.reopen(u"Select * from Accounts order by ID"_s);
-    accounts.moveLast();
+    accounts.openLast(u"Select * from Accounts order by ID"_s);
     const QString last = accounts.eof() ? QString() : accounts.textOrEmpty(u"Key");
     accounts.close();
     txtKey->setText(NumberText(Val(last) + 1));

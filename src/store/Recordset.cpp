@@ -6,6 +6,8 @@
 
 #include <QScopeGuard>
 
+#include <sqlite3.h>
+
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -99,10 +101,43 @@ void Recordset::read(const QString &statement)
 {
     const auto translation = jetsql::translate(statement);
     Connection::Statement rows(m_connection, translation.sql, translation.values, statement);
-    auto read = std::make_shared<RowSet>(rows, !translation.table.isEmpty(), translation.table);
-    std::vector<int> all(static_cast<size_t>(read->rowCount()));
+    showAll(std::make_shared<RowSet>(rows, !translation.table.isEmpty(), translation.table));
+}
+
+void Recordset::openLast(const QString &statement)
+{
+    close();
+    m_statement = statement;
+    const auto translation = jetsql::translate(statement);
+    if (translation.table.isEmpty())
+        throw RuntimeError(Fault::Engine, u"These rows cannot be written back."_s, statement);
+    const QByteArray lastRow = "select rowid, * from " + enclosed(translation.table) + " where rowid = ?";
+    std::optional<qint64> last;
+    do {
+        // Cells of the rows before it are not even looked at.
+        last.reset();
+        for (Connection::Statement rows(m_connection, translation.sql, translation.values, statement); rows.step();)
+            last = sqlite3_column_int64(rows.handle(), 0);
+        Connection::Statement row(m_connection, lastRow, {last ? Value(*last) : Value()}, statement);
+        showAll(std::make_shared<RowSet>(row, true, translation.table));
+        // Another program may have deleted it in between.
+    } while (last && recordCount() == 0);
+}
+
+void Recordset::openToAdd(const QString &statement)
+{
+    close();
+    m_statement = statement;
+    const auto translation = jetsql::translate(statement);
+    const Connection::Statement rows(m_connection, translation.sql, translation.values, statement);
+    showAll(std::make_shared<RowSet>(RowSet::columnsOf(rows, !translation.table.isEmpty()), translation.table));
+}
+
+void Recordset::showAll(std::shared_ptr<RowSet> rows)
+{
+    std::vector<int> all(static_cast<size_t>(rows->rowCount()));
     std::iota(all.begin(), all.end(), 0);
-    show(std::move(read), std::move(all));
+    show(std::move(rows), std::move(all));
 }
 
 void Recordset::show(std::shared_ptr<RowSet> rows, std::vector<int> order)

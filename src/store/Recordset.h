@@ -31,6 +31,11 @@ public:
     void open(const QString &statement);
     /// `close` and `open` in one: the usual way to use a shared object.
     void reopen(const QString &statement);
+    /// As `reopen` and `moveLast` where only the last row is wanted: reads and keeps that one alone. `statement` is one
+    /// over one table that can be written.
+    void openLast(const QString &statement);
+    /// As `reopen` for a row that is to be added: the statement names columns and table, and no row is read.
+    void openToAdd(const QString &statement);
     /// Without effect when closed.
     void close();
     [[nodiscard]] bool isOpen() const { return m_rows != nullptr; }
@@ -79,6 +84,7 @@ private:
 
     void openShaped(const QString &statement);
     void read(const QString &statement);
+    void showAll(std::shared_ptr<RowSet> rows);
     void show(std::shared_ptr<RowSet> rows, std::vector<int> order);
     void requireOpen() const;
     [[nodiscard]] int currentRow() const;

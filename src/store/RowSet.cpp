@@ -31,20 +31,26 @@ RowSet::Type typeOf(const char *declared)
 
 } // namespace
 
-RowSet::RowSet(std::vector<Column> columns) : m_columns(std::move(columns))
+RowSet::RowSet(std::vector<Column> columns, const QString &table) : m_columns(std::move(columns)), m_table(table)
 {
     for (const Column &column : m_columns)
         m_nameHashes.push_back(nameHash(column.name));
 }
 
-RowSet::RowSet(Connection::Statement &statement, bool rowNumbers, const QString &table) : m_table(table)
+std::vector<RowSet::Column> RowSet::columnsOf(const Connection::Statement &statement, bool rowNumbers)
+{
+    std::vector<Column> columns;
+    for (int i = rowNumbers ? 1 : 0; i < sqlite3_column_count(statement.handle()); ++i) {
+        columns.push_back({QString::fromUtf8(sqlite3_column_name(statement.handle(), i)),
+            typeOf(sqlite3_column_decltype(statement.handle(), i))});
+    }
+    return columns;
+}
+
+RowSet::RowSet(Connection::Statement &statement, bool rowNumbers, const QString &table)
+    : RowSet(columnsOf(statement, rowNumbers), table)
 {
     const int first = rowNumbers ? 1 : 0;
-    for (int i = first; i < sqlite3_column_count(statement.handle()); ++i) {
-        m_columns.push_back({QString::fromUtf8(sqlite3_column_name(statement.handle(), i)),
-            typeOf(sqlite3_column_decltype(statement.handle(), i))});
-        m_nameHashes.push_back(nameHash(m_columns.back().name));
-    }
     while (statement.step()) {
         m_rowNumbers.push_back(rowNumbers ? sqlite3_column_int64(statement.handle(), 0) : 0);
         readRow(statement, first);

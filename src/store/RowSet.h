@@ -18,12 +18,15 @@ public:
         Type type = Type::Any;
     };
 
-    /// Columns of a result that was computed here and not read by a statement.
-    explicit RowSet(std::vector<Column> columns);
+    /// Columns of a result that is not read by a statement. `table` as in `table()`.
+    explicit RowSet(std::vector<Column> columns, const QString &table = {});
 
     /// Reads `statement` to its end. With `rowNumbers` the first column is taken as the row number and is no column of
     /// the result.
     RowSet(Connection::Statement &statement, bool rowNumbers, const QString &table);
+
+    /// The columns that `statement` gives. `rowNumbers` as above.
+    [[nodiscard]] static std::vector<Column> columnsOf(const Connection::Statement &statement, bool rowNumbers);
 
     [[nodiscard]] int rowCount() const { return m_rowCount; }
     [[nodiscard]] const std::vector<Column> &columns() const { return m_columns; }

@@ -27,8 +27,8 @@ public:
     /// The screen that takes the input; none before the first is shown.
     [[nodiscard]] static Screen *front();
 
-    /// True where a date field of the screen holds what is no date: the user was told, and the focus is there. Each save
-    /// asks first.
+    /// True where a date field of the screen holds what is no date: the user was told, and the focus is there. Each
+    /// save asks first.
     [[nodiscard]] bool hasRefusedDate();
 
     /// Offers a key press to the screen that `receiver` belongs to; true when it took it. `Application` calls it.

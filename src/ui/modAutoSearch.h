@@ -19,15 +19,15 @@ void SelectTypedEntry(QComboBox &combo);
 void ShowDropDown(QComboBox &combo);
 
 /// Selects the first entry that begins with the combo's text, in any case, and returns its index. -1 where there is
-/// none, and for an empty text: the combo stays as it is then. What `setComboText` has shown is found whole only: a name
-/// that is gone from the list must not turn into another one that begins so.
+/// none, and for an empty text: the combo stays as it is then. What `setComboText` has shown is found whole only: a
+/// name that is gone from the list must not turn into another one that begins so.
 int SelectComboEntry(QComboBox &combo);
 
 /// Binds `AutoSearchKey` to the keys of `combo`, with its list closed or open, and makes it editable.
 /// With the list open, Enter closes it and goes on as Enter in the combo; Escape closes only the list; Tab, access keys
 /// and other shortcuts close it and act. The arrows select all, so that the next name is typed over; from half a name,
-/// which is written in italics, they go to what it begins. Paste selects by what is pasted, like typing it. REQUIRES: other event filters
-/// for the combo are installed before.
+/// which is written in italics, they go to what it begins. Paste selects by what is pasted, like typing it. REQUIRES:
+/// other event filters for the combo are installed before.
 void installAutoSearch(QComboBox *combo);
 
 /// Replaces the entries, in one go; afterwards none is selected and the text is empty.

@@ -288,8 +288,10 @@ void AddItemTest::anItemLeftBringsItsValues_data()
     QTest::addColumn<QString>("way");
     QTest::addColumn<bool>("isOpened");
     for (const char *way : {"Tab", "mouse", "OK"}) {
-        QTest::newRow(qPrintable(u"%1, after another item"_s.arg(QLatin1StringView(way)))) << QString::fromLatin1(way) << false;
-        QTest::newRow(qPrintable(u"%1, in an opened row"_s.arg(QLatin1StringView(way)))) << QString::fromLatin1(way) << true;
+        QTest::newRow(qPrintable(u"%1, after another item"_s.arg(QLatin1StringView(way))))
+            << QString::fromLatin1(way) << false;
+        QTest::newRow(qPrintable(u"%1, in an opened row"_s.arg(QLatin1StringView(way))))
+            << QString::fromLatin1(way) << true;
     }
 }
 

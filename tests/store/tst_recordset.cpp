@@ -25,6 +25,9 @@ private slots:
     void pendingChangesAreDroppedByClose();
     void aBatchWritesEachRow();
     void aLargeResultIsReadAndWrittenAsASmallOne();
+    void theLastRowAloneIsAsAmongAll_data();
+    void theLastRowAloneIsAsAmongAll();
+    void aRowIsAddedWithoutReadingTheOthers();
     void aFailureInAGroupLeavesTheEarlierWrites();
     void aGroupThatCannotBeCommittedIsNotLeftOpen();
     void moneyIsExact();
@@ -247,6 +250,60 @@ void RecordsetTest::aLargeResultIsReadAndWrittenAsASmallOne()
         }
         rows.reopen(u"Select * from tmpBody order by id"_s);
     }
+}
+
+void RecordsetTest::theLastRowAloneIsAsAmongAll_data()
+{
+    QTest::addColumn<QString>("statement");
+    for (const char *rest :
+        {"", " order by ID", " order by Title", " where ID>2 order by Title desc", " where Title='nobody'"})
+        QTest::newRow(rest) << u"Select * from Accounts"_s + QLatin1StringView(rest);
+}
+
+void RecordsetTest::theLastRowAloneIsAsAmongAll()
+{
+    QFETCH(QString, statement);
+    StoreFile file;
+    Recordset all(file.connection);
+    all.open(statement);
+    all.moveLast();
+    Recordset last(file.connection);
+    // Also where something is open already.
+    last.open(u"Select * from Items"_s);
+    last.openLast(statement);
+    QCOMPARE(last.eof(), all.eof());
+    QCOMPARE(last.columnCount(), all.columnCount());
+    if (all.eof())
+        return;
+    QCOMPARE(last.recordCount(), 1);
+    for (int i = 0; i < all.columnCount(); ++i) {
+        QCOMPARE(last.columnName(i), all.columnName(i));
+        QVERIFY(last.value(i) == all.value(i));
+    }
+    const qint32 id = all.integer(u"ID");
+    last.set(u"City", u"Jaipur"_s);
+    last.update();
+    all.reopen(u"Select * from Accounts where City='Jaipur'"_s);
+    QCOMPARE(all.recordCount(), 1);
+    QCOMPARE(all.integer(u"ID"), id);
+    EXPECT_FAULT(Fault::Engine, last.openLast(u"Select count(*) from Accounts"_s));
+}
+
+void RecordsetTest::aRowIsAddedWithoutReadingTheOthers()
+{
+    StoreFile file;
+    Recordset rows(file.connection);
+    rows.openToAdd(u"Select * from Accounts"_s);
+    QVERIFY(rows.eof());
+    rows.addNew();
+    rows.set(u"Title", u"Asha"_s);
+    rows.set(u"Type", 0);
+    rows.update();
+    const qint32 id = rows.integer(u"ID");
+    QCOMPARE(rows.recordCount(), 1);
+    rows.reopen(u"Select * from Accounts where Title='Asha'"_s);
+    QCOMPARE(rows.integer(u"ID"), id);
+    EXPECT_FAULT(Fault::Syntax, rows.openToAdd(u"Select * from"_s));
 }
 
 void RecordsetTest::aFailureInAGroupLeavesTheEarlierWrites()
