@@ -4,8 +4,9 @@
 #include "devices/printer.h"
 #include "fullShop.h"
 #include "jobcards/MODPrintJOBCARD.h"
-#include "jobcards/frmSearchClient.h"
 #include "masters/MasterList.h"
+#include "masters/frmSearchClient.h"
+#include "reports/ReportFlow.h"
 #include "reports/rptJOBCARD.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
@@ -131,7 +132,7 @@ ReportPages longCardPages()
     Recordset cards(DE().CN);
     cards.open(
         u"SHAPE {SELECT * FROM tmpHead} APPEND ({SELECT * FROM tmpBody order by id} AS Body RELATE JOBID to JOBID)"_s);
-    return rptJOBCARD().layOut(cards);
+    return layOut(rptJOBCARD(), cards);
 }
 
 void paintByHand(QPdfWriter &writer, const ReportPages &pages)

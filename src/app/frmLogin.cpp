@@ -2,6 +2,7 @@
 
 #include "store/settings.h"
 #include "ui/Command.h"
+#include "ui/complain.h"
 #include "ui/frmMsg.h"
 #include "ui/kvTextBox.h"
 #include "ui/language.h"

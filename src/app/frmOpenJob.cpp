@@ -1,11 +1,12 @@
 #include "app/frmOpenJob.h"
 
 #include "base/values.h"
-#include "jobcards/entryFilters.h"
 #include "jobcards/frmEditJOB.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
+#include "ui/complain.h"
+#include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/kvTextBox.h"
 

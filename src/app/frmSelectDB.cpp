@@ -1,6 +1,5 @@
 #include "app/frmSelectDB.h"
 
-#include "app/startup.h"
 #include "base/session.h"
 #include "ui/Command.h"
 
@@ -50,8 +49,5 @@ frmSelectDB::frmSelectDB() : Screen(u"frmSelectDB"_s, u"Select Database"_s)
 void frmSelectDB::choose(const QString &path)
 {
     session::DBPath = path;
-    WriteConfig();
-    endFirstRun();
     accept();
-    RestartSession();
 }

@@ -2,8 +2,8 @@
 
 #include "ui/Screen.h"
 
-/// The choice between the shop's own database and the demo. A command writes the choice to the configuration, remembers
-/// that the user has chosen, and restarts the session on it. Closing the screen changes nothing.
+/// The choice between the shop's own database and the demo. A command makes it `session::DBPath`, and the screen is
+/// accepted: its caller keeps the choice and restarts the session. Closing the screen changes nothing.
 class frmSelectDB : public Screen {
     Q_OBJECT
 

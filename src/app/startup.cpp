@@ -82,6 +82,14 @@ QString openingFault(const std::optional<RuntimeError> &notMade)
     return {};
 }
 
+void offerDatabases()
+{
+    if (frmSelectDB().exec() != QDialog::Accepted)
+        return;
+    WriteConfig();
+    endFirstRun();
+}
+
 void openOrOffer(const std::optional<RuntimeError> &notMade)
 {
     static QString *faultOfRoute = nullptr;
@@ -95,7 +103,7 @@ void openOrOffer(const std::optional<RuntimeError> &notMade)
     const QScopedValueRollback route(faultOfRoute, &fault);
     while (!DE().CN.isOpen()) {
         platformBox::showCritical(u"Database File Error!"_s + lineEnd + fault);
-        frmSelectDB().exec();
+        offerDatabases();
         RestartSession();
     }
 }
@@ -139,7 +147,7 @@ void Main()
 {
     findDatabase();
     if (IsFirstRun())
-        frmSelectDB().exec();
+        offerDatabases();
     bringUpDatabase();
     auto *mainScreen = new frmMain;
     mainScreen->setAttribute(Qt::WA_DeleteOnClose);

@@ -2,6 +2,8 @@
 
 #include "base/session.h"
 #include "base/values.h"
+#include "reports/ReportFlow.h"
+#include "reports/ReportPreview.h"
 #include "reports/reportOutput.h"
 #include "reports/rptJOBCARD.h"
 #include "store/DataEnvironment.h"
@@ -46,12 +48,12 @@ void PrintJobCard(int JobID)
     });
     Report report = rptJOBCARD();
     dress(report);
-    const ReportPages pages = report.layOut(cards);
+    const ReportPages pages = layOut(report, cards);
     cards.close();
 
     const QString way = GetSetting(setting::PrintPreview);
     if (way == u"1")
-        reportOutput::preview(pages);
+        ReportPreview(pages).exec();
     else if (way == u"0")
         reportOutput::print(pages);
 }

@@ -8,15 +8,16 @@
 #include "jobcards/MODPrintJOBCARD.h"
 #include "jobcards/ScrollingText.h"
 #include "jobcards/clientGreeting.h"
-#include "jobcards/entryFilters.h"
-#include "jobcards/frmSearchClient.h"
 #include "masters/frmEditClients.h"
+#include "masters/frmSearchClient.h"
 #include "production/frmDDP.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
+#include "ui/complain.h"
+#include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
@@ -457,7 +458,7 @@ JobCard frmEditJOB::collect() const
 
 void frmEditJOB::save()
 {
-    if (hasRefusedDate())
+    if (hasRefusedDate(*this))
         return;
     if (SelectComboEntry(*cmbClient) < 0)
         return complain(u"Please Select Client!"_s, cmbClient);

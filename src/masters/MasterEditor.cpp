@@ -4,6 +4,7 @@
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
+#include "ui/complain.h"
 #include "ui/frmMsg.h"
 #include "ui/kvTextBox.h"
 #include "ui/language.h"

@@ -3,6 +3,7 @@
 #include "masters/accountTypes.h"
 #include "store/DataEnvironment.h"
 #include "ui/Command.h"
+#include "ui/complain.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"

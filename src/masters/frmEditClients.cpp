@@ -5,6 +5,7 @@
 #include "store/DataEnvironment.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
+#include "ui/complain.h"
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
@@ -95,7 +96,7 @@ void frmEditClients::Edit(int id)
 
 void frmEditClients::save()
 {
-    if (hasRefusedDate())
+    if (hasRefusedDate(*this))
         return;
     if (isNameMissing(u"Please Enter Client Name!"_s) || isNameTaken())
         return;

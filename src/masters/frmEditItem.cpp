@@ -3,6 +3,7 @@
 #include "base/values.h"
 #include "store/DataEnvironment.h"
 #include "ui/Command.h"
+#include "ui/complain.h"
 #include "ui/kvTextBox.h"
 #include "ui/kvTextBoxMultiLine.h"
 

@@ -1,7 +1,6 @@
 #include "reports/Report.h"
 
 #include "base/RuntimeError.h"
-#include "reports/ReportFlow.h"
 
 #include <algorithm>
 
@@ -29,9 +28,4 @@ const ReportSection *Report::find(ReportSection::Kind kind) const
 {
     const auto found = std::ranges::find(m_sections, kind, &ReportSection::kind);
     return found == m_sections.end() ? nullptr : &*found;
-}
-
-ReportPages Report::layOut(Recordset &source) const
-{
-    return ReportFlow(*this, source).run();
 }

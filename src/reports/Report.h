@@ -3,10 +3,9 @@
 #include "reports/ReportPages.h"
 #include "reports/ReportSection.h"
 
-class Recordset;
-
 /// A banded report: sections of controls, filled from the rows of a recordset and laid out on as many pages as it
-/// takes. A layout is a function that makes one (see rptJOBCARD); a caller then sets its labels and lays it out.
+/// takes. A layout is a function that makes one (see rptJOBCARD); a caller then sets its labels and lays it out
+/// (`layOut`).
 class Report {
 public:
     /// A4 upright; width and margins in twips.
@@ -25,11 +24,6 @@ public:
     ReportSection &add(ReportSection::Kind kind, const QString &name, int height);
     /// A section by name, without regard to case. Throws RuntimeError (ItemNotFound).
     [[nodiscard]] ReportSection &section(QStringView name);
-
-    /// Reads `source` from its first row to its end and lays all of it out. Without a row the heads and feet of report
-    /// and page still print. A detail higher than a page flows on to the next; a group head that takes more than half
-    /// of a page is not repeated. Throws RuntimeError (ItemNotFound) for a field that the source lacks.
-    [[nodiscard]] ReportPages layOut(Recordset &source) const;
 
 private:
     friend class ReportFlow;

@@ -137,6 +137,11 @@ private:
 
 } // namespace
 
+ReportPages layOut(const Report &report, Recordset &source)
+{
+    return ReportFlow(report, source).run();
+}
+
 ReportFlow::ReportFlow(const Report &report, Recordset &source)
     : m_report(report), m_source(source), m_pages(report.m_title, report.m_paper.size)
 {

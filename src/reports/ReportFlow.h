@@ -4,7 +4,12 @@
 
 class Recordset;
 
-/// The way of a report's sections on to pages. For `Report::layOut` only.
+/// Reads `source` from its first row to its end and lays all of it out. Without a row the heads and feet of report
+/// and page still print. A detail higher than a page flows on to the next; a group head that takes more than half
+/// of a page is not repeated. Throws RuntimeError (ItemNotFound) for a field that the source lacks.
+[[nodiscard]] ReportPages layOut(const Report &report, Recordset &source);
+
+/// The way of a report's sections on to pages. For `layOut` only.
 class ReportFlow {
 public:
     ReportFlow(const Report &report, Recordset &source);

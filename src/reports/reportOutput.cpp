@@ -2,7 +2,6 @@
 
 #include "devices/printer.h"
 #include "reports/ReportPages.h"
-#include "reports/ReportPreview.h"
 #include "ui/fileChoice.h"
 #include "ui/frmMsg.h"
 
@@ -32,11 +31,6 @@ void printBy(const ReportPages &pages, Way way)
 }
 
 } // namespace
-
-void reportOutput::preview(const ReportPages &pages)
-{
-    ReportPreview(pages).exec();
-}
 
 void reportOutput::print(const ReportPages &pages)
 {

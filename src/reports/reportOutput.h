@@ -6,9 +6,6 @@ class QWidget;
 /// The ways of a report to the user. Each tells him when it does not come to pass; nothing is lost by it.
 namespace reportOutput {
 
-/// Shows the report modally in "Print Preview" and returns when it has closed.
-void preview(const ReportPages &pages);
-
 /// Prints on the default printer at once, nothing asked.
 void print(const ReportPages &pages);
 

@@ -11,7 +11,7 @@
 /// it, after typing the day; Tab leaves.
 ///
 /// What is no date stays in the field, marked, and the date stays too, until something else is typed, chosen or set, or
-/// Escape drops it. A screen that saves asks for that first (`Screen::hasRefusedDate`).
+/// Escape drops it. A screen that saves asks for that first (`hasRefusedDate`).
 ///
 /// A field for birthdays may be empty, which Delete makes it; into an empty one the whole date is typed. Its years of
 /// two digits lie in the hundred years up to now.

@@ -3,7 +3,6 @@
 #include "store/DataEnvironment.h"
 #include "ui/DateField.h"
 #include "ui/entryKeys.h"
-#include "ui/frmMsg.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
@@ -12,8 +11,6 @@
 #include <QScreen>
 #include <QTextEdit>
 #include <QWindow>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -149,23 +146,4 @@ bool Screen::keyPreview(QKeyEvent *)
 void Screen::escapePressed()
 {
     reject();
-}
-
-bool Screen::hasRefusedDate()
-{
-    const auto dates = findChildren<DateField *>();
-    for (DateField *date : dates) {
-        if (const QString typed = date->refused(); !typed.isEmpty()) {
-            complain(u"\"%1\" is not a date!"_s.arg(typed), date);
-            return true;
-        }
-    }
-    return false;
-}
-
-void Screen::complain(const QString &text, QWidget *focusTo)
-{
-    ShowMessage(text);
-    if (focusTo)
-        focusTo->setFocus(Qt::OtherFocusReason);
 }

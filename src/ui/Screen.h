@@ -27,10 +27,6 @@ public:
     /// The screen that takes the input; none before the first is shown.
     [[nodiscard]] static Screen *front();
 
-    /// True where a date field of the screen holds what is no date: the user was told, and the focus is there. Each
-    /// save asks first.
-    [[nodiscard]] bool hasRefusedDate();
-
     /// Offers a key press to the screen that `receiver` belongs to; true when it took it. `Application` calls it.
     static bool previewKey(QObject *receiver, QKeyEvent *event);
 
@@ -49,9 +45,6 @@ protected:
     /// The screen came to the front: once when it is first shown, once each time a screen above it has closed, the
     /// message screen included. It does not run when the user comes back from another program.
     virtual void activated() { }
-
-    /// Tells the user what is wrong and puts the focus where it can be mended.
-    void complain(const QString &text, QWidget *focusTo = nullptr);
 
 private:
     bool preview(QKeyEvent *event);

@@ -1,4 +1,5 @@
 #include "ui/frmSetDate.h"
+#include "ui/complain.h"
 
 #include "ui/Command.h"
 #include "ui/DateField.h"
@@ -22,7 +23,7 @@ frmSetDate::frmSetDate()
     form->setSizeConstraint(QLayout::SetFixedSize);
     Command1->setDefault(true);
     connect(Command1, &Command::clicked, this, [this] {
-        if (!hasRefusedDate())
+        if (!hasRefusedDate(*this))
             accept();
     });
 }

@@ -3,7 +3,7 @@
 #include "OrderDesk.h"
 #include "devices/shell.h"
 #include "jobcards/ItemDetails.h"
-#include "jobcards/PictureBox.h"
+#include "pictures/PictureBox.h"
 #include "store/DataEnvironment.h"
 #include "support/ModalScript.h"
 #include "support/expectFault.h"

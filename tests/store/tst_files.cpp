@@ -135,7 +135,7 @@ void FilesTest::onlyTheOwnerMayReadIt()
     QVERIFY(QFile::setPermissions(file.path(), owner | others));
     DE().CN.open(file.path());
     QCOMPARE(QFile::permissions(file.path()) & others, QFile::Permissions());
-    WriteGroup::run(DE().CN, [&file] {
+    WriteGroup::run(DE().CN, [&] {
         file.addAccount(u"Asha"_s);
         QCOMPARE(QFile::permissions(file.path() + u"-journal"_s) & others, QFile::Permissions());
     });

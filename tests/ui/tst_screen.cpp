@@ -6,6 +6,7 @@
 #include "ui/Command.h"
 #include "ui/ListView.h"
 #include "ui/Screen.h"
+#include "ui/complain.h"
 #include "ui/frmMsg.h"
 #include "ui/kvTextBox.h"
 #include "ui/kvTextBoxMultiLine.h"
@@ -28,7 +29,6 @@ public:
         list.list().setRows({{{u"Shirt"_s}}, {{u"Coat"_s}}});
         save.setDefault(true);
     }
-    using Screen::complain;
     using Screen::setEntryKeys;
 
     QVBoxLayout form{this};
@@ -216,7 +216,7 @@ void ScreenTest::complainingLeadsToTheField()
     script.expectMessage(u"Please enter user name!"_s);
     QVERIFY(driver::show(screen));
     screen.first.setFocus();
-    screen.complain(u"Please enter user name!"_s, &screen.second);
+    complain(u"Please enter user name!"_s, &screen.second);
     QVERIFY(driver::waitActive(screen));
     QTRY_VERIFY(screen.second.hasFocus());
 }

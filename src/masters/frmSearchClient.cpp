@@ -1,4 +1,4 @@
-#include "jobcards/frmSearchClient.h"
+#include "masters/frmSearchClient.h"
 
 #include "store/DataEnvironment.h"
 #include "store/jetsql.h"

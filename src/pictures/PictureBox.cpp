@@ -1,4 +1,4 @@
-#include "jobcards/PictureBox.h"
+#include "pictures/PictureBox.h"
 
 PictureBox::PictureBox(const QString &name, QWidget *parent) : QLabel(parent)
 {

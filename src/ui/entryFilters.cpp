@@ -1,4 +1,4 @@
-#include "jobcards/entryFilters.h"
+#include "ui/entryFilters.h"
 
 #include "ui/entryKeys.h"
 #include "ui/kvTextBox.h"
