@@ -2,7 +2,9 @@
 
 #include "store/settings.h"
 #include "ui/Command.h"
+#include "ui/boxType.h"
 #include "ui/complain.h"
+#include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvTextBox.h"
 #include "ui/language.h"
@@ -15,20 +17,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Takes a name or a password as it is typed; the other kinds of box would begin its words with capitals.
-constexpr int plainText = 2;
-
-QLabel *captionOf(QWidget *field, const QString &caption)
-{
-    auto *label = new QLabel(caption);
-    label->setBuddy(field);
-    return label;
-}
 
 } // namespace
 
 frmLogin::frmLogin()
-    : Screen(u"frmLogin"_s, u"Corvane"_s), txtUserName(new kvTextBox(u"txtUserName"_s, plainText)),
-      txtPassword(new kvTextBox(u"txtPassword"_s, plainText)), Command1(new Command(u"Command1"_s, u"&Login"_s))
+    : Screen(u"frmLogin"_s, u"Corvane"_s), txtUserName(new kvTextBox(u"txtUserName"_s, boxType::Plain)),
+      txtPassword(new kvTextBox(u"txtPassword"_s, boxType::Plain)), Command1(new Command(u"Command1"_s, u"&Login"_s))
 {
     auto *heading = new QLabel(u"Login to Corvane"_s);
     heading->setObjectName(u"lblTitle"_s);

@@ -15,6 +15,7 @@
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
+#include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/language.h"
 #include "ui/theme.h"
@@ -102,8 +103,7 @@ QWidget *frmMain::buildHead()
     enlarge(*lblShopName, 2.1);
     lblShopName->setTextFormat(Qt::PlainText);
     lblShopName->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    QLabel *caption = coloured(new QLabel(u"Working Date (F2)"_s), Qt::white);
-    caption->setBuddy(TodayDate);
+    QLabel *caption = coloured(captionOf(TodayDate, u"Working Date (F2)"_s), Qt::white);
     TodayDate->setMinimumWidth(150);
 
     auto *row = new QHBoxLayout(head);

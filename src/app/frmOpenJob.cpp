@@ -5,9 +5,11 @@
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
+#include "ui/boxType.h"
 #include "ui/complain.h"
 #include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
+#include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
@@ -20,22 +22,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int plainText = 2;
 constexpr double largestJobNumber = std::numeric_limits<qint16>::max();
 
 } // namespace
 
 frmOpenJob::frmOpenJob()
-    : Screen(u"frmOpenJob"_s, u"Open Job Card"_s), txtJOBID(new kvTextBox(u"txtJOBID"_s, plainText)),
+    : Screen(u"frmOpenJob"_s, u"Open Job Card"_s), txtJOBID(new kvTextBox(u"txtJOBID"_s, boxType::Plain)),
       Command1(new Command(u"Command1"_s, u"&Open"_s))
 {
-    auto *caption = new QLabel(u"&Job Card #"_s);
-    caption->setBuddy(txtJOBID);
     Command1->setDefault(true);
 
     auto *form = new QGridLayout(this);
     form->setContentsMargins(28, 24, 28, 24);
-    form->addWidget(caption, 0, 0);
+    form->addWidget(captionOf(txtJOBID, u"&Job Card #"_s), 0, 0);
     form->addWidget(txtJOBID, 0, 1);
     form->addWidget(Command1, 1, 1, Qt::AlignRight);
     form->setColumnMinimumWidth(1, 180);

@@ -9,9 +9,11 @@
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
+#include "ui/boxType.h"
 #include "ui/complain.h"
 #include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
+#include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
@@ -33,7 +35,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int plainText = 2;
 constexpr int largestQuantity = std::numeric_limits<qint16>::max();
 const QString lineEnd = u"\r\n"_s;
 
@@ -57,10 +58,8 @@ double numberOf(const QColor &color)
 
 void addLabelled(QGridLayout *grid, int row, const QString &caption, QWidget *field)
 {
-    auto *label = new QLabel(caption);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     const bool tall = qobject_cast<kvTextBoxMultiLine *>(field) != nullptr;
-    grid->addWidget(label, row, 0, tall ? Qt::AlignRight | Qt::AlignTop : Qt::Alignment());
+    grid->addWidget(captionOf(field, caption), row, 0, tall ? Qt::AlignRight | Qt::AlignTop : Qt::Alignment());
     grid->addWidget(field, row, 1);
 }
 
@@ -95,10 +94,8 @@ void frmAddItem::buildForm()
     whole->addLayout(commands);
     resize(1080, 620);
 
-    QWidget *const order[]{cmbItems, txtQnt, txtFees, ItemDetails1, txtRemark, txtClientRemark, picColor, opIsInv,
-        Command3, Command7, Command6, Command4, Command8, Command5, Command2, Command1};
-    for (size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    chainTabs({cmbItems, txtQnt, txtFees, ItemDetails1, txtRemark, txtClientRemark, picColor, opIsInv, Command3,
+        Command7, Command6, Command4, Command8, Command5, Command2, Command1});
 }
 
 QLayout *frmAddItem::buildOrder()
@@ -110,10 +107,10 @@ QLayout *frmAddItem::buildOrder()
     installAutoSearch(cmbItems);
     lblLast = new QLabel;
     lblLast->setObjectName(u"lblLast"_s);
-    txtQnt = new kvTextBox(u"txtQnt"_s, plainText);
+    txtQnt = new kvTextBox(u"txtQnt"_s, boxType::Plain);
     txtQnt->setText(u"1"_s);
     txtQnt->setAlignment(Qt::AlignRight);
-    txtFees = new kvTextBox(u"txtFees"_s, plainText);
+    txtFees = new kvTextBox(u"txtFees"_s, boxType::Plain);
     txtFees->setText(u"0"_s);
     txtFees->setAlignment(Qt::AlignRight);
     ItemDetails1 = new ::ItemDetails(u"ItemDetails1"_s);
@@ -137,7 +134,6 @@ QLayout *frmAddItem::buildCloth()
     txtClientRemark->setMaximumHeight(84);
     picColor = new QPushButton;
     picColor->setObjectName(u"picColor"_s);
-    picColor->setAccessibleName(u"Cloth Color"_s);
     picColor->setAutoDefault(false);
     picColor->setFixedSize(64, 28);
     auto *colorNote = new QLabel(u" [Click Box to set color]"_s);
@@ -147,6 +143,7 @@ QLayout *frmAddItem::buildCloth()
     colorLayout->addWidget(picColor);
     colorLayout->addWidget(colorNote);
     colorLayout->addStretch();
+    colorRow->setFocusProxy(picColor);
     opIsInv = new QRadioButton(u"Mark as Inventory"_s);
     opIsInv->setObjectName(u"opIsInv"_s);
     opIsInv->setAutoExclusive(false);
@@ -160,8 +157,8 @@ QLayout *frmAddItem::buildCloth()
 
     pic1 = new PictureBox(u"pic1"_s);
     pic2 = new PictureBox(u"pic2"_s);
-    picPath1 = new kvTextBox(u"picPath1"_s, plainText);
-    picPath2 = new kvTextBox(u"picPath2"_s, plainText);
+    picPath1 = new kvTextBox(u"picPath1"_s, boxType::Plain);
+    picPath2 = new kvTextBox(u"picPath2"_s, boxType::Plain);
     Command3 = new Command(u"Command3"_s, u"Web Cam"_s);
     Command7 = new Command(u"Command7"_s, u"Hand Note"_s);
     Command6 = new Command(u"Command6"_s, u"Clear"_s);
@@ -192,8 +189,10 @@ QLayout *frmAddItem::buildImage(
     column->addWidget(path);
     auto *row = new QHBoxLayout;
     row->setSpacing(4);
-    for (Command *command : commands)
+    for (Command *command : commands) {
+        nameAloud(command, caption + u' ' + command->text());
         row->addWidget(command);
+    }
     column->addLayout(row);
     return column;
 }

@@ -16,9 +16,11 @@
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
+#include "ui/boxType.h"
 #include "ui/complain.h"
 #include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
+#include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
@@ -38,20 +40,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int plainText = 2;
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
 enum Appeared { NotAppeared = 0, DidAppear = 1, TrialCancelled = 2 };
 
-QLabel *fieldLabel(const QString &caption)
-{
-    auto *label = new QLabel(caption);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    return label;
-}
-
 kvTextBox *amountBox(const QString &name, bool shownOnly)
 {
-    auto *box = new kvTextBox(name, plainText);
+    auto *box = new kvTextBox(name, boxType::Plain);
     box->setText(Money(0));
     box->setAlignment(Qt::AlignRight);
     if (shownOnly) {
@@ -100,7 +94,7 @@ QWidget *frmEditJOB::buildGreeting()
 
 QLayout *frmEditJOB::buildHead()
 {
-    txtJOBID = new kvTextBox(u"txtJOBID"_s, plainText);
+    txtJOBID = new kvTextBox(u"txtJOBID"_s, boxType::Plain);
     txtJOBID->setReadOnly(true);
     txtJOBID->setFocusPolicy(Qt::ClickFocus);
     JobDate = new DateField(u"JobDate"_s);
@@ -117,17 +111,17 @@ QLayout *frmEditJOB::buildHead()
     lblTrialInfo->setObjectName(u"lblTrialInfo"_s);
 
     auto *grid = new QGridLayout;
-    grid->addWidget(fieldLabel(u"JOB ID"_s), 0, 0);
+    grid->addWidget(captionOf(txtJOBID, u"JOB ID"_s), 0, 0);
     grid->addWidget(txtJOBID, 0, 1);
-    grid->addWidget(fieldLabel(u"Date :"_s), 0, 2);
+    grid->addWidget(captionOf(JobDate, u"Date :"_s), 0, 2);
     grid->addWidget(JobDate, 0, 3);
-    grid->addWidget(fieldLabel(u"Delivery Date :"_s), 0, 5);
+    grid->addWidget(captionOf(DateDel, u"Delivery Date :"_s), 0, 5);
     grid->addWidget(DateDel, 0, 6);
     grid->addWidget(lblDelDate, 0, 7);
-    grid->addWidget(fieldLabel(u"Client Name :"_s), 1, 0);
+    grid->addWidget(captionOf(cmbClient, u"Client Name :"_s), 1, 0);
     grid->addWidget(cmbClient, 1, 1, 1, 3);
     grid->addWidget(Command9, 1, 4);
-    grid->addWidget(fieldLabel(u"Trial  Date :"_s), 1, 5);
+    grid->addWidget(captionOf(DateTrial, u"Trial  Date :"_s), 1, 5);
     grid->addWidget(DateTrial, 1, 6);
     grid->addWidget(lblTrialInfo, 1, 7);
     grid->setColumnStretch(1, 2);
@@ -151,7 +145,7 @@ QLayout *frmEditJOB::buildFoot()
     Command12 = new Command(u"Command12"_s, u"Hide"_s);
     auto *reason = new QHBoxLayout(picCancel);
     reason->setContentsMargins({});
-    reason->addWidget(new QLabel(u"Cancel Reason"_s));
+    reason->addWidget(captionOf(txtCancel, u"Cancel Reason"_s));
     reason->addWidget(txtCancel, 1);
     reason->addWidget(Command12);
     QSizePolicy keepsItsRoom = picCancel->sizePolicy();
@@ -160,7 +154,7 @@ QLayout *frmEditJOB::buildFoot()
     picCancel->hide();
 
     auto *remark = new QHBoxLayout;
-    remark->addWidget(fieldLabel(u"Remark:"_s));
+    remark->addWidget(captionOf(txtRemark, u"Remark:"_s));
     remark->addWidget(txtRemark, 1);
     auto *cancel = new QHBoxLayout;
     cancel->addWidget(chStatus);
@@ -188,7 +182,7 @@ QLayout *frmEditJOB::buildFoot()
         {u"Amount Received :"_s, txtAmountPaid}, {u"Receipt Account :"_s, cmbAccount}, {u"Amount Due:"_s, txtAmount}};
     for (const auto &[caption, field] : amounts) {
         const int row = money->rowCount();
-        money->addWidget(fieldLabel(caption), row, 0);
+        money->addWidget(captionOf(field, caption), row, 0);
         money->addWidget(field, row, 1);
     }
     money->setColumnMinimumWidth(1, 200);
@@ -219,12 +213,9 @@ QLayout *frmEditJOB::buildCommands()
 
 void frmEditJOB::setTabs()
 {
-    const QList<QWidget *> order = QList<QWidget *>{JobDate, cmbClient, Command9, DateDel, DateTrial}
-        + m_items->tabOrder()
+    chainTabs(QList<QWidget *>{JobDate, cmbClient, Command9, DateDel, DateTrial} + m_items->tabOrder()
         + QList<QWidget *>{txtAmountPaid, cmbAccount, txtRemark, chJobStatus, chStatus, Command8, txtCancel, Command12,
-            Command1, Command2, Command3, Command7, Command11};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+            Command1, Command2, Command3, Command7, Command11});
 }
 
 void frmEditJOB::connectCommands()

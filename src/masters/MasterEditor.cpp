@@ -5,6 +5,7 @@
 #include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/complain.h"
+#include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvTextBox.h"
 #include "ui/language.h"
@@ -49,11 +50,8 @@ QLabel *MasterEditor::hint(const QString &text)
 
 void MasterEditor::addField(QGridLayout *grid, const QString &caption, QWidget *field, const QString &hintText)
 {
-    auto *label = new QLabel(caption);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setBuddy(field);
     const int row = grid->rowCount();
-    grid->addWidget(label, row, 0);
+    grid->addWidget(captionOf(field, caption), row, 0);
     grid->addWidget(field, row, 1);
     if (hintText.isEmpty())
         return;

@@ -11,7 +11,9 @@
 #include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
+#include "ui/boxType.h"
 #include "ui/entryKeys.h"
+#include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 #include "ui/language.h"
 
@@ -96,19 +98,17 @@ MasterList::MasterList(Master master) : Screen(kindOf(master).screen, kindOf(mas
 void MasterList::buildForm()
 {
     // Searching ignores case; what is typed stays as typed.
-    constexpr int plainText = 2;
-    txtSearch = new kvTextBox(u"txtSearch"_s, plainText);
+    txtSearch = new kvTextBox(u"txtSearch"_s, boxType::Plain);
     txtSearch->setAutoTab(false);
-    auto *label = new QLabel(u"Sea&rch :"_s);
-    label->setBuddy(txtSearch);
     lstSummary = new ListView(u"lstSummary"_s, {{m_kind.title, 100}});
     lstSummary->setHeaderHidden(true);
+    lstSummary->setAccessibleName(m_kind.title);
     Command1 = new Command(u"Command1"_s, u"&Add New"_s);
     Command1->setDefault(true);
     Command2 = new Command(u"Command2"_s, m_kind.backCaption);
 
     auto *head = new QHBoxLayout;
-    head->addWidget(label);
+    head->addWidget(captionOf(txtSearch, u"Sea&rch :"_s));
     head->addWidget(txtSearch, 1);
     auto *commands = new QHBoxLayout;
     commands->addWidget(Command2);
@@ -119,8 +119,7 @@ void MasterList::buildForm()
     form->addWidget(lstSummary, 1);
     form->addLayout(commands);
     resize(420, 480);
-    setTabOrder(lstSummary, Command1);
-    setTabOrder(Command1, Command2);
+    chainTabs({lstSummary, Command1, Command2});
 }
 
 void MasterList::connectCommands()

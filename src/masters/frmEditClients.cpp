@@ -6,6 +6,7 @@
 #include "ui/Command.h"
 #include "ui/DateField.h"
 #include "ui/complain.h"
+#include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
@@ -50,6 +51,7 @@ void frmEditClients::buildForm()
     keyRow->setContentsMargins({});
     keyRow->addWidget(txtKey, 1);
     keyRow->addWidget(Command3);
+    key->setFocusProxy(txtKey);
 
     auto *fields = new QGridLayout;
     addField(fields, u"Client Name :"_s, txtName);
@@ -63,9 +65,7 @@ void frmEditClients::buildForm()
     buildFrame(fields);
     resize(520, sizeHint().height());
 
-    QWidget *const order[]{txtName, txtKey, txtAddress, txtCity, txtState, txtMobile, dateDob, Command1, Command2};
-    for (size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    chainTabs({txtName, txtKey, txtAddress, txtCity, txtState, txtMobile, dateDob, Command1, Command2});
 }
 
 void frmEditClients::startNew()

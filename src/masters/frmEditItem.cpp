@@ -3,7 +3,9 @@
 #include "base/values.h"
 #include "store/DataEnvironment.h"
 #include "ui/Command.h"
+#include "ui/boxType.h"
 #include "ui/complain.h"
+#include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 #include "ui/kvTextBoxMultiLine.h"
 
@@ -18,8 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int amount = 1;
-constexpr int plainText = 2;
 /// The forecast of delivery dates counts in small whole numbers.
 constexpr int largestCount = std::numeric_limits<qint16>::max();
 const QString lineEnd = u"\r\n"_s;
@@ -60,18 +60,16 @@ void frmEditItem::buildForm()
     buildFrame(columns);
     resize(760, 470);
 
-    QWidget *const order[]{txtName, txtFees, txtWorkerFees, txtProductionCap, txtPendingOrdersBal, ckProduct, ckNotInv,
-        txtItemDetails, Command1, Command2};
-    for (size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    chainTabs({txtName, txtFees, txtWorkerFees, txtProductionCap, txtPendingOrdersBal, ckProduct, ckNotInv,
+        txtItemDetails, Command1, Command2});
 }
 
 QLayout *frmEditItem::buildFields()
 {
-    txtFees = numberField(u"txtFees"_s, amount);
-    txtWorkerFees = numberField(u"txtWorkerFees"_s, amount);
-    txtProductionCap = numberField(u"txtProductionCap"_s, plainText);
-    txtPendingOrdersBal = numberField(u"txtPendingOrdersBal"_s, plainText);
+    txtFees = numberField(u"txtFees"_s, boxType::Amount);
+    txtWorkerFees = numberField(u"txtWorkerFees"_s, boxType::Amount);
+    txtProductionCap = numberField(u"txtProductionCap"_s, boxType::Plain);
+    txtPendingOrdersBal = numberField(u"txtPendingOrdersBal"_s, boxType::Plain);
     ckProduct = option(u"ckProduct"_s, u"Inventory"_s);
     ckNotInv = option(u"ckNotInv"_s, u"Non Inventory"_s);
     auto *types = new QWidget;
@@ -97,8 +95,8 @@ QLayout *frmEditItem::buildTemplate()
     txtItemDetails = new kvTextBoxMultiLine(u"txtItemDetails"_s);
     txtItemDetails->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     txtItemDetails->setLineWrapMode(QPlainTextEdit::NoWrap);
-    auto *caption = new QLabel(u"Item's Measurement Fields"_s);
-    caption->setBuddy(txtItemDetails);
+    auto *caption = captionOf(txtItemDetails, u"Item's Measurement Fields"_s);
+    caption->setAlignment(Qt::AlignLeft);
     auto *column = new QVBoxLayout;
     column->addWidget(caption);
     column->addWidget(txtItemDetails, 1);

@@ -5,7 +5,9 @@
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
+#include "ui/boxType.h"
 #include "ui/entryKeys.h"
+#include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 
 #include <QBoxLayout>
@@ -18,8 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Searching ignores case; what is typed stays as typed.
-constexpr int plainText = 2;
 constexpr int searchesInARow = 2;
 
 } // namespace
@@ -45,11 +45,14 @@ void frmSearchClient::buildForm()
     for (const Search &search : searches) {
         const int row = place / searchesInARow;
         const int column = place % searchesInARow * 2;
-        grid->addWidget(new QLabel(search.caption), row, column, Qt::AlignRight);
-        grid->addWidget(searchBox(search), row, column + 1);
+        kvTextBox *box = searchBox(search);
+        grid->addWidget(captionOf(box, search.caption), row, column);
+        grid->addWidget(box, row, column + 1);
         ++place;
     }
     lvResults = new ListView(u"lvResults"_s, {{u"Name"_s, 30}, {u"Address"_s, 34}, {u"City"_s, 16}, {u"Mobile"_s, 20}});
+
+    lvResults->setAccessibleName(u"Clients"_s);
 
     auto *query = new QGroupBox(u"Alter Query"_s);
     query->setObjectName(u"fmQuery"_s);
@@ -78,7 +81,8 @@ void frmSearchClient::buildForm()
 
 kvTextBox *frmSearchClient::searchBox(const Search &search)
 {
-    auto *box = new kvTextBox(search.name, plainText);
+    // Searching ignores case; what is typed stays as typed.
+    auto *box = new kvTextBox(search.name, boxType::Plain);
     box->setAutoTab(false);
     connect(box, &kvTextBox::changed, this, [this, box, column = search.column] { SearchText(box->Text(), column); });
     connect(box, &kvTextBox::keyDown, this, [this](int &key) { ScrollLV(*lvResults, key); });

@@ -33,6 +33,7 @@ frmDDP::frmDDP() : Screen(u"frmDDP"_s, u"Pending Orders Status"_s)
     lvSummary = new ListView(u"lvSummary"_s,
         {{u"Name of Item"_s, 24}, {u"Production Cap."_s, 18, true}, {u"Pending Orders"_s, 18, true},
             {u"Order Today"_s, 14, true}, {u"Watting"_s, 11, true}, {u"Pre. Del. Date"_s, 15, true}});
+    lvSummary->setAccessibleName(windowTitle());
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary);
     resize(920, 520);

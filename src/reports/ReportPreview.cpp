@@ -2,7 +2,9 @@
 
 #include "reports/reportOutput.h"
 #include "ui/Command.h"
+#include "ui/formFields.h"
 
+#include <QAbstractScrollArea>
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -60,6 +62,8 @@ void ReportPreview::buildForm()
     m_view->setViewMode(QPrintPreviewWidget::SinglePageView);
     m_view->fitToWidth();
     m_view->setFocusPolicy(Qt::StrongFocus);
+    nameAloud(m_view, u"Pages"_s);
+    nameAloud(m_view->findChild<QAbstractScrollArea *>(), u"Pages"_s);
 
     cmdFirst = signCommand(u"cmdFirst"_s, u"\u00ab"_s, u"First page (Home)"_s);
     cmdPrevious = signCommand(u"cmdPrevious"_s, u"\u2039"_s, u"Previous page (Page Up)"_s);

@@ -3,6 +3,7 @@
 
 #include "ui/Command.h"
 #include "ui/DateField.h"
+#include "ui/formFields.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -13,10 +14,8 @@ frmSetDate::frmSetDate()
     : Screen(u"frmSetDate"_s, u"Select Date"_s), DateFrom(new DateField(u"DateFrom"_s)),
       Command1(new Command(u"Command1"_s, u"&Ok"_s))
 {
-    auto *label = new QLabel(u"&Date :"_s);
-    label->setBuddy(DateFrom);
     auto *form = new QGridLayout(this);
-    form->addWidget(label, 0, 0);
+    form->addWidget(captionOf(DateFrom, u"&Date :"_s), 0, 0);
     form->addWidget(DateFrom, 0, 1);
     form->addWidget(Command1, 1, 1, Qt::AlignRight);
     form->setColumnMinimumWidth(1, 180);

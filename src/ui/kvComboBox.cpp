@@ -2,6 +2,7 @@
 
 #include "base/values.h"
 #include "ui/EntryField.h"
+#include "ui/boxType.h"
 #include "ui/entryKeys.h"
 #include "ui/modAutoSearch.h"
 
@@ -16,7 +17,7 @@ kvComboBox::kvComboBox(QWidget *parent) : QComboBox(parent), m_entry(new EntryFi
     connect(this, &QComboBox::currentTextChanged, this, &kvComboBox::changed);
     connect(m_entry, &EntryField::gotFocus, this, &kvComboBox::gotFocus);
     connect(m_entry, &EntryField::lostFocus, this, [this] {
-        if (m_boxType == 1)
+        if (m_boxType == boxType::Amount)
             setText(Text());
         emit lostFocus();
     });
@@ -31,7 +32,7 @@ kvComboBox::kvComboBox(const QString &name, QWidget *parent) : kvComboBox(parent
 
 void kvComboBox::setText(const QString &text)
 {
-    setComboText(*this, m_boxType == 1 ? Money(Val(text)) : text);
+    setComboText(*this, m_boxType == boxType::Amount ? Money(Val(text)) : text);
 }
 
 QColor kvComboBox::ForeColor() const
@@ -49,7 +50,7 @@ void kvComboBox::keyPressEvent(QKeyEvent *event)
     if (m_entry->keySwallowed(*event))
         return;
     const auto filtered = [this](int key) {
-        return m_boxType == 1 && key >= keys::Blank ? DecimalKeysOnly(Text(), key) : key;
+        return m_boxType == boxType::Amount && key >= keys::Blank ? DecimalKeysOnly(Text(), key) : key;
     };
     m_entry->passCharacter(event, filtered, [this](QKeyEvent *left) { QComboBox::keyPressEvent(left); });
 }

@@ -2,6 +2,7 @@
 
 #include "base/values.h"
 #include "ui/EntryField.h"
+#include "ui/boxType.h"
 #include "ui/entryKeys.h"
 
 #include <QApplication>
@@ -17,7 +18,7 @@ kvTextBox::kvTextBox(QWidget *parent) : QLineEdit(parent), m_entry(new EntryFiel
     connect(this, &QLineEdit::textChanged, this, &kvTextBox::changed);
     connect(m_entry, &EntryField::gotFocus, this, &kvTextBox::gotFocus);
     connect(m_entry, &EntryField::lostFocus, this, [this] {
-        if (m_boxType == 1)
+        if (m_boxType == boxType::Amount)
             setText(text());
         emit lostFocus();
     });
@@ -33,7 +34,7 @@ kvTextBox::kvTextBox(const QString &name, int boxType, QWidget *parent) : kvText
 
 void kvTextBox::setText(const QString &text)
 {
-    QLineEdit::setText(m_boxType == 1 ? Money(Val(text)) : text);
+    QLineEdit::setText(m_boxType == boxType::Amount ? Money(Val(text)) : text);
     // A long text shows its beginning.
     if (!hasFocus())
         home(false);
@@ -55,7 +56,7 @@ void kvTextBox::keyPressEvent(QKeyEvent *event)
         return;
     if (m_autoTab && keys::characterCode(*event) == keys::Enter)
         return cSendKeys::SendKeys(u"{tab}"_s);
-    if (m_boxType == 1 && event->matches(QKeySequence::Paste))
+    if (m_boxType == boxType::Amount && event->matches(QKeySequence::Paste))
         return pasteAmount();
     m_entry->passCharacter(
         event, [this](int key) { return filtered(key); }, [this](QKeyEvent *left) { QLineEdit::keyPressEvent(left); });
@@ -65,14 +66,14 @@ int kvTextBox::filtered(int key)
 {
     // Copy, cut and the like are for the field to act on.
     const bool typesText = key >= keys::Blank;
-    if (m_boxType == 1 && typesText) {
+    if (m_boxType == boxType::Amount && typesText) {
         // What is selected goes with the next key, and its point with it.
         QString rest = text();
         if (hasSelectedText())
             rest.remove(selectionStart(), selectionLength());
         return DecimalKeysOnly(rest, key);
     }
-    if (m_boxType == 0) {
+    if (m_boxType == boxType::Text) {
         const bool startsWord = text().isEmpty() || m_lastKey == keys::Blank;
         m_lastKey = startsWord && typesText ? QChar(key).toUpper().unicode() : key;
         return m_lastKey;

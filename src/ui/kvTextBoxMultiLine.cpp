@@ -2,6 +2,7 @@
 
 #include "base/values.h"
 #include "ui/EntryField.h"
+#include "ui/boxType.h"
 #include "ui/entryKeys.h"
 
 #include <QKeyEvent>
@@ -18,7 +19,7 @@ kvTextBoxMultiLine::kvTextBoxMultiLine(QWidget *parent) : QPlainTextEdit(parent)
         QTextCursor caret = textCursor();
         caret.clearSelection();
         setTextCursor(caret);
-        if (m_boxType == 1)
+        if (m_boxType == boxType::Amount)
             setText(Text());
         emit lostFocus();
     });
@@ -40,7 +41,7 @@ QString kvTextBoxMultiLine::Text() const
 
 void kvTextBoxMultiLine::setText(const QString &text)
 {
-    m_setText = m_boxType == 1 ? Money(Val(text)) : text;
+    m_setText = m_boxType == boxType::Amount ? Money(Val(text)) : text;
     setPlainText(m_setText);
 }
 
@@ -71,7 +72,7 @@ void kvTextBoxMultiLine::keyPressEvent(QKeyEvent *event)
     if (m_entry->keySwallowed(*event))
         return;
     const auto filtered = [this](int key) {
-        return m_boxType == 1 && key >= keys::Blank ? DecimalKeysOnly(toPlainText(), key) : key;
+        return m_boxType == boxType::Amount && key >= keys::Blank ? DecimalKeysOnly(toPlainText(), key) : key;
     };
     m_entry->passCharacter(event, filtered, [this](QKeyEvent *left) { QPlainTextEdit::keyPressEvent(left); });
 }

@@ -1,3 +1,4 @@
+#include "support/NamelessControls.h"
 #include "support/testRegistry.h"
 #include "ui/Application.h"
 #include "ui/theme.h"
@@ -12,5 +13,7 @@ int main(int count, char **values)
     Application application(count, values);
     Application::setQuitOnLastWindowClosed(false);
     applyTheme(application);
+    NamelessControls namelessControls;
+    application.installEventFilter(&namelessControls);
     return TestRegistry::instance().run(Application::arguments());
 }

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class QLabel;
+class QWidget;
+
+/// The label of a field, to stand before it: its access key, if `caption` has one, goes to the field, and so does its
+/// text as accessible name (see `nameAloud`).
+[[nodiscard]] QLabel *captionOf(QWidget *field, const QString &caption);
+
+/// What a screen reader says for `control`: the caption without its signs. A control that stands for another one, being
+/// its focus proxy, passes it on.
+void nameAloud(QWidget *control, const QString &caption);
+
+/// Tab goes through the controls in this order.
+void chainTabs(const QList<QWidget *> &order);
