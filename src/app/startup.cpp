@@ -82,12 +82,14 @@ QString openingFault(const std::optional<RuntimeError> &notMade)
     return {};
 }
 
+/// Whoever offers the choice goes on afterwards as if none had been made: with the file that the session has then.
 void offerDatabases()
 {
     if (frmSelectDB().exec() != QDialog::Accepted)
         return;
     WriteConfig();
     endFirstRun();
+    RestartSession();
 }
 
 void openOrOffer(const std::optional<RuntimeError> &notMade)
