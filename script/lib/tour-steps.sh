@@ -34,16 +34,6 @@ keys() { xdotool key --delay 40 "$@"; sleep 0.2; }
 words() { xdotool type --delay 15 -- "$1"; sleep 0.1; }
 # field TEXT: types it and moves on.
 field() { words "$1"; keys Return; }
-# click X Y [COUNT]: in the window in front, from its top left corner, or from its far edges where below zero.
-click()
-{
-    local x=$1 y=$2 WIDTH=0 HEIGHT=0
-    eval "$(xdotool getactivewindow getwindowgeometry --shell | grep -E '^(WIDTH|HEIGHT)=')"
-    ((x >= 0)) || x=$((WIDTH + x))
-    ((y >= 0)) || y=$((HEIGHT + y))
-    xdotool mousemove --window "$(xdotool getactivewindow)" "$x" "$y" click --repeat "${3-1}" --delay 60 1
-    sleep 0.3
-}
 answer() { window "The Corvane"; keys "$1"; }
 
 main="Corvane 8.2 | www.corvane.example | Made to measure"
@@ -147,7 +137,8 @@ words "9829"
 picture search-client
 keys Escape
 window "Create New Job Card"
-click 210 -32
+# Back from the command that the search was called by, round to the last one.
+keys shift+Tab shift+Tab shift+Tab space
 window "Pending Orders Status"
 picture pending-orders
 keys Escape
@@ -157,7 +148,7 @@ window "Search Client"
 words "nandini"
 keys Return
 window "Create New Job Card"
-words "rav"
+words "raj"
 picture client-by-typing
 keys Return
 picture greeting
@@ -197,7 +188,7 @@ words 321
 picture open-by-number
 keys Return
 window "Edit JOB Card"
-click 200 180 2
+keys ctrl+i Return
 window "Item"
 keys shift+Tab shift+Tab shift+Tab
 picture item-again

@@ -15,6 +15,7 @@
 #include "ui/frmMsg.h"
 #include "ui/platformBox.h"
 #include "ui/theme.h"
+#include "ui/userValues.h"
 
 #include <QApplication>
 #include <QDir>
@@ -22,7 +23,6 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QScopedValueRollback>
-#include <QSettings>
 #include <QTextStream>
 #include <QTimer>
 
@@ -122,11 +122,6 @@ void bringUpDatabase()
     MakeImagesFolder();
     CheckDatabaseVersion();
     InitCurrentDate();
-}
-
-QSettings userValues()
-{
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Corvane"_s, u"Corvane"_s);
 }
 
 } // namespace

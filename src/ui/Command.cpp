@@ -2,6 +2,12 @@
 
 #include <QKeyEvent>
 
+namespace {
+
+constexpr int leastWidth = 90;
+
+} // namespace
+
 Command::Command(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
 {
     setAutoDefault(false);
@@ -43,7 +49,8 @@ QSize Command::sizeHint() const
         bold.setBold(true);
         size.rwidth() += QFontMetrics(bold).horizontalAdvance(text()) - fontMetrics().horizontalAdvance(text());
     }
-    return size;
+    // Here and not as a least width in the style sheet, which would let a narrow screen cut the caption.
+    return size.expandedTo({leastWidth, 0});
 }
 
 bool Command::event(QEvent *event)

@@ -1,21 +1,16 @@
 #include "ui/ListView.h"
 
+#include "ui/userValues.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <QSettings>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int leastColumnWidth = 24;
-
-/// Where the program keeps what belongs to the user of the machine and not to the shop.
-QSettings userValues()
-{
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Corvane"_s, u"Corvane"_s);
-}
 
 } // namespace
 

@@ -3,6 +3,8 @@
 #include "store/DataEnvironment.h"
 #include "ui/DateField.h"
 #include "ui/entryKeys.h"
+#include "ui/monitorFit.h"
+#include "ui/userValues.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
@@ -11,6 +13,8 @@
 #include <QScreen>
 #include <QTextEdit>
 #include <QWindow>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -36,8 +40,6 @@ void placeAbove(QWidget &window, const QWidget &below)
     window.windowHandle()->setTransientParent(below.windowHandle());
     if (window.testAttribute(Qt::WA_Moved))
         return;
-    if (!window.testAttribute(Qt::WA_Resized))
-        window.adjustSize();
     const QRect room = below.screen()->availableGeometry();
     QRect place(QPoint(), window.size());
     place.moveCenter(below.geometry().center());
@@ -72,14 +74,40 @@ void Screen::setVisible(bool visible)
         return QDialog::setVisible(visible);
     if (!visible) {
         shownScreens().removeAll(this);
+        rememberSize();
         return QDialog::setVisible(false);
     }
+    takeRememberedSize();
     if (const Screen *below = front())
         placeAbove(*this, *below);
     shownScreens().append(this);
     QDialog::setVisible(true);
     activateWindow();
     comeToFront();
+}
+
+void Screen::takeRememberedSize()
+{
+    // One that is as large as its content asks, such as a message, stays so.
+    m_hasOwnSize = testAttribute(Qt::WA_Resized) && !isMaximized();
+    if (const QSize remembered = userValues().value(sizeKey()).toSize(); m_hasOwnSize && remembered.isValid())
+        resize(remembered);
+    fitToMonitor(*this);
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
+    m_sizeShown = size();
+}
+
+void Screen::rememberSize()
+{
+    // Only what the user made of it: else a screen would keep today's size when its design grows.
+    if (m_hasOwnSize && size() != m_sizeShown && !isMaximized() && !isMinimized())
+        userValues().setValue(sizeKey(), size());
+}
+
+QString Screen::sizeKey() const
+{
+    return u"Sizes/"_s + objectName();
 }
 
 int Screen::exec()

@@ -5,7 +5,7 @@
 class QKeyEvent;
 
 /// Base of all screens: a window that is shown modally, closes on Escape, sees each key before its controls do, and is
-/// told when it comes to the front.
+/// told when it comes to the front. It is never larger than its monitor, and has the size that the user gave it last.
 class Screen : public QDialog {
     Q_OBJECT
 
@@ -49,8 +49,13 @@ protected:
 private:
     bool preview(QKeyEvent *event);
     void comeToFront();
+    void takeRememberedSize();
+    void rememberSize();
+    [[nodiscard]] QString sizeKey() const;
 
     EntryKeys m_entryKeys = NoEntryKeys;
+    bool m_hasOwnSize = false;
+    QSize m_sizeShown;
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(Screen::EntryKeys)

@@ -112,7 +112,7 @@ QPalette houseColours()
 // Text fields, combos and date fields have no rule here: what they show of the focus is in their palette.
 const auto styleSheet = uR"(
 QPushButton {
-    padding: 6px 16px; min-width: 56px; border: 1px solid #aab4c0; border-radius: 5px; background: #fdfdfe; color: #16212c;
+    padding: 6px 16px; border: 1px solid #aab4c0; border-radius: 5px; background: #fdfdfe; color: #16212c;
 }
 QPushButton:hover { background: #eef3f9; }
 QPushButton:pressed, QPushButton:checked { background: #d5e0ec; }
@@ -120,6 +120,7 @@ QPushButton:default { background: #1d5a8a; border-color: #1d5a8a; color: white; 
 QPushButton:default:hover { background: #256ca4; }
 QPushButton:focus { border: 2px solid #d98324; padding: 5px 15px; outline: none; }
 QPushButton:disabled { background: #eceff3; border: 1px solid #d3d9e0; color: #9aa4af; font-weight: normal; }
+QDialogButtonBox QPushButton { min-width: 56px; }
 QToolButton:focus { border: 2px solid #d98324; border-radius: 4px; }
 
 QTreeView, QListView, QTableView { border: 2px solid #c3cbd5; border-radius: 3px; }

@@ -12,6 +12,7 @@
 #include "ui/kvTextBoxMultiLine.h"
 
 #include <QKeyEvent>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -72,6 +73,9 @@ private slots:
     void escapeClosesFromAnyControl();
     void activationComesOnceForEachComingToTheFront();
     void aScreenMayCloseItselfWhenActivated();
+    void noScreenIsLargerThanItsMonitor_data();
+    void noScreenIsLargerThanItsMonitor();
+    void theSizeThatTheUserGaveComesBack();
     void complainingLeadsToTheField();
     void commandsThatComeLaterDoNothing();
     void failuresReachTheHandlerOnce();
@@ -207,6 +211,61 @@ void ScreenTest::aScreenMayCloseItselfWhenActivated()
         driver::press(Qt::Key_Escape);
     });
     lower.exec();
+}
+
+void ScreenTest::noScreenIsLargerThanItsMonitor_data()
+{
+    QTest::addColumn<QSize>("content");
+    QTest::addColumn<QSize>("wanted");
+    QTest::newRow("content") << QSize(3000, 2000) << QSize();
+    QTest::newRow("content, in height alone") << QSize(300, 2000) << QSize();
+    QTest::newRow("designed so") << QSize(300, 200) << QSize(3000, 2000);
+    QTest::newRow("least size") << QSize(3000, 2000) << QSize(1500, 1500);
+}
+
+void ScreenTest::noScreenIsLargerThanItsMonitor()
+{
+    QFETCH(QSize, content);
+    QFETCH(QSize, wanted);
+    EntryScreen screen;
+    screen.list.setMinimumSize(content);
+    if (wanted.isValid()) {
+        screen.setMinimumSize(wanted.boundedTo({1500, 1500}));
+        screen.resize(wanted);
+    }
+    screen.second.setFocus();
+    QVERIFY(driver::show(screen));
+    const QSize room = screen.screen()->availableSize();
+    QVERIFY(screen.width() <= room.width() && screen.height() <= room.height());
+    QVERIFY(screen.second.hasFocus());
+    // Every field can be reached by Tab in the order that it had, and is in view then.
+    for (QWidget *control : std::initializer_list<QWidget *>{&screen.remark, &screen.list, &screen.save, &screen.close})
+        control == &screen.list ? screen.list.setFocus() : driver::press(Qt::Key_Tab);
+    QVERIFY(screen.close.hasFocus());
+    QVERIFY(screen.rect().contains(QRect(screen.close.mapTo(&screen, QPoint()), QSize(20, screen.close.height()))));
+    driver::press(Qt::Key_Tab);
+    QVERIFY(screen.first.hasFocus());
+    QVERIFY(screen.rect().contains(screen.first.mapTo(&screen, QPoint(2, 2))));
+}
+
+void ScreenTest::theSizeThatTheUserGaveComesBack()
+{
+    const auto shownSize = [](QSize changed) {
+        EntryScreen screen(u"SizedScreen"_s);
+        screen.resize(600, 500);
+        [&] { QVERIFY(driver::show(screen)); }();
+        const QSize shown = screen.size();
+        if (changed.isValid())
+            screen.resize(changed);
+        screen.close.setFocus();
+        screen.reject();
+        return shown;
+    };
+    QCOMPARE(shownSize({}), QSize(600, 500));
+    QCOMPARE(shownSize({640, 520}), QSize(600, 500));
+    QCOMPARE(shownSize({}), QSize(640, 520));
+    QCOMPARE(shownSize({5000, 400}), QSize(640, 520));
+    QVERIFY(shownSize({}).width() <= QGuiApplication::primaryScreen()->availableSize().width());
 }
 
 void ScreenTest::complainingLeadsToTheField()
