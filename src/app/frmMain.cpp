@@ -77,6 +77,8 @@ frmMain::frmMain()
         if (isVisible())
             takeDate();
     });
+    onKey(Qt::Key_F2, u"Working date"_s, [this] { TodayDate->setFocus(Qt::TabFocusReason); });
+    onKey(Qt::Key_F3, u"Open a job card by its number"_s, [] { frmOpenJob().exec(); });
 }
 
 void frmMain::buildForm()
@@ -221,21 +223,6 @@ void frmMain::takeDate()
 {
     session::CurrentDate = TodayDate->date();
     SaveSetting(setting::WorkingDate, DateText(session::CurrentDate));
-}
-
-bool frmMain::keyPreview(QKeyEvent *event)
-{
-    if (event->modifiers() != Qt::NoModifier)
-        return false;
-    switch (event->key()) {
-    case Qt::Key_F2:
-        if (TodayDate->hasFocus())
-            return false;
-        TodayDate->setFocus(Qt::TabFocusReason);
-        return true;
-    case Qt::Key_F3: frmOpenJob().exec(); return true;
-    default: return false;
-    }
 }
 
 void frmMain::escapePressed()

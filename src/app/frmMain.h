@@ -26,7 +26,6 @@ public:
     void SetWall();
 
 protected:
-    bool keyPreview(QKeyEvent *event) override;
     void escapePressed() override;
     void activated() override;
     void done(int result) override;

@@ -13,7 +13,6 @@
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 
 #include <limits>
@@ -42,15 +41,8 @@ frmOpenJob::frmOpenJob()
 
     filterKeys(txtJOBID, DigitKeysOnly);
     connect(Command1, &Command::clicked, this, &frmOpenJob::openCard);
-}
-
-bool frmOpenJob::keyPreview(QKeyEvent *event)
-{
     // One number, one Enter: the box would only move on to the command.
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
-        return Screen::keyPreview(event);
-    Command1->trigger();
-    return true;
+    onKey(Qt::Key_Return, u"Open"_s, [this] { Command1->trigger(); });
 }
 
 void frmOpenJob::openCard()

@@ -13,8 +13,6 @@ public:
     frmOpenJob();
 
 protected:
-    bool keyPreview(QKeyEvent *event) override;
-
 private:
     void openCard();
 

@@ -212,13 +212,16 @@ void frmAddItem::connectCommands()
         itemConfirmed();
     });
     connect(txtClientRemark, &kvTextBoxMultiLine::keyPress, this, [this](int &key) {
-        const bool enter = key == keys::Enter;
-        if (enter && m_enterBefore) {
-            key = keys::Swallowed;
-            Command1->setFocus(Qt::TabFocusReason);
+        const QTextCursor caret = txtClientRemark->textCursor();
+        if (key != keys::Enter || caret.position() != m_caretBehindEnter) {
+            m_caretBehindEnter = key == keys::Enter ? caret.selectionStart() + 1 : -1;
+            return;
         }
-        m_enterBefore = enter && !m_enterBefore;
+        key = keys::Swallowed;
+        m_caretBehindEnter = -1;
+        Command1->setFocus(Qt::TabFocusReason);
     });
+    connect(txtClientRemark, &kvTextBoxMultiLine::lostFocus, this, [this] { m_caretBehindEnter = -1; });
 
     connect(picColor, &QPushButton::clicked, this, &frmAddItem::chooseColor);
     // A single option has no other to go to: once on, only loading an item turns it off.
@@ -235,14 +238,6 @@ void frmAddItem::connectCommands()
     connect(Command6, &Command::clicked, this, [this] { clearImage(pic1, picPath1); });
     connect(Command2, &Command::clicked, this, &frmAddItem::cleanForm);
     connect(Command1, &Command::clicked, this, &frmAddItem::confirm);
-}
-
-bool frmAddItem::keyPreview(QKeyEvent *event)
-{
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter || !txtClientRemark->hasFocus())
-        m_enterBefore = false;
-    return Screen::keyPreview(event);
 }
 
 void frmAddItem::activated()

@@ -39,7 +39,6 @@ public:
     void LoadLastConfig(int ItemID, int ClientID);
 
 protected:
-    bool keyPreview(QKeyEvent *event) override;
     void activated() override;
 
 private:
@@ -93,5 +92,6 @@ private:
     clsJobCardData *m_rows = nullptr;
     bool ItemCancelled = true;
     double m_color = 0;
-    bool m_enterBefore = false;
+    /// Where the caret stands in the client's remark when the key before was Enter; -1 when it was not.
+    int m_caretBehindEnter = -1;
 };

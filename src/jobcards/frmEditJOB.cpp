@@ -16,6 +16,7 @@
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
+#include "ui/accountCombo.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
 #include "ui/entryFilters.h"
@@ -66,9 +67,7 @@ frmEditJOB::frmEditJOB() : Screen(u"frmEditJOB"_s, u"Create New Job Card"_s), m_
     setTabs();
     connectCommands();
     fillClients();
-    setComboEntries(*cmbAccount,
-        FillCombo(
-            u"Title"_s, u"Accounts"_s, u" where type="_s + QString::number(2) + u" and nature=0 "_s, DE().rsaccounts));
+    fillWithTitles(*cmbAccount, u" where type="_s + QString::number(2) + u" and nature=0 "_s);
     setEntryKeys(EnterMovesOn | PageKeysMove);
 }
 
@@ -98,8 +97,7 @@ QLayout *frmEditJOB::buildHead()
     txtJOBID->setReadOnly(true);
     txtJOBID->setFocusPolicy(Qt::ClickFocus);
     JobDate = new DateField(u"JobDate"_s);
-    cmbClient = new kvComboBox(u"cmbClient"_s);
-    installAutoSearch(cmbClient);
+    cmbClient = accountCombo(u"cmbClient"_s);
     // Off the way of Enter and Tab: whoever has found the client by typing goes on to the dates with one stroke.
     Command9 = new Command(u"Command9"_s, u"&Quick Find"_s);
     Command9->setFocusPolicy(Qt::ClickFocus);
@@ -170,8 +168,7 @@ QLayout *frmEditJOB::buildFoot()
     txtAmountDue = amountBox(u"txtAmountDue"_s, true);
     txtAmountPaid = amountBox(u"txtAmountPaid"_s, false);
     txtAmountPaid->setText(u"0"_s);
-    cmbAccount = new kvComboBox(u"cmbAccount"_s);
-    installAutoSearch(cmbAccount);
+    cmbAccount = accountCombo(u"cmbAccount"_s);
     txtAmount = amountBox(u"txtAmount"_s, true);
     QFont strong = txtAmount->font();
     strong.setBold(true);
@@ -224,6 +221,10 @@ void frmEditJOB::connectCommands()
     filterKeys(txtAmountPaid, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtAmountPaid), key); });
     connect(cmbClient, &kvComboBox::lostFocus, this, &frmEditJOB::greetClient);
     connect(txtAmountPaid, &kvTextBox::lostFocus, this, &frmEditJOB::leaveReceived);
+    onKey(Qt::CTRL | Qt::Key_I, u"To the items"_s, [this] { m_items->setFocus(Qt::ShortcutFocusReason); });
+    onKey(
+        Qt::CTRL | Qt::Key_A, u"In the client field: a new client"_s, [this] { addClient(); },
+        [this] { return cmbClient->hasFocus(); });
     connect(m_items, &JobCardItems::addWanted, this, &frmEditJOB::addItem);
     connect(m_items, &JobCardItems::editWanted, this, &frmEditJOB::editItem);
     connect(m_items, &JobCardItems::changed, this, &frmEditJOB::DoTotal);
@@ -249,19 +250,6 @@ void frmEditJOB::connectCommands()
         chStatus->setFocus(Qt::OtherFocusReason);
         picCancel->hide();
     });
-}
-
-bool frmEditJOB::keyPreview(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_I && event->modifiers() == Qt::ControlModifier) {
-        m_items->setFocus(Qt::ShortcutFocusReason);
-        return true;
-    }
-    if (event->key() == Qt::Key_A && event->modifiers() == Qt::ControlModifier && cmbClient->hasFocus()) {
-        addClient();
-        return true;
-    }
-    return Screen::keyPreview(event);
 }
 
 void frmEditJOB::done(int result)
@@ -382,8 +370,7 @@ void frmEditJOB::leaveReceived()
 
 void frmEditJOB::fillClients()
 {
-    setComboEntries(
-        *cmbClient, FillCombo(u"Title"_s, u"Accounts"_s, u" where type="_s + QString::number(0), DE().rsaccounts));
+    fillWithTitles(*cmbClient, u" where type="_s + QString::number(0));
 }
 
 void frmEditJOB::findClient()
@@ -414,8 +401,8 @@ void frmEditJOB::greetClient()
 
 void frmEditJOB::addItem()
 {
-    if (SelectComboEntry(*cmbClient) < 0)
-        return complain(u"Please Select Client!"_s, cmbClient);
+    if (!requireEntry(*cmbClient, u"Please Select Client!"_s))
+        return;
     if (!m_items->add(GetAccountID(cmbClient->Text())))
         cmbAccount->setFocus();
 }
@@ -451,8 +438,8 @@ void frmEditJOB::save()
 {
     if (hasRefusedDate(*this))
         return;
-    if (SelectComboEntry(*cmbClient) < 0)
-        return complain(u"Please Select Client!"_s, cmbClient);
+    if (!requireEntry(*cmbClient, u"Please Select Client!"_s))
+        return;
     if (m_items->isEmpty())
         return complain(u"Please Add Item!"_s, m_items->addCommand());
     if (txtAmountPaid->Text().isEmpty())
@@ -460,8 +447,8 @@ void frmEditJOB::save()
     const auto received = wholeNumberText(txtAmountPaid->Text());
     if (!received || std::abs(*received) > largestAmount)
         return complain(u"Amount Received is not a valid amount!"_s, txtAmountPaid);
-    if (Val(txtAmountPaid->Text()) > 0 && SelectComboEntry(*cmbAccount) < 0)
-        return complain(u"Please Select Receipt Account!"_s, cmbAccount);
+    if (Val(txtAmountPaid->Text()) > 0 && !requireEntry(*cmbAccount, u"Please Select Receipt Account!"_s))
+        return;
     const double number = Val(txtJOBID->Text());
     if (number < 1 || number > largestJobNumber || number != std::floor(number))
         return complain(u"Job ID must be a number from 1 to %1!"_s.arg(largestJobNumber), txtJOBID);

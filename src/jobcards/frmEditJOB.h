@@ -31,7 +31,6 @@ public:
     void DoTotal();
 
 protected:
-    bool keyPreview(QKeyEvent *event) override;
     void done(int result) override;
 
 private:

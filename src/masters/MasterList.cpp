@@ -18,9 +18,7 @@
 #include "ui/language.h"
 
 #include <QBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -87,7 +85,8 @@ const MasterList::Kind &MasterList::kindOf(Master master)
     return kinds[master];
 }
 
-MasterList::MasterList(Master master) : Screen(kindOf(master).screen, kindOf(master).title), m_kind(kindOf(master))
+MasterList::MasterList(Master master)
+    : RegisterScreen(kindOf(master).screen, kindOf(master).title, Refresh::WhenNeeded), m_kind(kindOf(master))
 {
     buildForm();
     connectCommands();
@@ -103,6 +102,7 @@ void MasterList::buildForm()
     lstSummary = new ListView(u"lstSummary"_s, {{m_kind.title, 100}});
     lstSummary->setHeaderHidden(true);
     lstSummary->setAccessibleName(m_kind.title);
+    setRegister(lstSummary);
     Command1 = new Command(u"Command1"_s, u"&Add New"_s);
     Command1->setDefault(true);
     Command2 = new Command(u"Command2"_s, m_kind.backCaption);
@@ -130,55 +130,38 @@ void MasterList::connectCommands()
         if (key != keys::Enter)
             return;
         key = keys::Swallowed;
-        openSelected();
+        openCurrent();
     });
-    connect(lstSummary, &ListView::opened, this, &MasterList::openSelected);
     connect(Command1, &Command::clicked, this, &MasterList::addNew);
     connect(Command2, &Command::clicked, this, &QDialog::reject);
-}
-
-bool MasterList::keyPreview(QKeyEvent *event)
-{
-    constexpr int controlA = 1;
-    if (!m_kind.controlAAdds || keys::characterCode(*event) != controlA)
-        return Screen::keyPreview(event);
-    Command1->trigger();
-    return true;
+    if (m_kind.controlAAdds)
+        onKey(Qt::CTRL | Qt::Key_A, u"Add New"_s, [this] { Command1->trigger(); });
 }
 
 void MasterList::activated()
 {
-    if (session::NeedRefresh)
-        fill();
+    RegisterScreen::activated();
     // The next search is typed over the last one.
     txtSearch->selectAll();
 }
 
-void MasterList::fill()
+void MasterList::refill()
 {
-    // The selection stays with what it was on, also under a new name. Where that is gone, with its neighbour.
-    const int row = lstSummary->currentRow();
-    QString name = row < 0 ? QString() : lstSummary->list().cell(row, 0);
-    if (m_openID > 0) {
-        const Value found = GetFieldValueNum(m_kind.keyColumn, m_kind.table, u"ID"_s, m_openID, DE().*m_kind.lookups);
-        name = found == Value(-1) ? QString() : found.toText();
-    }
     const QStringList names = m_kind.names();
     std::vector<ListRow> rows;
     rows.reserve(static_cast<size_t>(names.size()));
     for (const QString &entry : names)
-        rows.push_back({.cells = {entry}});
-    // Where the user looks stays in view.
-    const int scrolled = lstSummary->verticalScrollBar()->value();
-    lstSummary->list().setRows(std::move(rows));
-    lstSummary->doItemsLayout();
-    lstSummary->verticalScrollBar()->setValue(scrolled);
-    if (row >= 0) {
-        const int same = rowOf(name);
-        lstSummary->setCurrentRow(same >= 0 ? same : qMin(row, static_cast<int>(names.size()) - 1));
-    } else if (!txtSearch->Text().isEmpty()) {
-        // What was looked for in vain may have been added since.
-        search();
+        rows.push_back({.cells = {entry}, .tag = entry});
+    const bool hadNone = lstSummary->currentRow() < 0;
+    showRows(std::move(rows), Keep::Tag);
+    // What was looked for in vain may have been added since.
+    if (hadNone && !txtSearch->Text().isEmpty())
+        return search();
+    // What was edited may have got another name.
+    if (m_openID > 0) {
+        const Value name = GetFieldValueNum(m_kind.keyColumn, m_kind.table, u"ID"_s, m_openID, DE().*m_kind.lookups);
+        if (const int row = lstSummary->list().rowOfTag(name.toText()); row >= 0)
+            lstSummary->setCurrentRow(row);
     }
 }
 
@@ -199,23 +182,10 @@ int MasterList::rowBeginningWith(const QString &text) const
     return -1;
 }
 
-int MasterList::rowOf(const QString &name) const
+void MasterList::openRow(const ListRow &row)
 {
-    const ListModel &list = lstSummary->list();
-    for (int row = 0; row < list.rowCount(); ++row) {
-        if (list.cell(row, 0) == name)
-            return row;
-    }
-    return -1;
-}
-
-void MasterList::openSelected()
-{
-    const int row = lstSummary->currentRow();
-    if (row < 0)
-        return;
-    const QString name = lstSummary->list().cell(row, 0);
-    m_openID = Int16(GetFieldValue(u"ID"_s, m_kind.table, m_kind.keyColumn, name, DE().*m_kind.lookups).toDouble());
+    m_openID = Int16(
+        GetFieldValue(u"ID"_s, m_kind.table, m_kind.keyColumn, row.cells.first(), DE().*m_kind.lookups).toDouble());
     m_kind.edit(m_openID);
     m_openID = 0;
 }

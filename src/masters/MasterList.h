@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Screen.h"
+#include "ui/RegisterScreen.h"
 
 class Command;
 class ListView;
@@ -8,27 +8,25 @@ class kvTextBox;
 
 /// The list of a master: names alone, a search box that moves the selection, and the way to the editor. One design for
 /// all four, which differ by a row of a table.
-class MasterList : public Screen {
+class MasterList : public RegisterScreen {
     Q_OBJECT
 
 protected:
     enum Master { Clients, Workers, Items, Accounts };
     explicit MasterList(Master master);
 
-    bool keyPreview(QKeyEvent *event) override;
     void activated() override;
+    void refill() override;
+    void openRow(const ListRow &row) override;
 
 private:
     struct Kind;
     [[nodiscard]] static const Kind &kindOf(Master master);
     void buildForm();
     void connectCommands();
-    void fill();
     void search();
     /// The row that begins with `text`, in any case; -1 where none does.
     [[nodiscard]] int rowBeginningWith(const QString &text) const;
-    [[nodiscard]] int rowOf(const QString &name) const;
-    void openSelected();
     void addNew();
 
     const Kind &m_kind;

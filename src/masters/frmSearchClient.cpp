@@ -24,14 +24,13 @@ constexpr int searchesInARow = 2;
 
 } // namespace
 
-frmSearchClient::frmSearchClient() : Screen(u"frmSearchClient"_s, u"Search Client"_s)
+frmSearchClient::frmSearchClient() : RegisterScreen(u"frmSearchClient"_s, u"Search Client"_s, Refresh::OnCommand)
 {
     buildForm();
     opShowAllUndel->setChecked(settingIsOn(setting::ShowUndelivered));
     connect(opShowAllUndel, &QCheckBox::clicked, this,
         [](bool ticked) { SaveSetting(setting::ShowUndelivered, ticked ? u"1"_s : u"0"_s); });
-    connect(lvResults, &ListView::opened, this, &frmSearchClient::choose);
-    connect(Command1, &Command::clicked, this, &frmSearchClient::choose);
+    connect(Command1, &Command::clicked, this, &frmSearchClient::openCurrent);
     connect(Command2, &Command::clicked, this, &QDialog::reject);
 }
 
@@ -51,8 +50,8 @@ void frmSearchClient::buildForm()
         ++place;
     }
     lvResults = new ListView(u"lvResults"_s, {{u"Name"_s, 30}, {u"Address"_s, 34}, {u"City"_s, 16}, {u"Mobile"_s, 20}});
-
     lvResults->setAccessibleName(u"Clients"_s);
+    setRegister(lvResults);
 
     auto *query = new QGroupBox(u"Alter Query"_s);
     query->setObjectName(u"fmQuery"_s);
@@ -90,7 +89,7 @@ kvTextBox *frmSearchClient::searchBox(const Search &search)
         if (key != keys::Enter)
             return;
         key = keys::Swallowed;
-        choose();
+        openCurrent();
     });
     return box;
 }
@@ -120,12 +119,12 @@ void frmSearchClient::SearchText(const QString &text, const QString &column)
         rows.reserve(static_cast<size_t>(clients.recordCount()));
         for (; !clients.eof(); clients.moveNext())
             rows.push_back({.cells = {clients.text(u"Title"), clients.textOrEmpty(u"Address"),
-                                clients.textOrEmpty(u"City"), clients.textOrEmpty(u"Mobile")}});
+                                clients.textOrEmpty(u"City"), clients.textOrEmpty(u"Mobile")},
+                .tag = clients.integer(u"ID")});
         clients.close();
     }
-    lvResults->list().setRows(std::move(rows));
     // Enter right after the last letter takes the first hit.
-    lvResults->setCurrentRow(0);
+    showRows(std::move(rows), Keep::First);
     FindListItem(*lvResults, text);
 }
 
@@ -147,11 +146,9 @@ void frmSearchClient::ScrollLV(ListView &list, int key)
         list.setCurrentRow(row + 1);
 }
 
-void frmSearchClient::choose()
+void frmSearchClient::openRow(const ListRow &row)
 {
-    if (lvResults->list().rowCount() == 0 || lvResults->currentRow() < 0)
-        return;
-    m_chosen = lvResults->list().cell(lvResults->currentRow(), 0);
+    m_chosen = row.cells.first();
     m_showAll = opShowAllUndel->isChecked();
     accept();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Screen.h"
+#include "ui/RegisterScreen.h"
 
 class Command;
 class ListView;
@@ -9,7 +9,7 @@ class QWidget;
 class kvTextBox;
 
 /// Finds a client by a part of his name, address, city, state, mobile number or key, while it is typed.
-class frmSearchClient : public Screen {
+class frmSearchClient : public RegisterScreen {
     Q_OBJECT
 
 public:
@@ -29,6 +29,9 @@ public:
     /// For a key code pressed in a search box: Up and Down move the list's selection; past either end nothing happens.
     static void ScrollLV(ListView &list, int key);
 
+protected:
+    void openRow(const ListRow &row) override;
+
 private:
     struct Search {
         QString name;
@@ -38,7 +41,6 @@ private:
 
     void buildForm();
     [[nodiscard]] kvTextBox *searchBox(const Search &search);
-    void choose();
 
     ListView *lvResults;
     QWidget *fmQuery;

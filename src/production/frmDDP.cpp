@@ -28,12 +28,13 @@ double numberIn(const Recordset &row, QStringView column)
 
 } // namespace
 
-frmDDP::frmDDP() : Screen(u"frmDDP"_s, u"Pending Orders Status"_s)
+frmDDP::frmDDP() : RegisterScreen(u"frmDDP"_s, u"Pending Orders Status"_s, Refresh::OnCommand)
 {
     lvSummary = new ListView(u"lvSummary"_s,
         {{u"Name of Item"_s, 24}, {u"Production Cap."_s, 18, true}, {u"Pending Orders"_s, 18, true},
             {u"Order Today"_s, 14, true}, {u"Watting"_s, 11, true}, {u"Pre. Del. Date"_s, 15, true}});
     lvSummary->setAccessibleName(windowTitle());
+    setRegister(lvSummary);
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary);
     resize(920, 520);
@@ -57,8 +58,7 @@ void frmDDP::Prddict()
                             QString::number(days) + u" Days"_s, DayMonthYear(session::CurrentDate.addDays(days + 1))}});
     }
     items.close();
-    lvSummary->list().setRows(std::move(rows));
-    lvSummary->setCurrentRow(0);
+    showRows(std::move(rows), Keep::First);
 }
 
 qint32 frmDDP::GetPendingOrders(qint16 itemID)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Screen.h"
+#include "ui/RegisterScreen.h"
 
 #include <QDate>
 
@@ -8,7 +8,7 @@ class ListView;
 
 /// "Pending Orders Status": for each item with a daily capacity, what is waiting, how many days that is, and the
 /// earliest delivery date. It only tells; nothing is stored.
-class frmDDP : public Screen {
+class frmDDP : public RegisterScreen {
     Q_OBJECT
 
 public:

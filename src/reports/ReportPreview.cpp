@@ -7,7 +7,6 @@
 #include <QAbstractScrollArea>
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
@@ -122,21 +121,21 @@ void ReportPreview::connectCommands()
     connect(cmdPrint, &Command::clicked, this, [this] { reportOutput::askAndPrint(m_pages, this); });
     connect(cmdSavePdf, &Command::clicked, this, [this] { reportOutput::saveAsPdf(m_pages); });
     connect(cmdClose, &Command::clicked, this, &QDialog::reject);
-}
 
-bool ReportPreview::keyPreview(QKeyEvent *event)
-{
-    if (cmbZoom->hasFocus())
-        return Screen::keyPreview(event);
-    switch (event->key()) {
-    case Qt::Key_PageDown: turnTo(m_view->currentPage() + 1); return true;
-    case Qt::Key_PageUp: turnTo(m_view->currentPage() - 1); return true;
-    case Qt::Key_Home: turnTo(1); return true;
-    case Qt::Key_End: turnTo(m_pages.count()); return true;
-    case Qt::Key_Plus: zoom(zoomStep); return true;
-    case Qt::Key_Minus: zoom(1 / zoomStep); return true;
-    default: return Screen::keyPreview(event);
-    }
+    // In the zoom box they choose.
+    const auto outsideZoom = [this] { return !cmbZoom->hasFocus(); };
+    onKey(
+        Qt::Key_PageDown, u"Next page"_s, [this] { turnTo(m_view->currentPage() + 1); }, outsideZoom);
+    onKey(
+        Qt::Key_PageUp, u"Previous page"_s, [this] { turnTo(m_view->currentPage() - 1); }, outsideZoom);
+    onKey(
+        Qt::Key_Home, u"First page"_s, [this] { turnTo(1); }, outsideZoom);
+    onKey(
+        Qt::Key_End, u"Last page"_s, [this] { turnTo(m_pages.count()); }, outsideZoom);
+    onKey(
+        Qt::Key_Plus, u"Larger"_s, [this] { zoom(zoomStep); }, outsideZoom);
+    onKey(
+        Qt::Key_Minus, u"Smaller"_s, [this] { zoom(1 / zoomStep); }, outsideZoom);
 }
 
 void ReportPreview::turnTo(int number)

@@ -19,9 +19,6 @@ public:
     explicit ReportPreview(const ReportPages &pages);
     ~ReportPreview() override;
 
-protected:
-    bool keyPreview(QKeyEvent *event) override;
-
 private:
     void buildForm();
     void connectCommands();

@@ -13,6 +13,17 @@ QVariant alignment(const ListColumn &column)
 
 } // namespace
 
+bool ListRow::hasTag() const
+{
+    return tag.typeId() == QMetaType::QString ? !tag.toString().isEmpty() : tag.toLongLong() != 0;
+}
+
+const CellLook &ListRow::lookOf(int column) const
+{
+    const auto own = std::ranges::find(looks, column, &std::pair<int, CellLook>::first);
+    return own == looks.end() ? look : own->second;
+}
+
 ListModel::ListModel(std::vector<ListColumn> columns, QObject *parent)
     : QAbstractTableModel(parent), m_columns(std::move(columns))
 {
@@ -84,26 +95,25 @@ QVariant ListModel::data(const QModelIndex &index, int role) const
         return {};
     const ListRow &row = at(index.row());
     const int column = index.column();
-    const auto ofColumn = [column](const auto &values) {
-        const auto found = values.find(column);
-        return found == values.end() ? QVariant() : QVariant(found->second);
-    };
     const auto ifSet = [](const QColor &colour) { return colour.isValid() ? QVariant(colour) : QVariant(); };
     switch (role) {
     case Qt::DisplayRole: return row.cells.value(column);
     case Qt::UserRole: return column == 0 ? row.tag : QVariant();
     case Qt::TextAlignmentRole: return alignment(m_columns[static_cast<size_t>(column)]);
     case Qt::FontRole: {
-        if (!row.bold)
+        if (!row.lookOf(column).bold)
             return {};
         QFont bold;
         bold.setBold(true);
         return bold;
     }
-    case Qt::ForegroundRole: return ifSet(row.colour);
+    case Qt::ForegroundRole: return ifSet(row.lookOf(column).ink);
     case Qt::BackgroundRole: return ifSet(row.background);
-    case Qt::DecorationRole: return ofColumn(row.icons);
-    case Qt::ToolTipRole: return ofColumn(row.toolTips);
+    case Qt::DecorationRole: {
+        const QIcon &icon = row.lookOf(column).icon;
+        return icon.isNull() ? QVariant() : QVariant(icon);
+    }
+    case Qt::ToolTipRole: return m_toolTips ? m_toolTips(row, column) : QVariant();
     default: return {};
     }
 }

@@ -4,7 +4,8 @@
 #include <QColor>
 #include <QIcon>
 
-#include <map>
+#include <functional>
+#include <utility>
 #include <vector>
 
 struct ListColumn {
@@ -15,16 +16,25 @@ struct ListColumn {
     bool numeric = false;
 };
 
-/// A row of a list: plain texts, the tag that says what it stands for, and how it looks where that differs.
+/// How a cell looks where that differs.
+struct CellLook {
+    bool bold = false;
+    QColor ink = {};
+    QIcon icon = {};
+};
+
+/// A row of a list: plain texts, the tag that says what it stands for, and how it looks.
 struct ListRow {
     QStringList cells = {};
+    /// A row without one (invalid, 0 or an empty text) stands for nothing that can be opened or marked.
     QVariant tag = {};
-    bool bold = false;
-    QColor colour = {};
+    /// Of the whole row; of columns that look otherwise in `looks`.
+    CellLook look = {};
+    std::vector<std::pair<int, CellLook>> looks = {};
     QColor background = {};
-    /// By column.
-    std::map<int, QIcon> icons = {};
-    std::map<int, QString> toolTips = {};
+
+    [[nodiscard]] bool hasTag() const;
+    [[nodiscard]] const CellLook &lookOf(int column) const;
 };
 
 /// Rows of a list. Cells are texts; `Qt::UserRole` of column 0 is the row's tag. Cells that a row lacks are empty.
@@ -33,6 +43,11 @@ class ListModel : public QAbstractTableModel {
 
 public:
     explicit ListModel(std::vector<ListColumn> columns, QObject *parent = nullptr);
+
+    /// Tool tips are asked for when the pointer rests on a cell: kept with the rows they would take longer than all the
+    /// rest of a full shop's list. An empty text shows none.
+    using ToolTips = std::function<QString(const ListRow &row, int column)>;
+    void setToolTips(ToolTips toolTips) { m_toolTips = std::move(toolTips); }
 
     /// Replaces all rows in one reset, however many.
     void setRows(std::vector<ListRow> rows);
@@ -43,6 +58,7 @@ public:
     void setRow(int row, ListRow newRow);
     void setCell(int row, int column, const QString &text);
     void setTag(int row, const QVariant &tag);
+    [[nodiscard]] const std::vector<ListRow> &rows() const { return m_rows; }
     [[nodiscard]] const ListRow &at(int row) const { return m_rows.at(static_cast<size_t>(row)); }
     [[nodiscard]] QString cell(int row, int column) const { return at(row).cells.value(column); }
     [[nodiscard]] QVariant tag(int row) const { return at(row).tag; }
@@ -63,4 +79,5 @@ public:
 private:
     std::vector<ListColumn> m_columns;
     std::vector<ListRow> m_rows;
+    ToolTips m_toolTips;
 };

@@ -2,6 +2,7 @@
 
 #include "ui/userValues.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -47,6 +48,16 @@ void ListView::setCurrentRow(int row)
 QVariant ListView::currentTag() const
 {
     return currentIndex().siblingAtColumn(0).data(Qt::UserRole);
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (currentRow() < 0)
+        return;
+    if (event->reason() == QContextMenuEvent::Mouse)
+        return emit menuWanted(event->globalPos());
+    const QRect row = visualRect(currentIndex());
+    emit menuWanted(viewport()->mapToGlobal(row.bottomLeft() + QPoint(row.height(), 0)));
 }
 
 void ListView::keyPressEvent(QKeyEvent *event)

@@ -26,8 +26,11 @@ signals:
     void opened(int row);
     /// -1 where none is current any more.
     void currentRowChanged(int row);
+    /// The right mouse button or the menu key on the current row; `place` is on the monitor.
+    void menuWanted(QPoint place);
 
 protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;

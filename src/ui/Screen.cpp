@@ -12,7 +12,11 @@
 #include <QPointer>
 #include <QScreen>
 #include <QTextEdit>
+#include <QToolTip>
 #include <QWindow>
+
+#include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +35,17 @@ bool keepsEnter(const QWidget *control)
 {
     return qobject_cast<const QAbstractItemView *>(control) || qobject_cast<const QPlainTextEdit *>(control)
         || qobject_cast<const QTextEdit *>(control) || control->property(keepsEnterProperty).toBool();
+}
+
+/// The key with what matters of its modifiers.
+QKeyCombination combinationOf(const QKeyEvent &event)
+{
+    auto modifiers = event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool typesCharacter = event.key() < Qt::Key_Escape && (modifiers & ~Qt::ShiftModifier) == Qt::NoModifier;
+    if (typesCharacter)
+        modifiers = Qt::NoModifier;
+    return QKeyCombination(
+        modifiers, static_cast<Qt::Key>(event.key() == Qt::Key_Enter ? Qt::Key_Return : event.key()));
 }
 
 void placeAbove(QWidget &window, const QWidget &below)
@@ -140,8 +155,11 @@ bool Screen::previewKey(QObject *receiver, QKeyEvent *event)
 
 bool Screen::preview(QKeyEvent *event)
 {
-    if (keyPreview(event)) {
+    if (const Key *key = keyFor(*event)) {
         event->accept();
+        // The screen may be gone before the call returns.
+        const auto act = key->act;
+        act();
         return true;
     }
     if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
@@ -149,6 +167,11 @@ bool Screen::preview(QKeyEvent *event)
         auto *date = qobject_cast<DateField *>(focusWidget());
         if (!date || !date->dropTyped())
             escapePressed();
+        return true;
+    }
+    if (combinationOf(*event) == QKeyCombination(Qt::Key_F1)) {
+        event->accept();
+        tellKeys();
         return true;
     }
     const QWidget *const focused = focusWidget();
@@ -166,9 +189,36 @@ void Screen::keepEnter(QWidget *control)
     control->setProperty(keepsEnterProperty, true);
 }
 
-bool Screen::keyPreview(QKeyEvent *)
+void Screen::onKey(QKeyCombination key, const QString &what, std::function<void()> act, std::function<bool()> applies)
 {
-    return false;
+    m_keys.push_back({key, what, std::move(act), std::move(applies)});
+}
+
+const Screen::Key *Screen::keyFor(const QKeyEvent &event) const
+{
+    const QKeyCombination pressed = combinationOf(event);
+    if (pressed == QKeyCombination(Qt::Key_F2) && qobject_cast<const DateField *>(focusWidget()))
+        return nullptr;
+    const auto found = std::ranges::find_if(
+        m_keys, [pressed](const Key &key) { return key.key == pressed && (!key.applies || key.applies()); });
+    return found == m_keys.end() ? nullptr : &*found;
+}
+
+void Screen::tellKeys()
+{
+    QString lines;
+    const auto add = [&lines](const QString &key, const QString &what) {
+        lines += u"<tr><td><b>%1</b></td><td>&nbsp;&nbsp;%2</td></tr>"_s.arg(key.toHtmlEscaped(), what.toHtmlEscaped());
+    };
+    for (const Key &key : m_keys)
+        add(QKeySequence(key.key).toString(QKeySequence::NativeText), key.what);
+    if (m_entryKeys.testFlag(EnterMovesOn))
+        add(u"Enter"_s, u"Next field"_s);
+    if (m_entryKeys.testFlag(PageKeysMove))
+        add(u"Page Down, Page Up"_s, u"Next field, field before"_s);
+    add(u"Esc"_s, u"Close"_s);
+    QToolTip::showText(mapToGlobal(rect().center()) - QPoint(width() / 4, height() / 4),
+        u"<table>"_s + lines + u"</table>"_s, this, rect(), std::numeric_limits<int>::max());
 }
 
 void Screen::escapePressed()

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QDialog>
+#include <QKeyCombination>
+
+#include <functional>
+#include <vector>
 
 class QKeyEvent;
 
-/// Base of all screens: a window that is shown modally, closes on Escape, sees each key before its controls do, and is
+/// Base of all screens: a window that is shown modally, closes on Escape, has keys of its own, which F1 lists, and is
 /// told when it comes to the front. It is never larger than its monitor, and has the size that the user gave it last.
 class Screen : public QDialog {
     Q_OBJECT
@@ -15,6 +19,14 @@ public:
     /// `PageKeysMove` Page Down and Page Up act as Tab and Shift+Tab everywhere.
     enum EntryKey { NoEntryKeys = 0, EnterMovesOn = 1, PageKeysMove = 2 };
     Q_DECLARE_FLAGS(EntryKeys, EntryKey)
+
+    /// A key that acts wherever the focus is. `what` tells what it does.
+    struct Key {
+        QKeyCombination key;
+        QString what;
+        std::function<void()> act;
+        std::function<bool()> applies;
+    };
 
     /// `name` is the class name of the screen; it becomes its object name.
     explicit Screen(const QString &name, const QString &title = {});
@@ -30,14 +42,18 @@ public:
     /// Offers a key press to the screen that `receiver` belongs to; true when it took it. `Application` calls it.
     static bool previewKey(QObject *receiver, QKeyEvent *event);
 
+    /// The keys that `onKey` has given it, in that order.
+    [[nodiscard]] const std::vector<Key> &keys() const { return m_keys; }
+
 protected:
     void setEntryKeys(EntryKeys keys) { m_entryKeys = keys; }
     /// `control` gets Enter itself, whatever the entry keys say.
     static void keepEnter(QWidget *control);
 
-    /// Sees every key press in the window before the focused control and before the entry keys and Escape act.
-    /// True swallows the key.
-    virtual bool keyPreview(QKeyEvent *event);
+    /// From now on `key` runs `act` before the focused control, the entry keys and Escape see it, and is swallowed; but
+    /// not while `applies` says no, and not F2 in a date field, which has its own use for it. Both Enter keys are
+    /// Qt::Key_Return. Of a key that types a character Shift is not looked at.
+    void onKey(QKeyCombination key, const QString &what, std::function<void()> act, std::function<bool()> applies = {});
 
     /// What Escape does where no date is half typed: closes the screen, rejected.
     virtual void escapePressed();
@@ -48,12 +64,15 @@ protected:
 
 private:
     bool preview(QKeyEvent *event);
+    [[nodiscard]] const Key *keyFor(const QKeyEvent &event) const;
+    void tellKeys();
     void comeToFront();
     void takeRememberedSize();
     void rememberSize();
     [[nodiscard]] QString sizeKey() const;
 
     EntryKeys m_entryKeys = NoEntryKeys;
+    std::vector<Key> m_keys;
     bool m_hasOwnSize = false;
     QSize m_sizeShown;
 };

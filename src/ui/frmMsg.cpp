@@ -7,7 +7,6 @@
 #include "ui/language.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPixmap>
@@ -62,6 +61,10 @@ frmMsg::frmMsg() : Screen(u"frmMsg"_s, u"The Corvane"_s)
     connect(cmdOK, &Command::clicked, this, [this] { finish(1); });
     connect(cmdYes, &Command::clicked, this, [this] { finish(1); });
     connect(cmdNo, &Command::clicked, this, [this] { finish(0); });
+    onKey(Qt::Key_Y, u"Yes"_s, [this] { cmdYes->trigger(); });
+    onKey(Qt::Key_N, u"No"_s, [this] { cmdNo->trigger(); });
+    onKey(Qt::Key_PageDown, u"On in a long text"_s, [this] { scroll(QAbstractSlider::SliderPageStepAdd); });
+    onKey(Qt::Key_PageUp, u"Back in a long text"_s, [this] { scroll(QAbstractSlider::SliderPageStepSub); });
 }
 
 void frmMsg::buildForm()
@@ -147,16 +150,9 @@ void frmMsg::layOut(int mode)
     m_textArea->setFixedSize(lblMsg->width() + barWidth, qMin(text.height(), tallest));
 }
 
-bool frmMsg::keyPreview(QKeyEvent *event)
+void frmMsg::scroll(QAbstractSlider::SliderAction step)
 {
-    QScrollBar *const bar = m_textArea->verticalScrollBar();
-    switch (event->key()) {
-    case Qt::Key_PageDown: bar->triggerAction(QAbstractSlider::SliderPageStepAdd); return true;
-    case Qt::Key_PageUp: bar->triggerAction(QAbstractSlider::SliderPageStepSub); return true;
-    case Qt::Key_Y: cmdYes->trigger(); return true;
-    case Qt::Key_N: cmdNo->trigger(); return true;
-    default: return false;
-    }
+    m_textArea->verticalScrollBar()->triggerAction(step);
 }
 
 void frmMsg::finish(int result)

@@ -2,6 +2,8 @@
 
 #include "ui/Screen.h"
 
+#include <QAbstractSlider>
+
 class Command;
 class QLabel;
 class QScrollArea;
@@ -20,9 +22,6 @@ public:
     /// `result` is 1 for Ok and Yes, 0 otherwise.
     void ShowMessage(const QString &text, int mode, int &result);
 
-protected:
-    bool keyPreview(QKeyEvent *event) override;
-
 private:
     friend class MessageTest;
 
@@ -32,6 +31,7 @@ private:
 
     void buildForm();
     void layOut(int mode);
+    void scroll(QAbstractSlider::SliderAction step);
     void finish(int result);
 
     QLabel *lblTitle;

@@ -1,6 +1,7 @@
 #include "ui/platformBox.h"
 
 #include <QApplication>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -8,25 +9,46 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void raise(QMessageBox::Icon icon, const QString &text)
+/// Shows a dialog modally above the window in front, which has the keyboard again afterwards.
+template <typename Dialog>
+int raise(Dialog &dialog)
 {
-    const QPointer<QWidget> below = QApplication::activeWindow();
-    QMessageBox box(icon, u"Corvane"_s, text, QMessageBox::Ok, below);
-    box.setObjectName(u"platformBox"_s);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    const QPointer<QWidget> below = dialog.parentWidget();
+    dialog.setObjectName(u"platformBox"_s);
+    const int answer = dialog.exec();
     if (below)
         below->activateWindow();
+    return answer;
+}
+
+int raiseBox(QMessageBox::Icon icon, const QString &text, QMessageBox::StandardButtons buttons)
+{
+    QMessageBox box(icon, u"Corvane"_s, text, buttons, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    return raise(box);
 }
 
 } // namespace
 
 void platformBox::show(const QString &text)
 {
-    raise(QMessageBox::NoIcon, text);
+    raiseBox(QMessageBox::NoIcon, text, QMessageBox::Ok);
 }
 
 void platformBox::showCritical(const QString &text)
 {
-    raise(QMessageBox::Critical, text);
+    raiseBox(QMessageBox::Critical, text, QMessageBox::Ok);
+}
+
+bool platformBox::ask(const QString &text)
+{
+    return raiseBox(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+QString platformBox::askText(const QString &text, const QString &title)
+{
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(title);
+    box.setLabelText(text);
+    return raise(box) == QDialog::Accepted ? box.textValue() : QString();
 }

@@ -32,6 +32,12 @@ public:
             form.addWidget(control);
         setComboEntries(combo, clients);
         installAutoSearch(&combo);
+        onKey(
+            Qt::Key_Return, u"Looks on"_s, [] {},
+            [this] {
+                enters += combo.currentIndex();
+                return false;
+            });
     }
     using Screen::keepEnter;
     using Screen::setEntryKeys;
@@ -47,14 +53,6 @@ public:
     Command add{u"Command4"_s, u"&Add"_s};
 
     QList<int> enters;
-
-protected:
-    bool keyPreview(QKeyEvent *event) override
-    {
-        if (event->key() == Qt::Key_Return)
-            enters += combo.currentIndex();
-        return false;
-    }
 };
 
 /// Typing in combos that select from a list.

@@ -66,14 +66,17 @@ void ListTest::rowsLookAsTold()
 {
     ListModel model({{u"Item"_s, 60}, {u"Qty"_s, 40, true}});
     ListRow row{{u"Shirt"_s, u"2"_s}, 7};
-    row.bold = true;
-    row.colour = Qt::red;
-    row.toolTips[1] = u"two of them"_s;
+    row.look = {.bold = true, .ink = Qt::red};
+    row.looks = {{1, {.ink = Qt::green}}};
+    model.setToolTips(
+        [](const ListRow &of, int column) { return column == 1 ? of.cells.value(1) + u" of them"_s : QString(); });
     model.setRows({row, {{u"Coat"_s}}});
     QVERIFY(model.index(0, 0).data(Qt::FontRole).value<QFont>().bold());
-    QCOMPARE(model.index(0, 1).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::red));
-    QCOMPARE(model.index(0, 1).data(Qt::ToolTipRole).toString(), u"two of them"_s);
-    QVERIFY(!model.index(0, 0).data(Qt::ToolTipRole).isValid());
+    QVERIFY(!model.index(0, 1).data(Qt::FontRole).isValid());
+    QCOMPARE(model.index(0, 0).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::red));
+    QCOMPARE(model.index(0, 1).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::green));
+    QCOMPARE(model.index(0, 1).data(Qt::ToolTipRole).toString(), u"2 of them"_s);
+    QCOMPARE(model.index(0, 0).data(Qt::ToolTipRole).toString(), QString());
     QVERIFY(!model.index(1, 0).data(Qt::ForegroundRole).isValid());
     QCOMPARE(model.index(1, 1).data().toString(), QString());
     const auto alignment = [](const QVariant &value) { return Qt::Alignment(value.toInt()); };

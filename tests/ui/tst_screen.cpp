@@ -4,6 +4,7 @@
 #include "support/testRegistry.h"
 #include "ui/Application.h"
 #include "ui/Command.h"
+#include "ui/DateField.h"
 #include "ui/ListView.h"
 #include "ui/Screen.h"
 #include "ui/complain.h"
@@ -15,6 +16,7 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -25,10 +27,14 @@ class EntryScreen : public Screen {
 public:
     explicit EntryScreen(const QString &name = u"EntryScreen"_s) : Screen(name), list(u"lvItems"_s, {{u"Item"_s, 100}})
     {
-        for (QWidget *control : std::initializer_list<QWidget *>{&first, &second, &remark, &list, &save, &close})
+        for (QWidget *control : std::initializer_list<QWidget *>{&first, &second, &remark, &list, &day, &save, &close})
             form.addWidget(control);
         list.list().setRows({{{u"Shirt"_s}}, {{u"Coat"_s}}});
         save.setDefault(true);
+        onKey(
+            Qt::Key_Q, u"Counts"_s, [this] { ++counted; }, [this] { return counts; });
+        onKey(Qt::CTRL | Qt::Key_Return, u"Counts"_s, [this] { ++counted; });
+        onKey(Qt::Key_F2, u"Counts"_s, [this] { ++counted; });
     }
     using Screen::setEntryKeys;
 
@@ -36,12 +42,14 @@ public:
     QLineEdit first;
     QLineEdit second;
     kvTextBoxMultiLine remark;
+    DateField day;
     ListView list;
     Command save{u"Command1"_s, u"&Save"_s};
     Command close{u"Command2"_s, u"&Close"_s};
 
     int activations = 0;
-    QString previewed;
+    int counted = 0;
+    bool counts = true;
     bool closesAtOnce = false;
     std::function<void()> onActivated;
 
@@ -54,11 +62,6 @@ protected:
         if (onActivated)
             onActivated();
     }
-    bool keyPreview(QKeyEvent *event) override
-    {
-        previewed += event->text();
-        return event->key() == Qt::Key_Q;
-    }
 };
 
 /// What every screen does with keys, with others above it, and with failures.
@@ -69,7 +72,7 @@ private slots:
     void movingKeysGoThroughTheFields();
     void withoutEntryKeysEnterPressesACommand();
     void enterStaysWhereItHasAMeaning();
-    void theScreenSeesEachKeyOnceAndFirst();
+    void keysOfTheScreenComeFirstAndOnce();
     void escapeClosesFromAnyControl();
     void activationComesOnceForEachComingToTheFront();
     void aScreenMayCloseItselfWhenActivated();
@@ -139,20 +142,36 @@ void ScreenTest::enterStaysWhereItHasAMeaning()
     QVERIFY(screen.list.hasFocus());
 }
 
-void ScreenTest::theScreenSeesEachKeyOnceAndFirst()
+void ScreenTest::keysOfTheScreenComeFirstAndOnce()
 {
     EntryScreen screen;
     QVERIFY(driver::show(screen));
     screen.first.setFocus();
     driver::type(u"aqb"_s);
-    QCOMPARE(screen.previewed, u"aqb"_s);
+    driver::press(Qt::Key_Q, Qt::ShiftModifier);
+    QCOMPARE(screen.counted, 2);
     QCOMPARE(screen.first.text(), u"ab"_s);
+    // Both Enter keys, and only with their modifier.
+    driver::press(Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier);
+    driver::press(Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+    driver::press(Qt::Key_Q, Qt::ControlModifier);
+    QCOMPARE(screen.counted, 3);
     // A key that the list ignores travels up through its parents and is still seen once.
     screen.list.setFocus();
-    screen.previewed.clear();
-    driver::press(Qt::Key_F5);
-    driver::type(u"z"_s);
-    QCOMPARE(screen.previewed, u"z"_s);
+    driver::press(Qt::Key_F2);
+    QCOMPARE(screen.counted, 4);
+    // A key that does not apply goes to the field; F2 in a date is the date's.
+    screen.counts = false;
+    screen.first.setFocus();
+    driver::type(u"q"_s);
+    QCOMPARE(screen.first.text(), u"abq"_s);
+    screen.day.setFocus();
+    driver::press(Qt::Key_F2);
+    QCOMPARE(screen.counted, 4);
+    driver::press(Qt::Key_F1);
+    QVERIFY(QToolTip::text().contains(u"Ctrl+Return"_s));
+    driver::press(Qt::Key_Escape);
+    QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 void ScreenTest::escapeClosesFromAnyControl()
@@ -239,7 +258,8 @@ void ScreenTest::noScreenIsLargerThanItsMonitor()
     QVERIFY(screen.width() <= room.width() && screen.height() <= room.height());
     QVERIFY(screen.second.hasFocus());
     // Every field can be reached by Tab in the order that it had, and is in view then.
-    for (QWidget *control : std::initializer_list<QWidget *>{&screen.remark, &screen.list, &screen.save, &screen.close})
+    for (QWidget *control :
+        std::initializer_list<QWidget *>{&screen.remark, &screen.list, &screen.day, &screen.save, &screen.close})
         control == &screen.list ? screen.list.setFocus() : driver::press(Qt::Key_Tab);
     QVERIFY(screen.close.hasFocus());
     QVERIFY(screen.rect().contains(QRect(screen.close.mapTo(&screen, QPoint()), QSize(20, screen.close.height()))));

@@ -1,0 +1,107 @@
+#include "ui/RegisterScreen.h"
+
+#include "base/session.h"
+#include "ui/ListView.h"
+#include "ui/frmMsg.h"
+
+#include <QMenu>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+RegisterScreen::RegisterScreen(const QString &name, const QString &title, Refresh refresh)
+    : Screen(name, title), m_refresh(refresh)
+{
+}
+
+void RegisterScreen::setRegister(ListView *list)
+{
+    m_list = list;
+    connect(list, &ListView::opened, this, &RegisterScreen::openCurrent);
+    connect(list, &ListView::menuWanted, this, &RegisterScreen::openMenu);
+}
+
+void RegisterScreen::openRow(const ListRow &) { }
+
+void RegisterScreen::openCurrent()
+{
+    const ListRow *row = currentRow();
+    if (!row)
+        return;
+    m_place = m_list->currentRow();
+    // The list may be filled anew while the row is open.
+    openRow(ListRow(*row));
+}
+
+void RegisterScreen::showRows(std::vector<ListRow> rows, Keep keep)
+{
+    const QVariant tag = m_list->currentTag();
+    const int before = keep == Keep::Place ? m_place : m_list->currentRow();
+    const int scrolled = m_list->verticalScrollBar()->value();
+    m_list->list().setRows(std::move(rows));
+    m_list->doItemsLayout();
+    m_list->verticalScrollBar()->setValue(scrolled);
+
+    const ListModel &list = m_list->list();
+    const int same = keep == Keep::Tag && before >= 0 ? list.rowOfTag(tag) : -1;
+    if (keep == Keep::First)
+        m_list->setCurrentRow(0);
+    else
+        m_list->setCurrentRow(same >= 0 ? same : qMin(before, list.rowCount() - 1));
+}
+
+void RegisterScreen::setRowActions(std::vector<RowAction> actions)
+{
+    m_actions = std::move(actions);
+    for (const RowAction &action : m_actions) {
+        if (action.key != QKeyCombination(Qt::Key_unknown))
+            onKey(
+                action.key, action.caption, [this, &action] { run(action); }, [this] { return currentRow(); });
+    }
+}
+
+void RegisterScreen::activated()
+{
+    if (m_refresh == Refresh::InFront || (m_refresh == Refresh::WhenNeeded && session::NeedRefresh))
+        refill();
+}
+
+const ListRow *RegisterScreen::currentRow() const
+{
+    const int row = m_list->currentRow();
+    return row >= 0 && m_list->list().at(row).hasTag() ? &m_list->list().at(row) : nullptr;
+}
+
+void RegisterScreen::run(const RowAction &action)
+{
+    const ListRow *current = currentRow();
+    if (!current)
+        return;
+    const ListRow row = *current;
+    m_place = m_list->currentRow();
+    if (action.question.isEmpty() || AskUser(action.question) == 1)
+        action.act(row);
+}
+
+void RegisterScreen::openMenu(QPoint place)
+{
+    if (m_actions.empty() || !currentRow())
+        return;
+    auto *menu = new QMenu(this);
+    menu->setObjectName(u"rowMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const RowAction &action : m_actions) {
+        if (action.caption.isEmpty()) {
+            menu->addSeparator();
+            continue;
+        }
+        QString text = action.caption;
+        if (action.key != QKeyCombination(Qt::Key_unknown))
+            text += u'\t' + QKeySequence(action.key).toString(QKeySequence::NativeText);
+        // Once the menu has closed: what the command shows comes up above the screen and not above the menu.
+        connect(
+            menu->addAction(text), &QAction::triggered, this, [this, &action] { run(action); }, Qt::QueuedConnection);
+    }
+    menu->popup(place);
+    menu->setActiveAction(menu->actions().constFirst());
+}

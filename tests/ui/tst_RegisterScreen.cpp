@@ -1,0 +1,355 @@
+#include "base/session.h"
+#include "store/settings.h"
+#include "support/ModalScript.h"
+#include "support/TestShop.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/DateField.h"
+#include "ui/ListView.h"
+#include "ui/PeriodFields.h"
+#include "ui/RegisterScreen.h"
+#include "ui/accountCombo.h"
+#include "ui/kvComboBox.h"
+#include "ui/listFilter.h"
+#include "ui/platformBox.h"
+
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ListRow garment(int id)
+{
+    return {.cells = {u"Garment %1"_s.arg(id), id % 2 ? u"Completed"_s : u"Delivered"_s}, .tag = id};
+}
+
+} // namespace
+
+/// A register over numbered garments, the highest number first; its last row is a closing one.
+class GarmentScreen : public RegisterScreen {
+    Q_OBJECT
+
+public:
+    explicit GarmentScreen(Refresh refresh = Refresh::OnCommand)
+        : RegisterScreen(u"GarmentScreen"_s, u"Garments"_s, refresh)
+    {
+        auto *form = new QVBoxLayout(this);
+        form->addWidget(&list);
+        list.setAccessibleName(u"Garments"_s);
+        setRegister(&list);
+        setRowActions({{.caption = u"Mark as Done"_s,
+                           .key = Qt::Key_F7,
+                           .question = u"Mark as Done?"_s,
+                           .act = [this](const ListRow &row) { note(u"done"_s, row); }},
+            {}, {.caption = u"Open Account"_s, .act = [this](const ListRow &row) { note(u"account"_s, row); }}});
+        resize(400, 260);
+    }
+    using RegisterScreen::Keep;
+    using RegisterScreen::Refresh;
+    using RegisterScreen::showRows;
+
+    void fillTo(int newest, Keep kept)
+    {
+        std::vector<ListRow> rows;
+        for (int id = newest; id > 0; --id)
+            rows.push_back(garment(id));
+        closeWithCount(rows, {.columns = 2, .column = 1, .words = u"Total : "_s});
+        showRows(std::move(rows), kept);
+    }
+
+    ListView list{u"lvSummary"_s, {{u"Garment"_s, 60}, {u"Status"_s, 40}}};
+    QStringList noted;
+    int refills = 0;
+    int highest = 3;
+
+protected:
+    void refill() override
+    {
+        ++refills;
+        fillTo(highest, Keep::Tag);
+    }
+    void openRow(const ListRow &row) override { note(u"opened"_s, row); }
+
+private:
+    void note(const QString &what, const ListRow &row) { noted += what + u' ' + row.tag.toString(); }
+};
+
+/// Lists over rows of the file, and what stands around them.
+class RegisterTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theRowIsTheOneBeforeTheQuestion();
+    void aRowWithoutATagAnswersToNothing();
+    void theMenuOfARowOpensByMouseAndKey();
+    void whatTheUserLooksAtStays();
+    void listsFillThemselvesWhenTold_data();
+    void listsFillThemselvesWhenTold();
+    void filtersKeepRowsAndCloseAnew();
+    void periodsAreCheckedWhereTheyAreUsed();
+    void plainBoxesAskAndReturn();
+    void accountsAreChosenFromTheirList();
+};
+
+void RegisterTest::theRowIsTheOneBeforeTheQuestion()
+{
+    const TestShop shop;
+    GarmentScreen screen(GarmentScreen::Refresh::WhenNeeded);
+    ModalScript script;
+    session::NeedRefresh = true;
+    QVERIFY(driver::show(screen));
+    screen.list.setCurrentRow(1);
+    script.expect(u"frmMsg"_s, [&screen](QWidget &) {
+        // Booked meanwhile: another garment stands in the place.
+        screen.highest = 4;
+        driver::press(Qt::Key_Return);
+    });
+    driver::press(Qt::Key_F7);
+    QCOMPARE(screen.refills, 2);
+    QCOMPARE(screen.noted, QStringList{u"done 2"_s});
+    script.expectMessage(u"Mark as Done?"_s, Qt::Key_Escape);
+    driver::press(Qt::Key_F7);
+    QCOMPARE(screen.noted.size(), 1);
+}
+
+void RegisterTest::aRowWithoutATagAnswersToNothing()
+{
+    const TestShop shop;
+    GarmentScreen screen;
+    ModalScript script;
+    screen.fillTo(2, GarmentScreen::Keep::First);
+    QVERIFY(driver::show(screen));
+    screen.list.setFocus();
+    for (const int row : {2, 3}) {
+        screen.list.setCurrentRow(row);
+        driver::press(Qt::Key_F7);
+        driver::press(Qt::Key_Return);
+        driver::press(Qt::Key_Menu);
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+    QCOMPARE(screen.noted, QStringList());
+    for (const QVariant &none : {QVariant(), QVariant(0), QVariant(u""_s)})
+        QVERIFY(!(ListRow{.tag = none}.hasTag()));
+    for (const QVariant &some : {QVariant(7), QVariant(u"12|1"_s), QVariant(u"0"_s)})
+        QVERIFY((ListRow{.tag = some}.hasTag()));
+}
+
+void RegisterTest::theMenuOfARowOpensByMouseAndKey()
+{
+    const TestShop shop;
+    GarmentScreen screen;
+    screen.fillTo(3, GarmentScreen::Keep::First);
+    QVERIFY(driver::show(screen));
+    screen.list.setFocus();
+    screen.list.setCurrentRow(0);
+    const auto menu = [] { return qobject_cast<QMenu *>(QApplication::activePopupWidget()); };
+    const QPoint second = screen.list.visualRect(screen.list.model()->index(1, 0)).center();
+    QTest::mousePress(screen.list.viewport(), Qt::RightButton, {}, second);
+    QContextMenuEvent clicked(QContextMenuEvent::Mouse, second, screen.list.viewport()->mapToGlobal(second));
+    QCoreApplication::sendEvent(screen.list.viewport(), &clicked);
+    QTRY_VERIFY(menu());
+    QCOMPARE(menu()->actions().size(), 3);
+    QCOMPARE(menu()->actions().at(0)->text(), u"Mark as Done\tF7"_s);
+    QVERIFY(menu()->actions().at(1)->isSeparator());
+    QTest::keyClick(menu(), Qt::Key_Down);
+    QTest::keyClick(menu(), Qt::Key_Return);
+    QTRY_COMPARE(screen.noted, QStringList{u"account 2"_s});
+
+    ModalScript script;
+    script.expectMessage(u"Mark as Done?"_s);
+    QContextMenuEvent pressed(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(&screen.list, &pressed);
+    QTRY_VERIFY(menu());
+    QTest::keyClick(menu(), Qt::Key_Return);
+    QTRY_COMPARE(screen.noted.last(), u"done 2"_s);
+}
+
+void RegisterTest::whatTheUserLooksAtStays()
+{
+    const TestShop shop;
+    GarmentScreen screen;
+    using Keep = GarmentScreen::Keep;
+    QVERIFY(driver::show(screen));
+    screen.fillTo(200, Keep::Tag);
+    QCOMPARE(screen.list.currentRow(), -1);
+    screen.list.setCurrentRow(100);
+    const int scrolled = screen.list.verticalScrollBar()->value();
+    QVERIFY(scrolled > 0);
+
+    screen.fillTo(201, Keep::Tag);
+    QCOMPARE(screen.list.currentTag().toInt(), 100);
+    QCOMPARE(screen.list.currentRow(), 101);
+    QVERIFY(screen.list.verticalScrollBar()->value() - scrolled <= 1);
+    // Gone: its neighbour, as far as there is one.
+    screen.fillTo(50, Keep::Tag);
+    QCOMPARE(screen.list.currentRow(), 51);
+
+    // The place of the row opened last, wherever the user went since.
+    screen.list.setCurrentRow(20);
+    driver::press(Qt::Key_Return);
+    screen.list.setCurrentRow(0);
+    screen.fillTo(60, Keep::Place);
+    QCOMPARE(screen.list.currentRow(), 20);
+    QCOMPARE(screen.list.currentTag().toInt(), 40);
+    const QRect row = screen.list.visualRect(screen.list.currentIndex());
+    QVERIFY(screen.list.viewport()->rect().contains(row.center()));
+    screen.fillTo(60, Keep::First);
+    QCOMPARE(screen.list.currentRow(), 0);
+}
+
+void RegisterTest::listsFillThemselvesWhenTold_data()
+{
+    QTest::addColumn<int>("refresh");
+    QTest::addColumn<int>("shown");
+    QTest::addColumn<int>("again");
+    QTest::addColumn<int>("afterAChange");
+    QTest::newRow("on command") << int(GarmentScreen::Refresh::OnCommand) << 0 << 0 << 0;
+    QTest::newRow("when needed") << int(GarmentScreen::Refresh::WhenNeeded) << 0 << 0 << 1;
+    QTest::newRow("in front") << int(GarmentScreen::Refresh::InFront) << 1 << 2 << 3;
+}
+
+void RegisterTest::listsFillThemselvesWhenTold()
+{
+    QFETCH(const int, refresh);
+    QFETCH(const int, shown);
+    QFETCH(const int, again);
+    QFETCH(const int, afterAChange);
+    const TestShop shop;
+    GarmentScreen screen{GarmentScreen::Refresh(refresh)};
+    ModalScript script;
+    const auto closeIt = [](QWidget &window) { window.close(); };
+    session::NeedRefresh = false;
+    QVERIFY(driver::show(screen));
+    QCOMPARE(screen.refills, shown);
+    script.expect(u"Screen"_s, closeIt);
+    Screen(u"AboveScreen"_s).exec();
+    QCOMPARE(screen.refills, again);
+    script.expect(u"Screen"_s, [](QWidget &window) {
+        session::NeedRefresh = true;
+        window.close();
+    });
+    Screen(u"AboveScreen"_s).exec();
+    QCOMPARE(screen.refills, afterAChange);
+    session::NeedRefresh = false;
+}
+
+void RegisterTest::filtersKeepRowsAndCloseAnew()
+{
+    std::vector<ListRow> rows;
+    for (const int id : {5, 4, 3, 2, 1})
+        rows.push_back(garment(id));
+    const Closing closing{.columns = 2, .column = 1, .words = u"Total JOBS : "_s, .look = {.bold = true}};
+    closeWithCount(rows, closing);
+    QCOMPARE(rows.size(), 7U);
+    QCOMPARE(rows[5].cells, (QStringList{u" "_s, u" "_s}));
+    QCOMPARE(rows[6].cells, (QStringList{u" "_s, u"Total JOBS : 5"_s}));
+    QVERIFY(rows[6].look.bold && !rows[6].hasTag() && !rows[5].hasTag());
+
+    keepRows(rows, 1, [](const QString &word) { return word == u"Delivered"; });
+    closeWithCount(rows, closing);
+    QCOMPARE(rows.size(), 4U);
+    QCOMPARE(rows[1].tag.toInt(), 2);
+    QCOMPARE(rows[3].cells[1], u"Total JOBS : 2"_s);
+
+    // A filter that lets the old closing pass does not count it.
+    keepRows(rows, 1, [](const QString &) { return true; });
+    closeWithCount(rows, {.columns = 2, .column = 0, .words = u"Total Vouchers : "_s, .afterBlankRow = false});
+    QCOMPARE(rows.size(), 5U);
+    QCOMPARE(rows[4].cells[0], u"Total Vouchers : 2"_s);
+}
+
+void RegisterTest::periodsAreCheckedWhereTheyAreUsed()
+{
+    const TestShop shop;
+    Screen screen(u"PeriodScreen"_s);
+    auto *form = new QVBoxLayout(&screen);
+    auto *period = new PeriodFields;
+    form->addWidget(period);
+    ModalScript script;
+    QVERIFY(driver::show(screen));
+    QCOMPARE(period->between(), u"between #01-Apr-2011# and #01-Apr-2011#"_s);
+    SaveSetting(setting::DefaultPeriod, u"2"_s);
+    period->setShopDefault();
+    QCOMPARE(period->to(), QDate(2011, 4, 8));
+    QVERIFY(period->isUsable());
+
+    auto &DateTo = driver::control<DateField>(screen, "DateTo");
+    DateTo.setFocus();
+    driver::type(u"31/3/11"_s);
+    driver::control<DateField>(screen, "DateFrom").setFocus();
+    script.expect(u"QMessageBox"_s, [](QWidget &box) {
+        QCOMPARE(static_cast<QMessageBox &>(box).text(), u"Invalid date selection!"_s);
+        QCOMPARE(static_cast<QMessageBox &>(box).icon(), QMessageBox::Critical);
+        driver::press(Qt::Key_Return);
+    });
+    QVERIFY(!period->isUsable());
+    QTRY_VERIFY(DateTo.hasFocus());
+    period->raiseLastToFirst();
+    QCOMPARE(period->to(), QDate(2011, 4, 1));
+    driver::type(u"31/2/11"_s);
+    script.expectMessage(u"\"31/2/11\" is not a date!"_s);
+    QVERIFY(!period->isUsable());
+}
+
+void RegisterTest::plainBoxesAskAndReturn()
+{
+    const TestShop shop;
+    GarmentScreen screen;
+    ModalScript script;
+    QVERIFY(driver::show(screen));
+    for (const auto &[answer, yes] : {std::pair(Qt::Key_Return, true), std::pair(Qt::Key_Escape, false)}) {
+        script.expect(u"QMessageBox"_s, [answer](QWidget &) { driver::press(answer); });
+        QCOMPARE(platformBox::ask(u"Create folder <b>?"_s), yes);
+        QTRY_VERIFY(screen.isActiveWindow());
+    }
+    const QString location = u"Please specify location!"_s;
+    script.expect(u"QInputDialog"_s, [&](QWidget &box) {
+        QCOMPARE(static_cast<QInputDialog &>(box).labelText(), location);
+        QCOMPARE(box.windowTitle(), u"Kovrel"_s);
+        driver::type(u"Shelf 3"_s);
+        driver::press(Qt::Key_Return);
+    });
+    QCOMPARE(platformBox::askText(location, u"Kovrel"_s), u"Shelf 3"_s);
+    script.expect(u"QInputDialog"_s, [](QWidget &) {
+        driver::type(u"Shelf 4"_s);
+        driver::press(Qt::Key_Escape);
+    });
+    QCOMPARE(platformBox::askText(location, u"Kovrel"_s), QString());
+}
+
+void RegisterTest::accountsAreChosenFromTheirList()
+{
+    TestShop shop;
+    shop.addAccount(u"Zahir"_s, {}, 1);
+    shop.addAccount(u"Aslam"_s, {}, 1);
+    shop.addAccount(u"A client"_s);
+    Screen screen(u"WorkerScreen"_s);
+    auto *form = new QVBoxLayout(&screen);
+    kvComboBox *combo = accountCombo(u"cmbWorker"_s);
+    combo->setAccessibleName(u"Worker"_s);
+    form->addWidget(combo);
+    form->addWidget(new QLineEdit);
+    screen.findChild<QLineEdit *>()->setAccessibleName(u"Other"_s);
+    fillWithTitles(*combo, u" where Type=1"_s, u"*All"_s);
+    QCOMPARE(driver::entries(*combo), (QStringList{u"*All"_s, u"Aslam"_s, u"Zahir"_s}));
+    ModalScript script;
+    QVERIFY(driver::show(screen));
+    combo->setFocus();
+    driver::type(u"z"_s);
+    driver::press(Qt::Key_Tab);
+    QVERIFY(requireEntry(*combo, u"Please Select Worker Name!"_s));
+    QCOMPARE(combo->Text(), u"Zahir"_s);
+    combo->setText(u"Gone"_s);
+    script.expectMessage(u"Please Select Worker Name!"_s);
+    QVERIFY(!requireEntry(*combo, u"Please Select Worker Name!"_s));
+    QTRY_VERIFY(combo->hasFocus());
+}
+
+CORVANE_TEST(RegisterTest)
+#include "tst_RegisterScreen.moc"
