@@ -2,10 +2,9 @@
 
 #include "base/RuntimeError.h"
 #include "base/values.h"
-#include "devices/shell.h"
 #include "jobcards/ItemDetails.h"
 #include "jobcards/clsJobCardData.h"
-#include "pictures/PictureBox.h"
+#include "pictures/ImageSlot.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
@@ -22,7 +21,6 @@
 
 #include <QBoxLayout>
 #include <QColorDialog>
-#include <QFile>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -155,10 +153,6 @@ QLayout *frmAddItem::buildCloth()
     addLabelled(fields, 2, u"Cloth Color :"_s, colorRow);
     fields->addWidget(opIsInv, 3, 1);
 
-    pic1 = new PictureBox(u"pic1"_s);
-    pic2 = new PictureBox(u"pic2"_s);
-    picPath1 = new kvTextBox(u"picPath1"_s, boxType::Plain);
-    picPath2 = new kvTextBox(u"picPath2"_s, boxType::Plain);
     Command3 = new Command(u"Command3"_s, u"Web Cam"_s);
     Command7 = new Command(u"Command7"_s, u"Hand Note"_s);
     Command6 = new Command(u"Command6"_s, u"Clear"_s);
@@ -168,32 +162,14 @@ QLayout *frmAddItem::buildCloth()
     for (Command *later : {Command3, Command4, Command7, Command8})
         later->setComesLater(u"This command comes with a later version."_s);
     auto *images = new QHBoxLayout;
-    images->addLayout(buildImage(u"Image 1"_s, pic1, picPath1, {Command3, Command7, Command6}));
-    images->addLayout(buildImage(u"Image 2"_s, pic2, picPath2, {Command4, Command8, Command5}));
+    m_image1 = new ImageSlot(u"Image 1"_s, u"pic1"_s, u"picPath1"_s, {Command3, Command7, Command6});
+    m_image2 = new ImageSlot(u"Image 2"_s, u"pic2"_s, u"picPath2"_s, {Command4, Command8, Command5});
+    images->addWidget(m_image1);
+    images->addWidget(m_image2);
 
     auto *column = new QVBoxLayout;
     column->addLayout(fields);
     column->addLayout(images, 1);
-    return column;
-}
-
-QLayout *frmAddItem::buildImage(
-    const QString &caption, PictureBox *picture, kvTextBox *path, const std::vector<Command *> &commands)
-{
-    path->setReadOnly(true);
-    path->setFocusPolicy(Qt::NoFocus);
-    picture->setToolTip(u"Double click to open"_s);
-    auto *column = new QVBoxLayout;
-    column->addWidget(new QLabel(caption));
-    column->addWidget(picture, 1);
-    column->addWidget(path);
-    auto *row = new QHBoxLayout;
-    row->setSpacing(4);
-    for (Command *command : commands) {
-        nameAloud(command, caption + u' ' + command->text());
-        row->addWidget(command);
-    }
-    column->addLayout(row);
     return column;
 }
 
@@ -226,16 +202,8 @@ void frmAddItem::connectCommands()
     connect(picColor, &QPushButton::clicked, this, &frmAddItem::chooseColor);
     // A single option has no other to go to: once on, only loading an item turns it off.
     connect(opIsInv, &QRadioButton::clicked, this, [this] { opIsInv->setChecked(true); });
-    connect(pic1, &PictureBox::doubleClicked, this, [this] {
-        if (!picPath1->Text().isEmpty())
-            shell::openFile(picPath1->Text());
-    });
-    connect(pic2, &PictureBox::doubleClicked, this, [this] {
-        if (!picPath2->Text().isEmpty())
-            shell::openFile(picPath2->Text());
-    });
-    connect(Command5, &Command::clicked, this, [this] { clearImage(pic2, picPath2); });
-    connect(Command6, &Command::clicked, this, [this] { clearImage(pic1, picPath1); });
+    connect(Command5, &Command::clicked, this, [this] { m_image2->removeFile(); });
+    connect(Command6, &Command::clicked, this, [this] { m_image1->removeFile(); });
     connect(Command2, &Command::clicked, this, &frmAddItem::cleanForm);
     connect(Command1, &Command::clicked, this, &frmAddItem::confirm);
 }
@@ -271,8 +239,8 @@ void frmAddItem::EditItemDetails(clsJobCardData &Rows, int ClientID, int Index, 
     txtFees->setText(NumberText(Rows.Fees(Index)));
     txtQnt->setText(QString::number(Rows.Qty(Index)));
     txtRemark->setText(Rows.Remarks(Index));
-    showImage(pic1, picPath1, Rows.img1(Index));
-    showImage(pic2, picPath2, Rows.img2(Index));
+    m_image1->showFile(Rows.img1(Index));
+    m_image2->showFile(Rows.img2(Index));
     showColor(Value(Rows.Color(Index)).toDouble());
     cmbItems->setText(Rows.ItemName(Index));
     m_loadedItem = cmbItems->Text();
@@ -394,8 +362,8 @@ void frmAddItem::LoadEditItems(const QString &labels, const QString &values)
 
 void frmAddItem::cleanForm()
 {
-    clearImage(pic2, picPath2);
-    clearImage(pic1, picPath1);
+    m_image2->removeFile();
+    m_image1->removeFile();
     if (!cmbItems->Text().isEmpty() && SelectComboEntry(*cmbItems) >= 0)
         LoadEmptyItems(GetItemID(cmbItems->Text()));
 }
@@ -412,26 +380,6 @@ void frmAddItem::showColor(double number)
 {
     m_color = number;
     picColor->setStyleSheet(u"background: %1; border: 1px solid #555"_s.arg(colorOf(number).name()));
-}
-
-void frmAddItem::showImage(PictureBox *picture, kvTextBox *path, const QString &file)
-{
-    // A file that is there and is no picture keeps its path: saving the row must not forget it.
-    if (file.isEmpty() || !QFile::exists(file))
-        return;
-    path->setText(file);
-    if (!picture->load(file))
-        picture->clearPicture();
-}
-
-void frmAddItem::clearImage(PictureBox *picture, kvTextBox *path)
-{
-    // The file goes at once; one that cannot be deleted is left, and the box is emptied all the same.
-    if (!QFile::exists(path->Text()))
-        return;
-    QFile::remove(path->Text());
-    picture->clearPicture();
-    path->setText({});
 }
 
 void frmAddItem::measurementTexts(QString &labels, QString &values) const
@@ -473,8 +421,8 @@ void frmAddItem::confirm()
     row.Amount = quantity * fees;
     row.Remarks = txtRemark->Text();
     measurementTexts(row.ItemDetails, row.ItemDetailsValue);
-    row.img1 = picPath1->Text();
-    row.img2 = picPath2->Text();
+    row.img1 = m_image1->path();
+    row.img2 = m_image2->path();
     row.Color = NumberText(m_color);
     row.ClientRemarks = txtClientRemark->Text();
     ItemCancelled = false;

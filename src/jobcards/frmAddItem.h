@@ -6,7 +6,7 @@
 
 class Command;
 class ItemDetails;
-class PictureBox;
+class ImageSlot;
 class QLabel;
 class QRadioButton;
 class QPushButton;
@@ -45,8 +45,6 @@ private:
     void buildForm();
     [[nodiscard]] QLayout *buildOrder();
     [[nodiscard]] QLayout *buildCloth();
-    [[nodiscard]] static QLayout *buildImage(
-        const QString &caption, PictureBox *picture, kvTextBox *path, const std::vector<Command *> &commands);
     void connectCommands();
     void itemChosen();
     void itemConfirmed();
@@ -55,8 +53,6 @@ private:
     void cleanForm();
     void chooseColor();
     void showColor(double number);
-    static void clearImage(PictureBox *picture, kvTextBox *path);
-    static void showImage(PictureBox *picture, kvTextBox *path, const QString &file);
     void confirm();
     void addSplitLine(const QString &line);
     void measurementTexts(QString &labels, QString &values) const;
@@ -71,10 +67,8 @@ private:
     kvTextBoxMultiLine *txtClientRemark;
     QPushButton *picColor;
     QRadioButton *opIsInv;
-    PictureBox *pic1;
-    PictureBox *pic2;
-    kvTextBox *picPath1;
-    kvTextBox *picPath2;
+    ImageSlot *m_image1;
+    ImageSlot *m_image2;
     Command *Command1;
     Command *Command2;
     Command *Command3;

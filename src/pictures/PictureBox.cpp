@@ -1,5 +1,7 @@
 #include "pictures/PictureBox.h"
 
+#include <QImageReader>
+
 PictureBox::PictureBox(const QString &name, QWidget *parent) : QLabel(parent)
 {
     setObjectName(name);
@@ -11,17 +13,17 @@ PictureBox::PictureBox(const QString &name, QWidget *parent) : QLabel(parent)
 
 bool PictureBox::load(const QString &path)
 {
-    const QPixmap picture(path);
+    const QPixmap picture = scaled(path);
     if (picture.isNull())
         return false;
-    m_picture = picture;
-    showScaled();
+    m_path = path;
+    setPixmap(picture);
     return true;
 }
 
 void PictureBox::clearPicture()
 {
-    m_picture = {};
+    m_path.clear();
     clear();
 }
 
@@ -34,15 +36,27 @@ void PictureBox::mouseDoubleClickEvent(QMouseEvent *event)
 void PictureBox::resizeEvent(QResizeEvent *event)
 {
     QLabel::resizeEvent(event);
-    showScaled();
+    if (!hasPicture())
+        return;
+    // A file that is gone since stays as it was shown.
+    if (const QPixmap picture = scaled(m_path); !picture.isNull())
+        setPixmap(picture);
 }
 
-void PictureBox::showScaled()
+QPixmap PictureBox::scaled(const QString &path) const
 {
-    if (m_picture.isNull())
-        return;
+    QImageReader reader(path);
+    // The content tells what it is, whatever the file's name says.
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
     const QSize room = contentsRect().size() * devicePixelRatioF();
-    QPixmap scaled = m_picture.scaled(m_picture.size().boundedTo(room), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    scaled.setDevicePixelRatio(devicePixelRatioF());
-    setPixmap(scaled);
+    // What lies on its side is turned after it was read.
+    const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+    const QSize whole = reader.size();
+    const QSize fitting = whole.scaled(turned ? room.transposed() : room, Qt::KeepAspectRatio);
+    if (whole.isValid() && fitting.width() < whole.width())
+        reader.setScaledSize(fitting.expandedTo({1, 1}));
+    QPixmap picture = QPixmap::fromImageReader(&reader);
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    return picture;
 }

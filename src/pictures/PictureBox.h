@@ -3,7 +3,8 @@
 #include <QLabel>
 #include <QPixmap>
 
-/// Shows a picture file, scaled to fit. A double click asks for the file to be opened.
+/// Shows a picture file the way up that its camera noted, scaled down to fit: a large one is never held whole. A double
+/// click asks for the file to be opened.
 class PictureBox : public QLabel {
     Q_OBJECT
 
@@ -14,7 +15,7 @@ public:
     /// Shows the picture in `path`; false, and nothing changed, where it can't be loaded.
     [[nodiscard]] bool load(const QString &path);
     void clearPicture();
-    [[nodiscard]] bool hasPicture() const { return !m_picture.isNull(); }
+    [[nodiscard]] bool hasPicture() const { return !m_path.isEmpty(); }
 
 signals:
     void doubleClicked();
@@ -24,7 +25,8 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void showScaled();
+    /// Of the size that the box has room for; none where the file is no picture.
+    [[nodiscard]] QPixmap scaled(const QString &path) const;
 
-    QPixmap m_picture;
+    QString m_path;
 };

@@ -1,28 +1,19 @@
 #include "ui/kvComboBox.h"
 
 #include "base/values.h"
-#include "ui/EntryField.h"
-#include "ui/boxType.h"
 #include "ui/entryKeys.h"
 #include "ui/modAutoSearch.h"
 
 #include <QKeyEvent>
 #include <QWheelEvent>
 
-kvComboBox::kvComboBox(QWidget *parent) : QComboBox(parent), m_entry(new EntryField(this))
+kvComboBox::kvComboBox(QWidget *parent) : QComboBox(parent), EntryBox(this)
 {
     setEditable(true);
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     connect(this, &QComboBox::currentTextChanged, this, &kvComboBox::changed);
-    connect(m_entry, &EntryField::gotFocus, this, &kvComboBox::gotFocus);
-    connect(m_entry, &EntryField::lostFocus, this, [this] {
-        if (m_boxType == boxType::Amount)
-            setText(Text());
-        emit lostFocus();
-    });
-    connect(m_entry, &EntryField::keyDown, this, &kvComboBox::keyDown);
-    connect(m_entry, &EntryField::keyPress, this, &kvComboBox::keyPress);
+    passOn(*this);
 }
 
 kvComboBox::kvComboBox(const QString &name, QWidget *parent) : kvComboBox(parent)
@@ -32,27 +23,16 @@ kvComboBox::kvComboBox(const QString &name, QWidget *parent) : kvComboBox(parent
 
 void kvComboBox::setText(const QString &text)
 {
-    setComboText(*this, m_boxType == boxType::Amount ? Money(Val(text)) : text);
-}
-
-QColor kvComboBox::ForeColor() const
-{
-    return m_entry->foreColor();
-}
-
-void kvComboBox::setForeColor(const QColor &colour)
-{
-    m_entry->setForeColor(colour);
+    setComboText(*this, inForm(text));
 }
 
 void kvComboBox::keyPressEvent(QKeyEvent *event)
 {
-    if (m_entry->keySwallowed(*event))
+    if (entry().keySwallowed(*event))
         return;
-    const auto filtered = [this](int key) {
-        return m_boxType == boxType::Amount && key >= keys::Blank ? DecimalKeysOnly(Text(), key) : key;
-    };
-    m_entry->passCharacter(event, filtered, [this](QKeyEvent *left) { QComboBox::keyPressEvent(left); });
+    entry().passCharacter(
+        event, [this](int key) { return amountKey(Text(), key); },
+        [this](QKeyEvent *left) { QComboBox::keyPressEvent(left); });
 }
 
 void kvComboBox::wheelEvent(QWheelEvent *event)

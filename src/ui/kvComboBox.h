@@ -1,18 +1,14 @@
 #pragma once
 
-#include <QComboBox>
+#include "ui/EntryBox.h"
 
-class EntryField;
+#include <QComboBox>
 
 /// An editable combo box with the common behaviour of entry fields: white on black while it has the focus; with
 /// `BoxType` 1 it takes digits and one point and reads "0.00" when set or left. Nothing typed is added to its list, and
 /// nothing is completed unless `installAutoSearch` was called on it.
-class kvComboBox : public QComboBox {
+class kvComboBox : public QComboBox, public EntryBox {
     Q_OBJECT
-    Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY changed)
-    Q_PROPERTY(int BoxType READ BoxType WRITE setBoxType)
-    Q_PROPERTY(QFont Font READ font WRITE setFont)
-    Q_PROPERTY(QColor ForeColor READ ForeColor WRITE setForeColor)
 
 public:
     explicit kvComboBox(QWidget *parent = nullptr);
@@ -22,11 +18,6 @@ public:
     [[nodiscard]] QString Text() const { return currentText(); }
     /// Selects the first entry that reads `text` exactly, none where there is no such entry; shows `text` either way.
     void setText(const QString &text);
-
-    [[nodiscard]] int BoxType() const { return m_boxType; }
-    void setBoxType(int boxType) { m_boxType = boxType; }
-    [[nodiscard]] QColor ForeColor() const;
-    void setForeColor(const QColor &colour);
 
 signals:
     void changed();
@@ -39,8 +30,4 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
-
-private:
-    EntryField *m_entry;
-    int m_boxType = 0;
 };

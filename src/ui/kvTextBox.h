@@ -1,22 +1,16 @@
 #pragma once
 
-#include <QLineEdit>
+#include "ui/EntryBox.h"
 
-class EntryField;
+#include <QLineEdit>
 
 /// A single-line entry field. Shown white on black with all text selected while it has the focus.
 ///
 /// `BoxType` 0 starts each word with a capital as it is typed; text pasted or set stays as it is. `BoxType` 1 is an
 /// amount: digits and one point can be typed, and it reads "0.00" whenever it is set or left. Any other is plain text.
 /// Line breaks in pasted text become blanks.
-class kvTextBox : public QLineEdit {
+class kvTextBox : public QLineEdit, public EntryBox {
     Q_OBJECT
-    Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY changed)
-    Q_PROPERTY(int BoxType READ BoxType WRITE setBoxType)
-    Q_PROPERTY(bool AutoTab READ AutoTab WRITE setAutoTab)
-    Q_PROPERTY(Qt::Alignment Alignment READ alignment WRITE setAlignment)
-    Q_PROPERTY(QFont Font READ font WRITE setFont)
-    Q_PROPERTY(QColor ForeColor READ ForeColor WRITE setForeColor)
 
 public:
     explicit kvTextBox(QWidget *parent = nullptr);
@@ -27,13 +21,9 @@ public:
     /// An amount takes the form "0.00".
     void setText(const QString &text);
 
-    [[nodiscard]] int BoxType() const { return m_boxType; }
-    void setBoxType(int boxType) { m_boxType = boxType; }
     /// On by default: Enter moves to the next field and is not offered to anybody as a key press.
     [[nodiscard]] bool AutoTab() const { return m_autoTab; }
     void setAutoTab(bool on) { m_autoTab = on; }
-    [[nodiscard]] QColor ForeColor() const;
-    void setForeColor(const QColor &colour);
 
 signals:
     void changed();
@@ -54,8 +44,6 @@ private:
     void pasteAmount();
     void flattenLines(const QString &text);
 
-    EntryField *m_entry;
-    int m_boxType = 0;
     bool m_autoTab = true;
     int m_lastKey = 0;
 };

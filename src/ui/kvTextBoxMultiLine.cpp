@@ -1,8 +1,5 @@
 #include "ui/kvTextBoxMultiLine.h"
 
-#include "base/values.h"
-#include "ui/EntryField.h"
-#include "ui/boxType.h"
 #include "ui/entryKeys.h"
 
 #include <QKeyEvent>
@@ -10,21 +7,16 @@
 
 using namespace Qt::StringLiterals;
 
-kvTextBoxMultiLine::kvTextBoxMultiLine(QWidget *parent) : QPlainTextEdit(parent), m_entry(new EntryField(this))
+kvTextBoxMultiLine::kvTextBoxMultiLine(QWidget *parent) : QPlainTextEdit(parent), EntryBox(this)
 {
     setTabChangesFocus(true);
     connect(this, &QPlainTextEdit::textChanged, this, &kvTextBoxMultiLine::changed);
-    connect(m_entry, &EntryField::gotFocus, this, &kvTextBoxMultiLine::gotFocus);
-    connect(m_entry, &EntryField::lostFocus, this, [this] {
+    connect(&entry(), &EntryField::lostFocus, this, [this] {
         QTextCursor caret = textCursor();
         caret.clearSelection();
         setTextCursor(caret);
-        if (m_boxType == boxType::Amount)
-            setText(Text());
-        emit lostFocus();
     });
-    connect(m_entry, &EntryField::keyDown, this, &kvTextBoxMultiLine::keyDown);
-    connect(m_entry, &EntryField::keyPress, this, &kvTextBoxMultiLine::keyPress);
+    passOn(*this);
 }
 
 kvTextBoxMultiLine::kvTextBoxMultiLine(const QString &name, QWidget *parent) : kvTextBoxMultiLine(parent)
@@ -41,7 +33,7 @@ QString kvTextBoxMultiLine::Text() const
 
 void kvTextBoxMultiLine::setText(const QString &text)
 {
-    m_setText = m_boxType == boxType::Amount ? Money(Val(text)) : text;
+    m_setText = inForm(text);
     setPlainText(m_setText);
 }
 
@@ -57,22 +49,11 @@ void kvTextBoxMultiLine::setAlignment(Qt::Alignment alignment)
     document()->setDefaultTextOption(option);
 }
 
-QColor kvTextBoxMultiLine::ForeColor() const
-{
-    return m_entry->foreColor();
-}
-
-void kvTextBoxMultiLine::setForeColor(const QColor &colour)
-{
-    m_entry->setForeColor(colour);
-}
-
 void kvTextBoxMultiLine::keyPressEvent(QKeyEvent *event)
 {
-    if (m_entry->keySwallowed(*event))
+    if (entry().keySwallowed(*event))
         return;
-    const auto filtered = [this](int key) {
-        return m_boxType == boxType::Amount && key >= keys::Blank ? DecimalKeysOnly(toPlainText(), key) : key;
-    };
-    m_entry->passCharacter(event, filtered, [this](QKeyEvent *left) { QPlainTextEdit::keyPressEvent(left); });
+    entry().passCharacter(
+        event, [this](int key) { return amountKey(toPlainText(), key); },
+        [this](QKeyEvent *left) { QPlainTextEdit::keyPressEvent(left); });
 }

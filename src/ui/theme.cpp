@@ -14,9 +14,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double leastPointSize = 10;
-constexpr QColor focusRing(0xd9, 0x83, 0x24);
 constexpr int focusRingWidth = 2;
 constexpr int focusRingRadius = 3;
+constexpr double boxLineWidth = 1.4;
 constexpr int itemTextMargin = 6;
 constexpr int itemHeightExtra = 6;
 constexpr int fieldHeightExtra = 4;
@@ -60,14 +60,16 @@ public:
     void drawPrimitive(
         PrimitiveElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const override
     {
-        if (element != PE_FrameFocusRect || !qobject_cast<const QAbstractButton *>(widget))
-            return QProxyStyle::drawPrimitive(element, option, painter, widget);
-        // The ring around a check box or an option, in the colour that all focus rings have.
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(focusRing, focusRingWidth));
-        painter->drawRoundedRect(QRectF(option->rect).adjusted(1, 1, -1, -1), focusRingRadius, focusRingRadius);
-        painter->restore();
+        switch (element) {
+        case PE_FrameFocusRect:
+            if (qobject_cast<const QAbstractButton *>(widget))
+                return drawFocusRing(*option, *painter);
+            break;
+        case PE_IndicatorCheckBox: return drawBox(*option, *painter, false);
+        case PE_IndicatorRadioButton: return drawBox(*option, *painter, true);
+        default: break;
+        }
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
 
     int styleHint(
@@ -80,6 +82,42 @@ public:
         if (hint == SH_ItemView_ActivateItemOnSingleClick)
             return 0;
         return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+private:
+    /// Around a check box or an option, in the colour that all focus rings have.
+    static void drawFocusRing(const QStyleOption &option, QPainter &painter)
+    {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(theme::focusRing(), focusRingWidth));
+        painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), focusRingRadius, focusRingRadius);
+        painter.restore();
+    }
+
+    /// The square of a check box with its tick, or the circle of an option with its dot.
+    static void drawBox(const QStyleOption &option, QPainter &painter, bool round)
+    {
+        const bool enabled = option.state.testFlag(State_Enabled);
+        const QColor ink = enabled ? theme::accent() : option.palette.color(QPalette::Disabled, QPalette::Text);
+        const QRectF place = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(enabled ? theme::boxOutline() : ink, boxLineWidth));
+        painter.setBrush(option.palette.color(QPalette::Base));
+        round ? painter.drawEllipse(place) : painter.drawRoundedRect(place, 2, 2);
+        const double size = place.width();
+        if (option.state.testFlag(State_On) && round) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(ink);
+            painter.drawEllipse(place.center(), size / 4, size / 4);
+        } else if (option.state.testFlag(State_On)) {
+            painter.setPen(QPen(ink, size / 6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            const QPointF corner = place.topLeft();
+            painter.drawPolyline(QPolygonF{corner + size * QPointF(0.22, 0.52), corner + size * QPointF(0.42, 0.72),
+                corner + size * QPointF(0.78, 0.28)});
+        }
+        painter.restore();
     }
 };
 
@@ -118,13 +156,13 @@ QPushButton:hover { background: #eef3f9; }
 QPushButton:pressed, QPushButton:checked { background: #d5e0ec; }
 QPushButton:default { background: #1d5a8a; border-color: #1d5a8a; color: white; font-weight: 600; }
 QPushButton:default:hover { background: #256ca4; }
-QPushButton:focus { border: 2px solid #d98324; padding: 5px 15px; outline: none; }
+QPushButton:focus { border: 2px solid %focus%; padding: 5px 15px; outline: none; }
 QPushButton:disabled { background: #eceff3; border: 1px solid #d3d9e0; color: #9aa4af; font-weight: normal; }
 QDialogButtonBox QPushButton { min-width: 56px; }
-QToolButton:focus { border: 2px solid #d98324; border-radius: 4px; }
+QToolButton:focus { border: 2px solid %focus%; border-radius: 4px; }
 
 QTreeView, QListView, QTableView { border: 2px solid #c3cbd5; border-radius: 3px; }
-QTreeView:focus, QListView:focus, QTableView:focus { border-color: #d98324; }
+QTreeView:focus, QListView:focus, QTableView:focus { border-color: %focus%; }
 QComboBox QAbstractItemView { border: 1px solid #7d8997; border-radius: 0; }
 QCalendarWidget QTableView { border: none; }
 QHeaderView::section {
@@ -149,12 +187,32 @@ QColor theme::accent()
 
 QColor theme::muted()
 {
-    return {0x5f, 0x6c, 0x7a};
+    return {0x5a, 0x66, 0x74};
 }
 
 QColor theme::warning()
 {
     return {0xb3, 0x26, 0x1e};
+}
+
+QColor theme::good()
+{
+    return {0x1e, 0x7a, 0x46};
+}
+
+QColor theme::gold()
+{
+    return {0x9c, 0x5a, 0x00};
+}
+
+QColor theme::focusRing()
+{
+    return {0xc4, 0x6a, 0x0c};
+}
+
+QColor theme::boxOutline()
+{
+    return {0x6b, 0x77, 0x85};
 }
 
 void applyTheme(QApplication &application)
@@ -168,5 +226,5 @@ void applyTheme(QApplication &application)
     QApplication::setFont(font);
     // The messages' font is not on every machine; its text is then drawn as all other text is.
     QFont::insertSubstitution(u"MS Sans Serif"_s, font.family());
-    application.setStyleSheet(styleSheet);
+    application.setStyleSheet(QString(styleSheet).replace(u"%focus%"_s, theme::focusRing().name()));
 }

@@ -13,5 +13,11 @@ namespace theme {
 [[nodiscard]] QColor accent();
 [[nodiscard]] QColor muted();
 [[nodiscard]] QColor warning();
+[[nodiscard]] QColor good();
+[[nodiscard]] QColor gold();
+/// Around what has the focus.
+[[nodiscard]] QColor focusRing();
+/// Around a check box and an option.
+[[nodiscard]] QColor boxOutline();
 
 } // namespace theme

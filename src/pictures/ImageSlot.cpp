@@ -1,0 +1,63 @@
+#include "pictures/ImageSlot.h"
+
+#include "devices/shell.h"
+#include "pictures/PictureBox.h"
+#include "ui/Command.h"
+#include "ui/boxType.h"
+#include "ui/formFields.h"
+#include "ui/kvTextBox.h"
+
+#include <QBoxLayout>
+#include <QFile>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+ImageSlot::ImageSlot(
+    const QString &caption, const QString &picture, const QString &path, const QList<Command *> &commands)
+    : m_picture(new PictureBox(picture)), m_path(new kvTextBox(path, boxType::Plain))
+{
+    m_path->setReadOnly(true);
+    m_path->setFocusPolicy(Qt::NoFocus);
+    m_picture->setToolTip(u"Double click to open"_s);
+    connect(m_picture, &PictureBox::doubleClicked, this, [this] {
+        if (!m_path->Text().isEmpty())
+            shell::openFile(m_path->Text());
+    });
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addWidget(new QLabel(caption));
+    column->addWidget(m_picture, 1);
+    column->addWidget(m_path);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(4);
+    for (Command *command : commands) {
+        nameAloud(command, caption + u' ' + command->text());
+        row->addWidget(command);
+    }
+    column->addLayout(row);
+}
+
+QString ImageSlot::path() const
+{
+    return m_path->Text();
+}
+
+void ImageSlot::showFile(const QString &file)
+{
+    if (file.isEmpty() || !QFile::exists(file))
+        return;
+    m_path->setText(file);
+    if (!m_picture->load(file))
+        m_picture->clearPicture();
+}
+
+void ImageSlot::removeFile()
+{
+    if (!QFile::exists(path()))
+        return;
+    QFile::remove(path());
+    m_picture->clearPicture();
+    m_path->setText({});
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+class Command;
+class PictureBox;
+class kvTextBox;
+
+/// A place for one picture of a garment: the picture, the path of its file, and commands on it. A double click on the
+/// picture opens the file as the system does.
+class ImageSlot : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `picture` and `path` become the object names of the two. The commands stand below and are the screen's to act
+    /// on.
+    ImageSlot(const QString &caption, const QString &picture, const QString &path, const QList<Command *> &commands);
+
+    /// The file's path; empty where the slot has none.
+    [[nodiscard]] QString path() const;
+    /// Shows the file, which is to be there: with an empty path, or one that leads nowhere, the slot stays as it is. A
+    /// file that is no picture leaves the picture empty and keeps its path: a save must not forget it.
+    void showFile(const QString &file);
+    /// Deletes the file and empties the slot, also where the file cannot be deleted. A slot whose path leads nowhere
+    /// stays as it is.
+    void removeFile();
+
+private:
+    PictureBox *m_picture;
+    kvTextBox *m_path;
+};

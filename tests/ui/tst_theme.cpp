@@ -1,0 +1,212 @@
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/signs.h"
+#include "ui/theme.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QPainter>
+#include <QPalette>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QStyle>
+#include <QStyleOption>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double enoughForText = 4.5;
+constexpr double enoughForMarks = 3;
+
+double luminance(const QColor &colour)
+{
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+/// As the accessibility guidelines count it, from 1 to 21.
+double contrast(const QColor &a, const QColor &b)
+{
+    const double ratio = (luminance(a) + 0.05) / (luminance(b) + 0.05);
+    return std::max(ratio, 1 / ratio);
+}
+
+/// The colour that differs most from `ground` along a line across the picture.
+double strongest(const QImage &picture, int row, int from, int to, const QColor &ground)
+{
+    double most = 1;
+    for (int x = from; x < to; ++x)
+        most = std::max(most, contrast(picture.pixelColor(x, row), ground));
+    return most;
+}
+
+QImage drawn(const QIcon &icon, QSize size, qreal factor)
+{
+    QImage paper(size * factor, QImage::Format_ARGB32);
+    paper.fill(Qt::white);
+    QPainter painter(&paper);
+    icon.paint(&painter, paper.rect());
+    return paper;
+}
+
+/// Places whose colour is between paper and ink: what a picture that was scaled up has many of.
+int blurred(const QImage &picture)
+{
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const double seen = contrast(picture.pixelColor(x, y), Qt::white);
+            count += seen > 1.1 && seen < 2.5 ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+/// What can be told apart on the screen, and what not.
+class ThemeTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void textsStandOutFromTheirGround_data();
+    void textsStandOutFromTheirGround();
+    void rulesOfTheSheetKeepTheContrast();
+    void boxesAndRingsAreSeen();
+    void signsDifferInShape();
+    void starsCountAndStaySharp();
+};
+
+void ThemeTest::textsStandOutFromTheirGround_data()
+{
+    QTest::addColumn<QColor>("text");
+    QTest::addColumn<QColor>("ground");
+    const QPalette colours = QApplication::palette();
+    const auto pair = [&colours](const char *name, QPalette::ColorRole text, QPalette::ColorRole ground) {
+        QTest::newRow(name) << colours.color(text) << colours.color(ground);
+    };
+    pair("labels", QPalette::WindowText, QPalette::Window);
+    pair("fields", QPalette::Text, QPalette::Base);
+    pair("every other row", QPalette::Text, QPalette::AlternateBase);
+    pair("buttons", QPalette::ButtonText, QPalette::Button);
+    pair("what is selected", QPalette::HighlightedText, QPalette::Highlight);
+    pair("tips", QPalette::ToolTipText, QPalette::ToolTipBase);
+    pair("hints in fields", QPalette::PlaceholderText, QPalette::Base);
+    for (const auto &[name, colour] : {std::pair("accent", theme::accent()), std::pair("muted", theme::muted()),
+             std::pair("warning", theme::warning()), std::pair("good", theme::good()),
+             std::pair("gold", theme::gold())}) {
+        for (const auto ground : {QPalette::Base, QPalette::AlternateBase, QPalette::Window})
+            QTest::addRow("%s on %d", name, ground) << colour << colours.color(ground);
+    }
+    QTest::newRow("muted on the foot") << theme::muted() << colours.color(QPalette::Button);
+}
+
+void ThemeTest::textsStandOutFromTheirGround()
+{
+    QFETCH(const QColor, text);
+    QFETCH(const QColor, ground);
+    QVERIFY2(contrast(text, ground) >= enoughForText, qPrintable(QString::number(contrast(text, ground))));
+}
+
+void ThemeTest::rulesOfTheSheetKeepTheContrast()
+{
+    static const QRegularExpression rule(u"([^{}]+)\\{([^{}]*)\\}"_s);
+    static const QRegularExpression ground(u"background: (#\\w+)"_s);
+    static const QRegularExpression text(u"[^-]color: (#?\\w+)"_s);
+    static const QRegularExpression border(u"border(?:-color)?:[^;#]*(#\\w+)"_s);
+    int texts = 0;
+    int rings = 0;
+    for (auto rules = rule.globalMatch(qApp->styleSheet()); rules.hasNext();) {
+        const auto match = rules.next();
+        const QString selector = match.captured(1).trimmed();
+        // What is disabled is to look so.
+        if (selector.contains(u":disabled"_s))
+            continue;
+        const auto on = ground.match(match.captured(2));
+        const auto ink = text.match(match.captured(2));
+        if (on.hasMatch() && ink.hasMatch()) {
+            ++texts;
+            QVERIFY2(contrast(QColor(ink.captured(1)), QColor(on.captured(1))) >= enoughForText, qPrintable(selector));
+        }
+        if (selector.contains(u":focus"_s)) {
+            ++rings;
+            const QColor ring(border.match(match.captured(2)).captured(1));
+            QVERIFY2(contrast(ring, QApplication::palette().color(QPalette::Window)) >= enoughForMarks,
+                qPrintable(selector));
+        }
+    }
+    QVERIFY(texts >= 4 && rings >= 3);
+}
+
+void ThemeTest::boxesAndRingsAreSeen()
+{
+    QWidget window;
+    QVBoxLayout form(&window);
+    QCheckBox box(u"Delivered"_s);
+    QRadioButton option(u"Completed"_s);
+    form.addWidget(&box);
+    form.addWidget(&option);
+    QVERIFY(driver::show(window));
+    const QColor ground = window.palette().color(QPalette::Window);
+    for (QAbstractButton *button : std::initializer_list<QAbstractButton *>{&box, &option}) {
+        QStyleOptionButton look;
+        look.initFrom(button);
+        const bool round = button == &option;
+        const QRect mark = button->style()->subElementRect(
+            round ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator, &look, button);
+        (round ? static_cast<QAbstractButton *>(&box) : &option)->setFocus();
+        const QImage plain = button->grab().toImage();
+        QVERIFY(strongest(plain, mark.center().y(), mark.left(), mark.left() + 4, ground) >= enoughForMarks);
+        const double empty = strongest(plain, mark.center().y(), mark.left() + 5, mark.right() - 5, Qt::white);
+        button->setChecked(true);
+        const QImage ticked = button->grab().toImage();
+        QVERIFY(empty < 1.2
+            && strongest(ticked, mark.center().y(), mark.left() + 5, mark.right() - 5, Qt::white) >= enoughForMarks);
+    }
+    QVERIFY(contrast(theme::focusRing(), ground) >= enoughForMarks);
+    QVERIFY(contrast(theme::focusRing(), Qt::white) >= enoughForMarks);
+}
+
+void ThemeTest::signsDifferInShape()
+{
+    using signs::Status;
+    QList<QImage> shapes;
+    for (const Status status :
+        {Status::Uncompleted, Status::Completed, Status::Delivered, Status::Alteration, Status::Canceled}) {
+        // In black and white: not by the colour alone.
+        QImage shape =
+            drawn(signs::status(status), {16, 16}, 1).convertToFormat(QImage::Format_Mono, Qt::ThresholdDither);
+        QVERIFY2(!shapes.contains(shape), qPrintable(QString::number(static_cast<int>(status))));
+        shapes += shape;
+    }
+}
+
+void ThemeTest::starsCountAndStaySharp()
+{
+    QVERIFY(signs::stars(-1).isNull() && signs::stars(6).isNull());
+    const auto fullStars = [](int rating, qreal factor) {
+        const QImage picture = drawn(signs::stars(rating), {80, 16}, factor);
+        int full = 0;
+        for (int place = 0; place < 5; ++place)
+            full +=
+                contrast(picture.pixelColor(QPoint(place * 16 + 8, 8) * factor), Qt::white) > enoughForMarks ? 1 : 0;
+        return full;
+    };
+    for (int rating = 0; rating <= 5; ++rating) {
+        QCOMPARE(fullStars(rating, 1), rating);
+        QCOMPARE(fullStars(rating, 2), rating);
+    }
+    // Drawn anew at each size, an edge is one place wide: twice the size has twice the edge, not four times.
+    const QIcon icon = signs::stars(5);
+    QVERIFY(blurred(drawn(icon, {80, 16}, 4)) < 3 * blurred(drawn(icon, {80, 16}, 2)));
+}
+
+CORVANE_TEST(ThemeTest)
+#include "tst_theme.moc"
