@@ -2,6 +2,8 @@
 
 #include "base/values.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
+#include "store/itemRows.h"
 #include "store/jetsql.h"
 #include "store/settings.h"
 
@@ -19,13 +21,10 @@ QString signedText(const QString &text)
     return text + u'\r' + GetSetting(setting::SmsTitle);
 }
 
-int countOf(const QString &statement)
+itemRows::Progress progressOf(qint32 jobID)
 {
-    Recordset &rows = DE().rsJOBS_DETAIL2;
-    rows.reopen(statement);
-    const int count = rows.recordCount();
-    rows.close();
-    return count;
+    DE().rsJOBS_DETAIL2.close();
+    return itemRows::progressOf(DE().CN, jobID);
 }
 
 } // namespace
@@ -70,11 +69,12 @@ QString GetClientMobile(const QString &name, qint16 id)
             mobile = clients.textOrEmpty(u"Mobile");
         clients.close();
     };
-    const QString ofClients = u"Select * from Accounts where type="_s + QString::number(0);
+    const QString ofClients = u"Select * from Accounts where type="_s + QString::number(accountType::Client);
     if (!name.isEmpty())
         take(ofClients + u" and  Title='"_s + jetsql::quoted(name) + u"'"_s);
     if (id > 0)
-        take(u"Select * from Accounts where  type="_s + QString::number(0) + u" and  ID="_s + QString::number(id));
+        take(u"Select * from Accounts where  type="_s + QString::number(accountType::Client) + u" and  ID="_s
+            + QString::number(id));
     return mobile;
 }
 
@@ -97,13 +97,12 @@ QString GetContactLine(qint16 id)
 
 bool IsJobCompleted(qint32 jobID)
 {
-    const QString made = u"Select * from Jobs_Detail where isInventory=0 and JobID="_s + QString::number(jobID);
-    return countOf(made) == countOf(made + u" and DoneByWorker=1"_s);
+    const itemRows::Progress progress = progressOf(jobID);
+    return progress.made == progress.madeAndCompleted;
 }
 
 bool IsJobDelivered(qint32 jobID)
 {
-    const QString id = QString::number(jobID);
-    return countOf(u"Select * from Jobs_Detail where isInventory=0  and JobID="_s + id)
-        == countOf(u"Select * from Jobs_Detail where  JobID="_s + id + u" and DoneByWorker=2"_s);
+    const itemRows::Progress progress = progressOf(jobID);
+    return progress.made == progress.delivered;
 }

@@ -5,7 +5,9 @@
 #include "base/values.h"
 #include "jobcards/clsJobCardData.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/lookups.h"
+#include "store/postings.h"
 #include "store/settings.h"
 
 #include <algorithm>
@@ -13,9 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int jobCardVoucher = 1;
-constexpr int cancelledWithItsCard = 4;
 
 /// The columns that a card gives to each of its rows, at every save.
 void setSharedColumns(
@@ -236,11 +235,11 @@ void JobCardStore::addRow(const JobCard &card, clsJobCardData &rows, int index, 
     record.set(u"JobDelDate", card.DeliveryDate);
     for (const QStringView date : {u"CompletedDate", u"DelToCustDate", u"AltDate"})
         record.set(date, Value());
-    record.set(u"DoneByWorker", 0);
+    record.set(u"DoneByWorker", rowStatus::Uncompleted);
     // From the present item master: what the row says of wages never counts.
     record.set(u"WorkerWagesDue", GetItemWorkerFees(rows.ItemName(index)) * rows.Qty(index));
     record.set(u"CuttingDate", card.JobDate);
-    record.set(u"CuttingStatus", 0);
+    record.set(u"CuttingStatus", cutting::NotDone);
     record.update();
     const qint32 rowNumber = record.integer(u"ID");
     m_knownRowIDs += rowNumber;
@@ -260,12 +259,6 @@ void JobCardStore::overwriteRow(const JobCard &card, const clsJobCardData &rows,
 
 void JobCardStore::writePostings(const JobCard &card)
 {
-    struct Leg {
-        QString particulars;
-        qint32 account;
-        qint32 otherSide;
-        double amount;
-    };
     const qint32 sales = GetAccountID(u"Sales"_s);
     const double total = Val(card.TotalText);
     const double received = Val(card.ReceivedText);
@@ -277,21 +270,13 @@ void JobCardStore::writePostings(const JobCard &card)
     }
     Recordset &postings = DE().rspostings;
     postings.reopen(u"Select * from Postings where id=0"_s);
-    int serial = 0;
-    for (const Leg &leg : legs) {
-        postings.addNew();
-        postings.set(u"VID", m_currentJobID);
-        postings.set(u"vType", jobCardVoucher);
-        postings.set(u"Sr", ++serial);
-        postings.set(u"Date", card.JobDate);
-        postings.set(u"particulars", leg.particulars);
-        postings.set(u"accID", leg.account);
-        postings.set(u"refID", leg.otherSide);
-        postings.set(u"Remark", u"Job Card # :"_s + QString::number(m_currentJobID));
-        postings.set(u"Amount", leg.amount);
-        postings.set(u"Status", card.Cancelled ? 1 : 0);
-        postings.update();
-    }
+    addLegs(postings,
+        {.VID = m_currentJobID,
+            .Vtype = documentKind::JobCard,
+            .date = card.JobDate,
+            .remark = u"Job Card # :"_s + QString::number(m_currentJobID),
+            .status = card.Cancelled ? postingStatus::OutOfTheBooks : postingStatus::Live},
+        legs);
     postings.close();
 }
 
@@ -300,7 +285,7 @@ void JobCardStore::markRowsCancelled()
     Recordset &records = DE().rsJOBS_DETAIL;
     records.reopen(u"Select * from jobs_detail where JobID="_s + QString::number(m_currentJobID));
     for (; !records.eof(); records.moveNext())
-        records.set(u"DoneByWorker", cancelledWithItsCard);
+        records.set(u"DoneByWorker", rowStatus::Canceled);
     records.updateBatch();
     records.close();
 }

@@ -1,21 +1,12 @@
 #include "jobcards/clientGreeting.h"
 
+#include "base/balanceText.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// What the client owes or has to his credit. A credit keeps its minus sign.
-QString balanceText(double balance)
-{
-    return Money(-balance) + (balance < 0 ? u" Dr"_s : u" Cr"_s);
-}
-
-} // namespace
 
 ClientGreeting greetingOf(const QString &title)
 {
@@ -35,6 +26,6 @@ ClientGreeting greetingOf(const QString &title)
     if (balance == 0)
         text += u"  ago )  , Job # "_s + jobNumber;
     else
-        text += u"  ago ) , Job # "_s + jobNumber + u" , Due Balance : "_s + balanceText(balance);
+        text += u"  ago ) , Job # "_s + jobNumber + u" , Due Balance : "_s + balanceText::inGreeting(balance);
     return {text, true};
 }

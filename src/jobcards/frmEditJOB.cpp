@@ -12,6 +12,7 @@
 #include "masters/frmSearchClient.h"
 #include "production/frmDDP.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/lookups.h"
 #include "store/settings.h"
 #include "ui/Command.h"
@@ -67,7 +68,7 @@ frmEditJOB::frmEditJOB() : Screen(u"frmEditJOB"_s, u"Create New Job Card"_s), m_
     setTabs();
     connectCommands();
     fillClients();
-    fillWithTitles(*cmbAccount, u" where type="_s + QString::number(2) + u" and nature=0 "_s);
+    fillWithTitles(*cmbAccount, u" where type="_s + QString::number(accountType::Ledger) + u" and nature=0 "_s);
     setEntryKeys(EnterMovesOn | PageKeysMove);
 }
 
@@ -370,7 +371,7 @@ void frmEditJOB::leaveReceived()
 
 void frmEditJOB::fillClients()
 {
-    fillWithTitles(*cmbClient, u" where type="_s + QString::number(0));
+    fillWithTitles(*cmbClient, u" where type="_s + QString::number(accountType::Client));
 }
 
 void frmEditJOB::findClient()

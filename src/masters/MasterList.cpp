@@ -2,12 +2,12 @@
 
 #include "base/session.h"
 #include "base/values.h"
-#include "masters/accountTypes.h"
 #include "masters/frmEditAccount.h"
 #include "masters/frmEditClients.h"
 #include "masters/frmEditItem.h"
 #include "masters/frmEditWorker.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"

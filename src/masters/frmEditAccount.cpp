@@ -1,7 +1,7 @@
 #include "masters/frmEditAccount.h"
 
-#include "masters/accountTypes.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "ui/Command.h"
 #include "ui/complain.h"
 #include "ui/frmMsg.h"

@@ -1,8 +1,8 @@
 #include "masters/frmEditClients.h"
 
 #include "base/values.h"
-#include "masters/accountTypes.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
 #include "ui/complain.h"

@@ -1,7 +1,7 @@
 #include "masters/frmEditWorker.h"
 
-#include "masters/accountTypes.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "ui/Command.h"
 #include "ui/kvTextBox.h"
 

@@ -1,6 +1,7 @@
 #include "masters/frmSearchClient.h"
 
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/jetsql.h"
 #include "store/settings.h"
 #include "ui/Command.h"
@@ -114,8 +115,8 @@ void frmSearchClient::SearchText(const QString &text, const QString &column)
     std::vector<ListRow> rows;
     if (!text.isEmpty()) {
         Recordset &clients = DE().rsaccounts;
-        clients.reopen(u"Select * from Accounts  where type="_s + QString::number(0) + u" and "_s + column
-            + u" like '%"_s + jetsql::quoted(text) + u"%'"_s);
+        clients.reopen(u"Select * from Accounts  where type="_s + QString::number(accountType::Client) + u" and "_s
+            + column + u" like '%"_s + jetsql::quoted(text) + u"%'"_s);
         rows.reserve(static_cast<size_t>(clients.recordCount()));
         for (; !clients.eof(); clients.moveNext())
             rows.push_back({.cells = {clients.text(u"Title"), clients.textOrEmpty(u"Address"),

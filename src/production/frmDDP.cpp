@@ -3,6 +3,7 @@
 #include "base/session.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
+#include "store/itemRows.h"
 #include "ui/ListView.h"
 
 #include <QVBoxLayout>
@@ -11,13 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-qint32 countOf(const QString &statement)
+qint32 waitingRows(int itemID, std::optional<QDate> day = {})
 {
-    Recordset &rows = DE().rsJOBS_DETAIL2;
-    rows.reopen(statement);
-    const qint32 count = rows.value(0).toInt();
-    rows.close();
-    return count;
+    DE().rsJOBS_DETAIL2.close();
+    return Int32(static_cast<double>(itemRows::waiting(DE().CN, itemID, day)));
 }
 
 /// A number kept as text; items of old files may have none.
@@ -63,12 +61,10 @@ void frmDDP::Prddict()
 
 qint32 frmDDP::GetPendingOrders(qint16 itemID)
 {
-    return countOf(
-        u"Select count(QNT) from Jobs_Detail where ItemID="_s + QString::number(itemID) + u" and DoneByWorker=0"_s);
+    return waitingRows(itemID);
 }
 
 qint32 frmDDP::GetOrdersToday(qint16 itemID, QDate day)
 {
-    return countOf(u"Select count(QNT) from Jobs_Detail where ItemID="_s + QString::number(itemID) + u" and date=#"_s
-        + DateText(day) + u"# and DoneByWorker=0"_s);
+    return waitingRows(itemID, day);
 }

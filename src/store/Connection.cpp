@@ -11,6 +11,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -31,6 +32,18 @@ constexpr auto cipherSettings = "PRAGMA cipher_page_size = 4096;"
 constexpr auto durability = "PRAGMA journal_mode = DELETE;"
                             "PRAGMA synchronous = EXTRA;"
                             "PRAGMA cache_size = -32768;";
+
+/// By `Connection::Followed`.
+constexpr std::array followedTables{"jobs_detail", "postings"};
+/// With more changes than that, all rows are read again in less time than those are.
+constexpr size_t mostLoggedRows = 4096;
+
+int placeOfFollowed(const char *table)
+{
+    const auto found =
+        std::ranges::find_if(followedTables, [table](const char *followed) { return qstricmp(table, followed) == 0; });
+    return found == followedTables.end() ? -1 : static_cast<int>(found - followedTables.begin());
+}
 
 quint64 nextStamp()
 {
@@ -136,7 +149,8 @@ int noteWritten(void *tables, int action, const char *table, const char *, const
 {
     if (action == SQLITE_INSERT || action == SQLITE_UPDATE || action == SQLITE_DELETE)
         static_cast<QByteArrayList *>(tables)->append(QByteArray(table).toLower());
-    return SQLITE_OK;
+    // Does not refuse it: the rows are then deleted one by one, and each is told, also where all of them go.
+    return action == SQLITE_DELETE && placeOfFollowed(table) >= 0 ? SQLITE_IGNORE : SQLITE_OK;
 }
 
 Fault faultOf(int code, bool proven)
@@ -228,7 +242,7 @@ int bindValue(sqlite3_stmt *statement, int place, const Value &value)
 
 } // namespace
 
-Connection::Connection() : m_writeStamp(nextStamp()) { }
+Connection::Connection() : m_writeStamp(nextStamp()), m_rowLogs{RowLog{nextStamp(), {}}, RowLog{nextStamp(), {}}} { }
 
 Connection::~Connection()
 {
@@ -314,6 +328,9 @@ void Connection::openHandle(const QString &path, int flags)
     m_proven = false;
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_timeout(handle, busyMilliseconds);
+    // For as long as the file is open: a change of it makes the engine prepare all statements anew.
+    sqlite3_set_authorizer(handle, noteWritten, &m_writtenByPrepared);
+    sqlite3_update_hook(handle, noteRow, this);
     addDialect(handle);
 }
 
@@ -414,10 +431,10 @@ const Connection::Prepared &Connection::prepared(const QByteArray &sql, const QS
         }
     }
     Prepared statement;
-    sqlite3_set_authorizer(m_database, noteWritten, &statement.written);
+    m_writtenByPrepared.clear();
     const int code =
         sqlite3_prepare_v2(m_database, sql.constData(), static_cast<int>(sql.size()), &statement.handle, nullptr);
-    sqlite3_set_authorizer(m_database, nullptr, nullptr);
+    statement.written = m_writtenByPrepared;
     if (code != SQLITE_OK)
         fail(code, source, !statement.written.isEmpty());
     return *m_statements.insert(sql, statement);
@@ -434,6 +451,28 @@ void Connection::noteAnyWrite()
 {
     m_tableStamps.clear();
     m_writeStamp = nextStamp();
+    for (RowLog &log : m_rowLogs)
+        log = {nextStamp(), {}};
+}
+
+void Connection::noteRow(void *connection, int, const char *, const char *table, qlonglong row)
+{
+    const int place = placeOfFollowed(table);
+    if (place < 0)
+        return;
+    RowLog &log = static_cast<Connection *>(connection)->m_rowLogs.at(static_cast<size_t>(place));
+    if (log.rows.size() == mostLoggedRows)
+        log = {nextStamp(), {}};
+    log.rows.push_back(row);
+}
+
+Connection::Changes Connection::changesSince(Followed table, const Mark &mark) const
+{
+    const RowLog &log = m_rowLogs.at(static_cast<size_t>(table));
+    const Mark now{log.epoch, log.rows.size()};
+    if (mark.epoch != log.epoch)
+        return {.everything = true, .now = now};
+    return {.everything = false, .rows = std::span(log.rows).subspan(mark.position), .now = now};
 }
 
 void Connection::noticeOtherWriters()

@@ -7,8 +7,10 @@
 #include <QByteArrayList>
 #include <QHash>
 
+#include <array>
 #include <functional>
 #include <memory>
+#include <span>
 
 class FileLock;
 class UnfinishedFile;
@@ -68,6 +70,24 @@ public:
     /// for two connections: whoever remembers answers from that table forgets them when it has changed.
     [[nodiscard]] quint64 writeStamp(const QByteArray &table) const { return m_tableStamps.value(table, m_writeStamp); }
 
+    /// The tables whose rows are kept in memory, see `RowFollower`.
+    enum class Followed { ItemRows, Postings };
+    /// How far a follower has read a table's changes. A new one has read nothing.
+    struct Mark {
+        quint64 epoch = 0;
+        size_t position = 0;
+    };
+    struct Changes {
+        /// Anything may have changed: the rows are not told.
+        bool everything = true;
+        /// Row numbers in the order of their writes; some may come twice, or be gone again. Good until the next write.
+        std::span<const qint64> rows = {};
+        Mark now = {};
+    };
+    /// What was written to `table` since `mark`. A group that was taken back, another program's write, opening and
+    /// closing change everything.
+    [[nodiscard]] Changes changesSince(Followed table, const Mark &mark) const;
+
     /// Looks whether another program has written to the file, and then makes all who remember forget. Each statement
     /// that reads rows and each write does this by itself; a screen does it when it comes to the front. Never throws;
     /// without effect when closed and within a group, where nobody else can write.
@@ -113,6 +133,7 @@ private:
     const Prepared &prepared(const QByteArray &sql, const QString &source);
     void noteWrites(const Prepared &statement);
     void noteAnyWrite();
+    static void noteRow(void *connection, int, const char *, const char *table, qlonglong row);
     [[noreturn]] void fail(int code, const QString &source, bool writes);
     /// The same fault with what became of the write, which is only told of a fault that is not the program's own.
     [[nodiscard]] RuntimeError diskFault(int code, Written written) const;
@@ -127,9 +148,15 @@ private:
     std::shared_ptr<FileLock> m_lock;
     QString m_keptAside;
     QHash<QByteArray, Prepared> m_statements;
+    QByteArrayList m_writtenByPrepared;
     /// Of the tables that have not been written to since they were last all taken for changed.
     quint64 m_writeStamp;
     QHash<QByteArray, quint64> m_tableStamps;
+    struct RowLog {
+        quint64 epoch;
+        std::vector<qint64> rows;
+    };
+    std::array<RowLog, 2> m_rowLogs;
     sqlite3_stmt *m_askDataVersion = nullptr;
     qint64 m_dataVersion = 0;
     quint64 m_otherWrites = 0;

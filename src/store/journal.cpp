@@ -1,10 +1,13 @@
 #include "store/journal.h"
 
 #include "store/Recordset.h"
+#include "store/RowFollower.h"
+#include "store/codes.h"
 
 #include <QHash>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -13,63 +16,83 @@ namespace journal {
 
 namespace {
 
-const QByteArray table = "postings";
-constexpr qint64 secondsOfDay = 24 * 60 * 60;
-
-qint64 instant(const QDateTime &moment)
-{
-    return moment.date().toJulianDay() * secondsOfDay + moment.time().msecsSinceStartOfDay() / 1000;
-}
-
-qint64 startOf(QDate day)
-{
-    return day.toJulianDay() * secondsOfDay;
-}
-
 /// A posting of an account, with the sums over it and all before it.
 struct Entry {
-    qint64 at = 0;
-    Sums sums;
+    qint64 at;
+    qint64 number;
+    Currency amount;
+    Sums upTo;
 };
 
-class Summary {
+/// The live postings of an account.
+struct Account {
+    std::vector<Entry> entries;
+    bool isSummed = false;
+
+    void sumUp()
+    {
+        if (std::exchange(isSummed, true))
+            return;
+        std::ranges::sort(entries, {}, [](const Entry &entry) { return std::pair(entry.at, entry.number); });
+        Sums running;
+        for (Entry &entry : entries) {
+            running.balance += entry.amount;
+            (entry.amount > Currency() ? running.credits : running.debits) += entry.amount;
+            entry.upTo = running;
+        }
+    }
+};
+
+class Summary : public RowFollower {
 public:
+    Summary() : RowFollower(Connection::Followed::Postings, u"Select Id, AccID, Date, Amount, status from Postings"_s)
+    {
+    }
+
+    /// By date; none where the account never had one.
     const std::vector<Entry> *entriesOf(Connection &connection, int accountID)
     {
-        if (m_writeStamp != connection.writeStamp(table))
-            build(connection);
-        const auto found = m_accounts.constFind(accountID);
-        return found == m_accounts.cend() ? nullptr : &*found;
+        bringUp(connection);
+        const auto found = m_accounts.find(accountID);
+        if (found == m_accounts.end())
+            return nullptr;
+        found->sumUp();
+        return &found->entries;
+    }
+
+protected:
+    void forgetAll() override
+    {
+        m_accounts.clear();
+        m_accountOf.clear();
+    }
+
+    void forget(qint64 number) override
+    {
+        const auto known = m_accountOf.constFind(number);
+        if (known == m_accountOf.cend())
+            return;
+        Account &account = m_accounts[*known];
+        std::erase_if(account.entries, [number](const Entry &entry) { return entry.number == number; });
+        account.isSummed = false;
+        m_accountOf.erase(known);
+    }
+
+    void take(qint64 number, const Recordset &row) override
+    {
+        if (row.value(4) != Value(postingStatus::Live))
+            return;
+        const int accountID = row.value(1).toInt();
+        m_accountOf.insert(number, accountID);
+        Account &account = m_accounts[accountID];
+        account.entries.push_back({momentOf(row.value(2).toDateTime()), number, row.value(3).toCurrency(), {}});
+        account.isSummed = false;
     }
 
 private:
-    void build(Connection &connection)
-    {
-        m_accounts.clear();
-        Recordset postings(connection);
-        postings.open(u"Select AccID, Date, Amount from Postings where status=0"_s);
-        for (; !postings.eof(); postings.moveNext()) {
-            const Currency amount = postings.value(2).toCurrency();
-            Entry entry{instant(postings.value(1).toDateTime()), {amount, {}, {}}};
-            (amount > Currency() ? entry.sums.credits : entry.sums.debits) = amount;
-            m_accounts[postings.value(0).toInt()].push_back(entry);
-        }
-        for (std::vector<Entry> &entries : m_accounts) {
-            std::stable_sort(
-                entries.begin(), entries.end(), [](const Entry &a, const Entry &b) { return a.at < b.at; });
-            Sums running;
-            for (Entry &entry : entries) {
-                running.balance += entry.sums.balance;
-                running.credits += entry.sums.credits;
-                running.debits += entry.sums.debits;
-                entry.sums = running;
-            }
-        }
-        m_writeStamp = connection.writeStamp(table);
-    }
-
-    quint64 m_writeStamp = 0;
-    QHash<int, std::vector<Entry>> m_accounts;
+    QHash<int, Account> m_accounts;
+    /// By the posting's number.
+    QHash<qint64, int> m_accountOf;
 };
 
 } // namespace
@@ -81,14 +104,14 @@ Sums sums(Connection &connection, int accountID, QDate from, QDate to)
     if (!entries || from > to)
         return {};
     const auto first = std::partition_point(
-        entries->begin(), entries->end(), [start = startOf(from)](const Entry &entry) { return entry.at < start; });
+        entries->begin(), entries->end(), [start = momentOf(from)](const Entry &entry) { return entry.at < start; });
     const auto end = std::partition_point(
-        first, entries->end(), [last = startOf(to)](const Entry &entry) { return entry.at <= last; });
+        first, entries->end(), [last = momentOf(to)](const Entry &entry) { return entry.at <= last; });
     if (first == end)
         return {};
-    Sums result = std::prev(end)->sums;
+    Sums result = std::prev(end)->upTo;
     if (first != entries->begin()) {
-        const Sums &before = std::prev(first)->sums;
+        const Sums &before = std::prev(first)->upTo;
         result.balance -= before.balance;
         result.credits -= before.credits;
         result.debits -= before.debits;

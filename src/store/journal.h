@@ -6,8 +6,8 @@
 
 class Connection;
 
-/// The live postings summed up in memory, for the lists that ask a balance for each of their lines. Built by one pass
-/// over the table when first asked after a write; answers what "Select sum(Amount) from Postings where status=0 .."
+/// The live postings summed up in memory, for the lists that ask a balance for each of their lines. Kept up as
+/// postings are written; answers what "Select sum(Amount) from Postings where status=0 .."
 /// answers.
 namespace journal {
 

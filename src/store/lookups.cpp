@@ -2,6 +2,7 @@
 
 #include "base/values.h"
 #include "store/DataEnvironment.h"
+#include "store/itemRows.h"
 #include "store/journal.h"
 
 #include <QHash>
@@ -150,18 +151,10 @@ journal::Sums sumsOf(int id, QDate from, QDate to)
     return journal::sums(DE().CN, account, from, to);
 }
 
-double firstNumber(const QString &statement)
+itemRows::Rated ratedRowsOf(int workerID)
 {
-    Recordset &rows = DE().rsJOBS_DETAIL2;
-    rows.reopen(statement);
-    const Value sum = rows.value(0);
-    rows.close();
-    return sum.isNull() ? 0.0 : sum.toDouble();
-}
-
-double scoreSum(int workerID)
-{
-    return firstNumber(u"SELECT Sum(Score) from Jobs_Detail where WorkerID="_s + QString::number(workerID));
+    DE().rsJOBS_DETAIL2.close();
+    return itemRows::ratedRows(DE().CN, workerID);
 }
 
 } // namespace
@@ -239,14 +232,14 @@ double GetAccountDebits(int id, QDate from, QDate to)
     return sumsOf(id, from, to).debits.toDouble();
 }
 
-qint16 GetWorkerScore(int workerID)
+qint32 GetWorkerScore(int workerID)
 {
-    return Int16(scoreSum(workerID));
+    return Int32(static_cast<double>(ratedRowsOf(workerID).scores));
 }
 
 int GetWorkerRating(int workerID)
 {
-    const double rows = firstNumber(u"Select Count(*) from Jobs_Detail where WorkerID="_s + QString::number(workerID));
-    const double scores = scoreSum(workerID);
-    return rows < scores ? static_cast<int>(std::nearbyint(scores / rows)) : 0;
+    const auto [rows, scores] = ratedRowsOf(workerID);
+    return rows < scores ? static_cast<int>(std::nearbyint(static_cast<double>(scores) / static_cast<double>(rows)))
+                         : 0;
 }

@@ -44,8 +44,8 @@
 [[nodiscard]] double GetAccountCredits(int id, QDate from, QDate to);
 [[nodiscard]] double GetAccountDebits(int id, QDate from, QDate to);
 
-/// Sum of the worker's scores; Overflow beyond 16 bits. Through `rsJOBS_DETAIL2`, as the next.
-[[nodiscard]] qint16 GetWorkerScore(int workerID);
+/// Sum of the worker's scores; Overflow beyond 32 bits. Through `rsJOBS_DETAIL2`, as the next.
+[[nodiscard]] qint32 GetWorkerScore(int workerID);
 /// The scores' average over all rows of the worker, scored or not, halves to the even neighbour; 0 unless the sum is
 /// above the number of rows, so an average of exactly 1 rates 0.
 [[nodiscard]] int GetWorkerRating(int workerID);
