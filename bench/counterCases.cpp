@@ -132,17 +132,17 @@ ReportPages longCardPages()
     Recordset cards(DE().CN);
     cards.open(
         u"SHAPE {SELECT * FROM tmpHead} APPEND ({SELECT * FROM tmpBody order by id} AS Body RELATE JOBID to JOBID)"_s);
-    return layOut(rptJOBCARD(), cards);
+    return layOut(rptJOBCARD(), cards).value();
 }
 
-void paintByHand(QPdfWriter &writer, const ReportPages &pages)
+void paintByHand(QPdfWriter &writer, const std::vector<ReportPages::Page> &pages)
 {
     QPainter painter(&writer);
     painter.scale(writer.logicalDpiX() / twipsPerInch, writer.logicalDpiY() / twipsPerInch);
-    for (int index = 0; index < pages.count(); ++index) {
+    for (size_t index = 0; index < pages.size(); ++index) {
         if (index > 0)
             writer.newPage();
-        for (const ReportPages::Item &item : pages.page(index)) {
+        for (const ReportPages::Item &item : pages[index]) {
             if (item.kind != ReportPages::Item::Kind::Text)
                 continue;
             painter.setPen(item.ink);
@@ -172,11 +172,14 @@ Case printCard()
         printer::replace({});
         return run;
     };
-    const auto sheets = std::make_shared<ReportPages>(longCardPages());
-    work.byHand = [sheets] {
-        return timed([&sheets] {
-            writePdf(sheets->pageLayout(), [&sheets](QPdfWriter &writer) { paintByHand(writer, *sheets); });
-            return sheets->count();
+    const ReportPages sheets = longCardPages();
+    const auto made = std::make_shared<std::vector<ReportPages::Page>>();
+    for (int index = 0; index < sheets.count(); ++index)
+        made->push_back(sheets.page(index));
+    work.byHand = [made, layout = sheets.pageLayout()] {
+        return timed([&] {
+            writePdf(layout, [&made](QPdfWriter &writer) { paintByHand(writer, *made); });
+            return made->size();
         });
     };
     return work;

@@ -11,17 +11,19 @@ class QWidget;
 /// The printers of the machine.
 namespace printer {
 
+/// `Failed`: the printer did not take the job, or not all of it. What is cancelled in the midst is taken from the
+/// printer's queue again where that is still possible.
+enum class Outcome { Printed, Cancelled, NoPrinter, Failed };
+
 struct Job {
     /// Its name in the printer's queue.
     QString title;
     int pageCount;
     const QPageLayout &layout;
-    /// Draws the pages from the first to the last given, counted from 1; false where the device broke off.
-    std::function<bool(QPagedPaintDevice &device, int first, int last)> draw;
+    /// Draws the pages from the first to the last given, counted from 1, and says what came of it: printed, cancelled
+    /// by the user or failed.
+    std::function<Outcome(QPagedPaintDevice &device, int first, int last)> draw;
 };
-
-/// `Failed`: the printer did not take the job, or not all of it.
-enum class Outcome { Printed, Cancelled, NoPrinter, Failed };
 
 /// Prints on the default printer at once, nothing asked.
 [[nodiscard]] Outcome print(const Job &job);

@@ -48,14 +48,16 @@ void PrintJobCard(int JobID)
     });
     Report report = rptJOBCARD();
     dress(report);
-    const ReportPages pages = layOut(report, cards);
+    const auto pages = layOut(report, cards);
     cards.close();
+    if (!pages)
+        return;
 
     const QString way = GetSetting(setting::PrintPreview);
     if (way == u"1")
-        ReportPreview(pages).exec();
+        ReportPreview(*pages).exec();
     else if (way == u"0")
-        reportOutput::print(pages);
+        reportOutput::print(*pages);
 }
 
 void FillJobCardTemp(int JobID)

@@ -25,6 +25,9 @@ public:
     /// A section by name, without regard to case. Throws RuntimeError (ItemNotFound).
     [[nodiscard]] ReportSection &section(QStringView name);
 
+    [[nodiscard]] const QString &title() const { return m_title; }
+    [[nodiscard]] const Paper &paper() const { return m_paper; }
+
 private:
     friend class ReportFlow;
     [[nodiscard]] const ReportSection *find(ReportSection::Kind kind) const;

@@ -14,7 +14,8 @@
 struct ReportControl {
     enum class Kind { Label, Field, Picture, Line, Frame };
     /// How a field's value is put. A value that isn't of the format's kind stands as it is; Null prints nothing.
-    enum class Format { Plain, DayMonthYear, Money, MoneyGrouped };
+    /// The dates are "01-Apr-2011", "01-Apr-11" and "1-Apr-11".
+    enum class Format { Plain, DayMonthYear, DayMonthShortYear, ShortDayMonthShortYear, Money, MoneyGrouped };
 
     Kind kind;
     QString name;

@@ -1,332 +1,211 @@
 #include "reports/ReportFlow.h"
 
-#include "base/values.h"
 #include "store/Recordset.h"
-
-#include <QFontMetricsF>
-#include <QRegularExpression>
-#include <QTextLayout>
-
-#include <algorithm>
-#include <cmath>
+#include "ui/Progress.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A line is set smaller to fit its place, but not below this share of its size: then it is broken instead.
-constexpr double leastShrink = 0.6;
 /// A group head is repeated while it leaves at least this share of the page to what follows.
 constexpr double leastRoomBesideHead = 0.5;
-
-QString formatted(const Value &value, ReportControl::Format format)
-{
-    if (value.isNull())
-        return {};
-    const QString plain = value.toText();
-    switch (format) {
-    case ReportControl::Format::Plain: break;
-    case ReportControl::Format::DayMonthYear:
-        if (const auto moment = readDateTime(plain))
-            return DayMonthYear(moment->date());
-        break;
-    case ReportControl::Format::Money:
-        if (const auto number = wholeNumberText(plain))
-            return Money(*number);
-        break;
-    case ReportControl::Format::MoneyGrouped:
-        if (const auto number = wholeNumberText(plain))
-            return MoneyGrouped(*number);
-        break;
-    }
-    return plain;
-}
-
-/// `column` may lead into a child: "acc.Title".
-Value fieldOf(Recordset &record, const QString &column)
-{
-    const auto dot = column.indexOf(u'.');
-    Recordset &from = dot < 0 ? record : record.child(QStringView(column).left(dot));
-    return from.eof() ? Value() : from.value(QStringView(column).mid(dot + 1));
-}
-
-QString textOf(const ReportControl &control, Recordset *record)
-{
-    if (control.kind == ReportControl::Kind::Label)
-        return control.text;
-    if (control.kind != ReportControl::Kind::Field || !record)
-        return {};
-    return formatted(fieldOf(*record, control.text), control.format);
-}
-
-struct SetText {
-    QFont font;
-    QStringList lines;
-};
-
-QStringList broken(const QString &text, const QFont &font, double width)
-{
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    QTextLayout layout(text, font);
-    layout.setTextOption(option);
-    QStringList lines;
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        lines += text.mid(line.textStart(), line.textLength()).trimmed();
-    }
-    layout.endLayout();
-    return lines;
-}
-
-/// Finds size and lines of a text in its place.
-SetText setText(const ReportControl &control, const QString &text)
-{
-    static const QRegularExpression lineEnd(u"\r\n|[\r\n\u2028\u2029]"_s);
-    const double width = control.place.width();
-    SetText set{ReportPages::font(control.pointSize, control.weight, control.slanted), {}};
-    const QStringList given = text.split(lineEnd);
-
-    if (!control.wraps) {
-        double widest = 0;
-        for (const QString &line : given)
-            widest = std::max(widest, QFontMetricsF(set.font).horizontalAdvance(line));
-        const double shrink = widest > width ? width / widest : 1;
-        set.font.setPixelSize(std::max(1, static_cast<int>(set.font.pixelSize() * std::max(shrink, leastShrink))));
-        if (shrink >= leastShrink) {
-            set.lines = given;
-            return set;
-        }
-    }
-    for (const QString &line : given)
-        set.lines += line.isEmpty() ? QStringList(line) : broken(line, set.font, width);
-    return set;
-}
-
-ReportPages::Item itemOf(const ReportControl &control, ReportPages::Item::Kind kind, const QRectF &place)
-{
-    return {.kind = kind,
-        .place = place,
-        .alignment = control.alignment,
-        .ink = control.ink,
-        .ground = control.ground,
-        .thickness = control.thickness,
-        .dashed = control.dashed,
-        .picture = control.picture};
-}
-
-/// How far growing texts push down what stands at or below a height of the section as designed.
-class Growth {
-public:
-    [[nodiscard]] double at(double height) const
-    {
-        double shift = 0;
-        for (const auto &[designed, by] : m_grown) {
-            if (designed <= height)
-                shift = std::max(shift, by);
-        }
-        return shift;
-    }
-    /// A control that was to end at `designed` ends lower by `by`.
-    void note(double designed, double by) { m_grown.emplace_back(designed, by); }
-
-private:
-    std::vector<std::pair<double, double>> m_grown;
-};
+/// How far it has come, within one group.
+constexpr qint64 stepsOfGroup = 1000;
 
 } // namespace
 
-ReportPages layOut(const Report &report, Recordset &source)
+std::optional<ReportPages> layOut(const Report &report, Recordset &source)
 {
-    return ReportFlow(report, source).run();
+    const auto flow = std::make_shared<ReportFlow>(report, source.shared());
+    Progress progress(u"The pages are laid out..."_s);
+    if (!flow->measure([&progress](qint64 done, qint64 total) { return progress.at(done, total); }))
+        return {};
+    return ReportPages(
+        report.title(), report.paper().size, flow->pageCount(), [flow](int index) { return flow->makePage(index); });
 }
 
-ReportFlow::ReportFlow(const Report &report, Recordset &source)
-    : m_report(report), m_source(source), m_pages(report.m_title, report.m_paper.size)
+ReportFlow::ReportFlow(const Report &report, std::shared_ptr<Recordset> rows)
+    : m_report(report), m_rows(std::move(rows))
 {
-}
-
-ReportPages ReportFlow::run()
-{
-    startPage();
-    place(Kind::ReportHead, nullptr);
-    if (m_report.m_details.isEmpty()) {
-        details(m_source);
-    } else {
-        for (m_source.moveFirst(); !m_source.eof(); m_source.moveNext()) {
-            place(Kind::GroupHead, &m_source);
-            m_inGroup = true;
-            details(m_source.child(m_report.m_details));
-            place(Kind::GroupFoot, &m_source);
-            m_inGroup = false;
-        }
-    }
-    place(Kind::ReportFoot, nullptr);
-    endPage();
-    numberPages();
-    return std::move(m_pages);
-}
-
-void ReportFlow::details(Recordset &rows)
-{
-    for (rows.moveFirst(); !rows.eof(); rows.moveNext())
-        place(Kind::Detail, &rows);
-}
-
-ReportFlow::Block ReportFlow::fill(const ReportSection &section, Recordset *record)
-{
-    Block block;
-    Growth growth;
-    std::vector<const ReportControl *> fromTheTop;
-    for (const ReportControl &control : section.controls())
-        fromTheTop.push_back(&control);
-    std::ranges::stable_sort(fromTheTop, {}, [](const ReportControl *control) { return control->place.y(); });
-
-    std::vector<const ReportControl *> drawn;
-    for (const ReportControl *control : fromTheTop) {
-        if (control->kind == ReportControl::Kind::Line || control->kind == ReportControl::Kind::Frame) {
-            drawn.push_back(control);
-            continue;
-        }
-        const QRectF place(control->place);
-        const double top = place.y() + growth.at(place.y());
-        if (control->kind == ReportControl::Kind::Picture) {
-            if (!control->picture.isNull())
-                block.items.push_back(itemOf(*control, Item::Kind::Picture, place.translated(0, top - place.y())));
-            continue;
-        }
-        const SetText set = setText(*control, textOf(*control, record));
-        const double lineHeight = std::ceil(QFontMetricsF(set.font).height());
-        const double inset = std::max(0.0, (place.height() - lineHeight) / 2);
-        double y = top + inset;
-        for (const QString &line : set.lines) {
-            Item item = itemOf(*control, Item::Kind::Text, {place.x(), y, place.width(), lineHeight});
-            item.text = line;
-            item.font = set.font;
-            item.numbered = section.kind() == Kind::PageHead || section.kind() == Kind::PageFoot;
-            if (!line.isEmpty())
-                block.items.push_back(item);
-            y += lineHeight;
-        }
-        growth.note(place.y() + place.height(), std::max(0.0, y + inset - place.y() - place.height()));
-    }
-
-    // Lines and frames last: they take their length from what the texts have come to. They are drawn beneath the texts.
-    std::vector<Item> ground;
-    for (const ReportControl *control : drawn) {
-        QRectF place(control->place);
-        const double bottom = place.bottom();
-        const bool level = control->kind == ReportControl::Kind::Line && place.width() > place.height();
-        place.setTop(place.y() + growth.at(place.y()));
-        place.setBottom(level ? place.top() : bottom + growth.at(bottom));
-        if (control->kind == ReportControl::Kind::Line && !level)
-            place.setWidth(0);
-        const bool line = control->kind == ReportControl::Kind::Line;
-        ground.push_back(itemOf(*control, line ? Item::Kind::Line : Item::Kind::Frame, place));
-    }
-    block.items.insert(block.items.begin(), ground.begin(), ground.end());
-    block.height = section.height() + growth.at(section.height());
-    return block;
-}
-
-void ReportFlow::place(Kind kind, Recordset *record)
-{
-    if (const ReportSection *section = m_report.find(kind))
-        place(fill(*section, record));
-}
-
-void ReportFlow::place(Block block)
-{
-    if (block.height > m_bottom - m_y && m_y > m_top) {
-        endPage();
-        startPage();
-    }
-    while (block.height > m_bottom - m_y) {
-        putPart(block, m_bottom - m_y);
-        endPage();
-        startPage();
-    }
-    put(block);
-}
-
-void ReportFlow::put(const Block &block)
-{
-    auto &page = m_pages.pages().back();
-    for (Item item : block.items) {
-        item.place.translate(m_report.m_paper.left, m_y);
-        page.push_back(item);
-    }
-    m_y += block.height;
-}
-
-/// Puts what ends within `room` and keeps the rest in `block`, moved up.
-void ReportFlow::putPart(Block &block, double room)
-{
-    Block part;
-    Block rest;
-    double cut = block.height;
-    for (const Item &item : block.items) {
-        if (item.place.bottom() > room && item.kind == Item::Kind::Text)
-            cut = std::min(cut, item.place.top());
-    }
-    // Whatever happens, the flow goes on.
-    cut = std::clamp(cut, 1.0, room);
-    for (Item item : block.items) {
-        if (item.place.bottom() <= cut) {
-            part.items.push_back(item);
-            continue;
-        }
-        const bool spans = item.place.top() < cut && item.kind != Item::Kind::Text && item.kind != Item::Kind::Picture;
-        if (spans) {
-            Item upper = item;
-            upper.place.setBottom(cut);
-            part.items.push_back(upper);
-            item.place.setTop(cut);
-        }
-        item.place.translate(0, -std::min(cut, item.place.top()));
-        rest.items.push_back(item);
-    }
-    part.height = cut;
-    rest.height = block.height - cut;
-    put(part);
-    block = rest;
-}
-
-void ReportFlow::startPage()
-{
-    static_cast<void>(m_pages.addPage());
+    for (const ReportSection &section : m_report.m_sections)
+        m_fillers.emplace(section.kind(), SectionFiller(section));
+    m_footHeight = heightAt({Kind::PageFoot});
     const Report::Paper &paper = m_report.m_paper;
-    const ReportSection *foot = m_report.find(Kind::PageFoot);
-    m_y = paper.top;
-    m_bottom = paper.size.height() - paper.bottom - (foot ? foot->height() : 0);
-    if (const ReportSection *head = m_report.find(Kind::PageHead))
-        put(fill(*head, nullptr));
-    if (const ReportSection *head = m_report.find(Kind::GroupHead); head && m_inGroup) {
-        const Block repeated = fill(*head, &m_source);
-        if (m_bottom - m_y - repeated.height >= leastRoomBesideHead * (m_bottom - paper.top))
-            put(repeated);
+    const double heads = heightAt({Kind::ReportHead}) + heightAt({Kind::PageHead});
+    // Higher than a page it flows over several, below their heads.
+    m_reportHeadFirst = heads <= paper.size.height() - paper.bottom - m_footHeight - paper.top;
+}
+
+ReportFlow::Spot ReportFlow::firstSpot() const
+{
+    return m_reportHeadFirst ? after({Kind::ReportHead}) : Spot{Kind::ReportHead};
+}
+
+ReportFlow::Spot ReportFlow::after(const Spot &spot) const
+{
+    const auto beginOf = [this](int group) {
+        if (isGrouped())
+            return group < m_rows->recordCount() ? Spot{Kind::GroupHead, group} : Spot{Kind::ReportFoot};
+        return group == 0 && m_rows->recordCount() > 0 ? Spot{Kind::Detail} : Spot{Kind::ReportFoot};
+    };
+    switch (spot.kind) {
+    case Kind::ReportHead: return beginOf(0);
+    case Kind::GroupHead:
+        return rowsOf(spot.group) > 0 ? Spot{Kind::Detail, spot.group} : Spot{Kind::GroupFoot, spot.group};
+    case Kind::Detail:
+        if (spot.row + 1 < rowsOf(spot.group))
+            return {Kind::Detail, spot.group, spot.row + 1};
+        return isGrouped() ? Spot{Kind::GroupFoot, spot.group} : Spot{Kind::ReportFoot};
+    case Kind::GroupFoot: return beginOf(spot.group + 1);
+    default: return {.kind = Kind::ReportFoot, .isEnd = true};
     }
-    m_top = m_y;
 }
 
-void ReportFlow::endPage()
+int ReportFlow::rowsOf(int group) const
 {
-    m_y = m_bottom;
-    if (const ReportSection *foot = m_report.find(Kind::PageFoot))
-        put(fill(*foot, nullptr));
+    if (!isGrouped())
+        return m_rows->recordCount();
+    m_rows->moveTo(group);
+    return m_rows->child(m_report.m_details).recordCount();
 }
 
-void ReportFlow::numberPages()
+Recordset *ReportFlow::recordAt(const Spot &spot) const
 {
-    int number = 0;
-    for (ReportPages::Page &page : m_pages.pages()) {
-        ++number;
-        for (Item &item : page) {
-            if (!item.numbered)
-                continue;
-            item.text.replace(u"%p"_s, QString::number(number));
-            item.text.replace(u"%P"_s, QString::number(m_pages.count()));
+    const bool isDetail = spot.kind == Kind::Detail;
+    if (!isDetail && spot.kind != Kind::GroupHead && spot.kind != Kind::GroupFoot)
+        return nullptr;
+    m_rows->moveTo(isGrouped() ? spot.group : spot.row);
+    if (!isGrouped() || !isDetail)
+        return m_rows.get();
+    Recordset &details = m_rows->child(m_report.m_details);
+    details.moveTo(spot.row);
+    return &details;
+}
+
+double ReportFlow::heightAt(const Spot &spot) const
+{
+    const auto filler = m_fillers.find(spot.kind);
+    return filler == m_fillers.end() ? 0 : filler->second.height(recordAt(spot));
+}
+
+ReportBlock ReportFlow::blockAt(const Spot &spot) const
+{
+    const auto filler = m_fillers.find(spot.kind);
+    return filler == m_fillers.end() ? ReportBlock() : filler->second.fill(recordAt(spot));
+}
+
+/// Of the last two details and the foot behind them, where `spot` is the last but one; else 0.
+double ReportFlow::heightWithFoot(const Spot &spot) const
+{
+    const Kind foot = isGrouped() ? Kind::GroupFoot : Kind::ReportFoot;
+    if (spot.kind != Kind::Detail || spot.row + 2 != rowsOf(spot.group) || !m_fillers.contains(foot))
+        return 0;
+    return heightAt(spot) + heightAt({Kind::Detail, spot.group, spot.row + 1}) + heightAt({foot, spot.group});
+}
+
+double ReportFlow::roomOnNextPage(const Spot &spot) const
+{
+    Sheet next;
+    begin(next, false, spot);
+    return next.bottom - next.y;
+}
+
+bool ReportFlow::measure(const std::function<bool(qint64 done, qint64 total)> &goOn)
+{
+    Sheet sheet;
+    const auto startPage = [&](const Spot &at, std::shared_ptr<const ReportBlock> rest = {}) {
+        begin(sheet, m_starts.empty(), at);
+        m_starts.push_back({at, std::move(rest)});
+    };
+    startPage(firstSpot());
+    for (Spot spot = firstSpot(); !spot.isEnd; spot = after(spot)) {
+        const qint64 within = isGrouped() ? spot.row * stepsOfGroup / std::max(1, rowsOf(spot.group)) : spot.row;
+        const qint64 total = m_rows->recordCount() * (isGrouped() ? stepsOfGroup : 1);
+        if (spot.kind == Kind::Detail && !goOn(spot.group * stepsOfGroup + within, total))
+            return false;
+        double height = heightAt(spot);
+        const double together = heightWithFoot(spot);
+        const double room = sheet.bottom - sheet.y;
+        const bool staysTogether = together > room && together <= roomOnNextPage(spot);
+        // Below a report head alone there may be less room than on the pages behind it.
+        const bool fitsOnNext = height > room && sheet.y <= sheet.top && roomOnNextPage(spot) >= height;
+        if (fitsOnNext || (sheet.y > sheet.top && (height > room || staysTogether)))
+            startPage(spot);
+        if (height > sheet.bottom - sheet.y) {
+            ReportBlock rest = blockAt(spot);
+            while (rest.height > sheet.bottom - sheet.y) {
+                static_cast<void>(rest.cutOff(sheet.bottom - sheet.y));
+                startPage(spot, std::make_shared<ReportBlock>(rest));
+            }
+            height = rest.height;
         }
+        sheet.y += height;
     }
+    return true;
+}
+
+ReportPages::Page ReportFlow::makePage(int index) const
+{
+    const auto place = static_cast<size_t>(index);
+    const Start &start = m_starts.at(place);
+    const Start *const next = place + 1 < m_starts.size() ? &m_starts[place + 1] : nullptr;
+    ReportPages::Page page;
+    Sheet sheet{.page = &page};
+    begin(sheet, index == 0, start.spot);
+    for (Spot spot = start.spot; !spot.isEnd; spot = after(spot)) {
+        const bool endsHere = next && next->spot == spot;
+        if (endsHere && !next->rest)
+            break;
+        ReportBlock block = start.rest && spot == start.spot ? *start.rest : blockAt(spot);
+        put(sheet, endsHere ? block.cutOff(sheet.bottom - sheet.y) : std::move(block));
+        if (endsHere)
+            break;
+    }
+    sheet.y = sheet.bottom;
+    put(sheet, Kind::PageFoot, nullptr);
+    for (ReportPages::Item &item : page) {
+        if (!item.numbered)
+            continue;
+        item.text.replace(u"%p"_s, QString::number(index + 1));
+        item.text.replace(u"%P"_s, QString::number(pageCount()));
+    }
+    return page;
+}
+
+void ReportFlow::begin(Sheet &sheet, bool isFirst, const Spot &at) const
+{
+    const Report::Paper &paper = m_report.m_paper;
+    sheet.y = paper.top;
+    sheet.bottom = paper.size.height() - paper.bottom - m_footHeight;
+    if (isFirst && m_reportHeadFirst)
+        put(sheet, Kind::ReportHead, nullptr);
+    put(sheet, Kind::PageHead, nullptr);
+    const bool isInGroup = isGrouped() && (at.kind == Kind::Detail || at.kind == Kind::GroupFoot);
+    if (isInGroup && !isFirst) {
+        const Spot head{Kind::GroupHead, at.group};
+        const double height = heightAt(head);
+        if (sheet.bottom - sheet.y - height >= leastRoomBesideHead * (sheet.bottom - paper.top))
+            put(sheet, Kind::GroupHead, recordAt(head));
+    }
+    sheet.top = sheet.y;
+}
+
+void ReportFlow::put(Sheet &sheet, Kind kind, Recordset *record) const
+{
+    const auto filler = m_fillers.find(kind);
+    if (filler == m_fillers.end())
+        return;
+    if (sheet.page)
+        put(sheet, filler->second.fill(record));
+    else
+        sheet.y += filler->second.height(record);
+}
+
+void ReportFlow::put(Sheet &sheet, ReportBlock block) const
+{
+    for (ReportPages::Item &item : block.items) {
+        item.place.translate(m_report.m_paper.left, sheet.y);
+        sheet.page->push_back(std::move(item));
+    }
+    sheet.y += block.height;
 }

@@ -1,9 +1,13 @@
 #include "reports/ReportPages.h"
 
+#include "base/RuntimeError.h"
+#include "base/safeFile.h"
+#include "ui/Progress.h"
+
+#include <QFile>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -44,47 +48,61 @@ QFont ReportPages::font(double pointSize, QFont::Weight weight, bool italic)
 QPageLayout ReportPages::pageLayout() const
 {
     const QSizeF points = QSizeF(m_paper) / twipsPerPoint;
-    QPageLayout layout(QPageSize(points, QPageSize::Point, {}, QPageSize::FuzzyMatch), QPageLayout::Portrait, {});
+    const QPageSize::PageSizeId known = QPageSize::id(points, QPageSize::Point, QPageSize::FuzzyOrientationMatch);
+    const bool isLandscape = known != QPageSize::Custom && points.width() > points.height();
+    const QPageSize size =
+        known == QPageSize::Custom ? QPageSize(points, QPageSize::Point, {}, QPageSize::ExactMatch) : QPageSize(known);
+    QPageLayout layout(size, isLandscape ? QPageLayout::Landscape : QPageLayout::Portrait, {});
     layout.setMode(QPageLayout::FullPageMode);
     return layout;
 }
 
-bool ReportPages::draw(QPagedPaintDevice &device, int first, int last) const
+ReportPages::Drawn ReportPages::draw(QPagedPaintDevice &device, int first, int last) const
 {
     QPainter painter;
     if (!painter.begin(&device))
-        return false;
+        return Drawn::Failed;
+    Progress progress(u"The pages are put on paper..."_s);
     for (int number = first; number <= last; ++number) {
+        if (!progress.at(number - first, last - first + 1))
+            return Drawn::Broken;
         if (number > first && !device.newPage())
-            return false;
-        drawPage(painter, number - 1);
+            return Drawn::Failed;
+        paint(painter, page(number - 1), device.logicalDpiX() / twipsPerInch);
     }
-    return painter.end();
+    return painter.end() ? Drawn::Whole : Drawn::Failed;
 }
 
-bool ReportPages::savePdf(const QString &path) const
+ReportPages::Drawn ReportPages::savePdf(const QString &path) const
 {
-    QSaveFile file(path);
+    UnfinishedFile unfinished(path);
+    QFile file(unfinished.name());
     if (!file.open(QIODevice::WriteOnly))
-        return false;
+        throw RuntimeError(Fault::FileFault, file.errorString(), path);
+    Drawn drawn = Drawn::Failed;
     {
         QPdfWriter writer(&file);
         writer.setTitle(m_title);
         writer.setCreator(u"Corvane"_s);
         writer.setResolution(pdfResolution);
         writer.setPageLayout(pageLayout());
-        if (!draw(writer))
-            return false;
+        drawn = draw(writer);
     }
-    return file.commit();
+    file.close();
+    if (drawn == Drawn::Broken)
+        return drawn;
+    if (drawn == Drawn::Failed || file.error() != QFile::NoError)
+        throw RuntimeError(Fault::FileFault, file.errorString(), path);
+    unfinished.replace();
+    return drawn;
 }
 
-void ReportPages::drawPage(QPainter &painter, int index) const
+void ReportPages::paint(QPainter &painter, const Page &page, double scale)
 {
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.scale(painter.device()->logicalDpiX() / twipsPerInch, painter.device()->logicalDpiY() / twipsPerInch);
-    for (const Item &item : page(index)) {
+    painter.scale(scale, scale);
+    for (const Item &item : page) {
         switch (item.kind) {
         case Item::Kind::Text:
             painter.setPen(item.ink);

@@ -7,13 +7,15 @@
 #include <QRectF>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 class QPagedPaintDevice;
 class QPainter;
 
 /// A report on paper: every line of text, picture and line at its place, page by page. Places are in twips, 1/1440
-/// inch, from the paper's top left corner, so that screen, printer and PDF show the same.
+/// inch, from the paper's top left corner, so that screen, printer and PDF show the same. A page is made when it is
+/// asked for; copies share what makes them.
 class ReportPages {
 public:
     struct Item {
@@ -37,27 +39,37 @@ public:
     /// The font of all reports in twips: measured in it, a text is as wide on paper as it was when it was laid out.
     [[nodiscard]] static QFont font(double pointSize, QFont::Weight weight, bool italic);
 
-    ReportPages(const QString &title, QSize paper) : m_title(title), m_paper(paper) { }
+    /// `make` makes the page of an index, counted from 0 up to `count`. `paper` in twips.
+    ReportPages(const QString &title, QSize paper, int count, std::function<Page(int index)> make)
+        : m_title(title), m_paper(paper), m_count(count), m_make(std::move(make))
+    {
+    }
 
     [[nodiscard]] const QString &title() const { return m_title; }
+    [[nodiscard]] QSize paper() const { return m_paper; }
+    /// The paper as it is: labels of any size, and what is wider than high as a landscape of a known size where it is
+    /// one.
     [[nodiscard]] QPageLayout pageLayout() const;
-    [[nodiscard]] int count() const { return static_cast<int>(m_pages.size()); }
-    [[nodiscard]] const Page &page(int index) const { return m_pages.at(static_cast<size_t>(index)); }
-    [[nodiscard]] Page &addPage() { return m_pages.emplace_back(); }
-    [[nodiscard]] std::vector<Page> &pages() { return m_pages; }
+    [[nodiscard]] int count() const { return m_count; }
+    [[nodiscard]] Page page(int index) const { return m_make(index); }
 
-    /// Draws the pages from `first` to `last`, counted from 1 and both included, on a paged device: a printer, its
-    /// preview, a PDF. REQUIRES: the device bears `pageLayout`. False where it does not begin or breaks off.
-    [[nodiscard]] bool draw(QPagedPaintDevice &device, int first, int last) const;
-    [[nodiscard]] bool draw(QPagedPaintDevice &device) const { return draw(device, 1, count()); }
+    /// `Broken` by the user.
+    enum class Drawn { Whole, Broken, Failed };
+    /// Draws the pages from `first` to `last`, counted from 1 and both included, on a paged device: a printer or a PDF,
+    /// and shows how far it is. REQUIRES: the device bears `pageLayout`.
+    [[nodiscard]] Drawn draw(QPagedPaintDevice &device, int first, int last) const;
+    [[nodiscard]] Drawn draw(QPagedPaintDevice &device) const { return draw(device, 1, count()); }
 
-    /// Writes a PDF file; what stood at `path` is replaced only when all is written. False where it can't be.
-    [[nodiscard]] bool savePdf(const QString &path) const;
+    /// Writes a PDF file; what stood at `path` is replaced only when all is written. Throws RuntimeError as all of
+    /// `safeFile` where it can't be.
+    [[nodiscard]] Drawn savePdf(const QString &path) const;
+
+    /// Draws a page with its top left corner at the painter's origin, `scale` units of the painter for a twip.
+    static void paint(QPainter &painter, const Page &page, double scale);
 
 private:
-    void drawPage(QPainter &painter, int index) const;
-
     QString m_title;
     QSize m_paper;
-    std::vector<Page> m_pages;
+    int m_count;
+    std::function<Page(int index)> m_make;
 };

@@ -1,15 +1,13 @@
 #include "reports/ReportPreview.h"
 
+#include "reports/PageView.h"
 #include "reports/reportOutput.h"
 #include "ui/Command.h"
 #include "ui/formFields.h"
 
-#include <QAbstractScrollArea>
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QLabel>
-#include <QPrintPreviewWidget>
-#include <QPrinter>
 
 #include <algorithm>
 #include <array>
@@ -38,31 +36,17 @@ Command *signCommand(const QString &name, const QString &sign, const QString &me
 
 } // namespace
 
-ReportPreview::ReportPreview(const ReportPages &pages)
-    : Screen(u"ReportPreview"_s, u"Print Preview"_s), m_pages(pages),
-      m_device(std::make_unique<QPrinter>(QPrinter::HighResolution))
+ReportPreview::ReportPreview(const ReportPages &pages) : Screen(u"ReportPreview"_s, u"Print Preview"_s), m_pages(pages)
 {
-    // The device only lends its measures: a preview is the same whatever printers the machine has.
-    m_device->setOutputFormat(QPrinter::PdfFormat);
-    m_device->setFullPage(true);
-    m_device->setPageLayout(m_pages.pageLayout());
     buildForm();
     connectCommands();
-    m_view->updatePreview();
     showState();
 }
 
-ReportPreview::~ReportPreview() = default;
-
 void ReportPreview::buildForm()
 {
-    m_view = new QPrintPreviewWidget(m_device.get());
-    m_view->setObjectName(u"pages"_s);
-    m_view->setViewMode(QPrintPreviewWidget::SinglePageView);
-    m_view->fitToWidth();
-    m_view->setFocusPolicy(Qt::StrongFocus);
+    m_view = new PageView(u"pages"_s, m_pages);
     nameAloud(m_view, u"Pages"_s);
-    nameAloud(m_view->findChild<QAbstractScrollArea *>(), u"Pages"_s);
 
     cmdFirst = signCommand(u"cmdFirst"_s, u"\u00ab"_s, u"First page (Home)"_s);
     cmdPrevious = signCommand(u"cmdPrevious"_s, u"\u2039"_s, u"Previous page (Page Up)"_s);
@@ -106,11 +90,7 @@ void ReportPreview::buildForm()
 
 void ReportPreview::connectCommands()
 {
-    connect(m_view, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter *device) {
-        // The preview keeps what it was given of a drawing that broke off.
-        static_cast<void>(m_pages.draw(*device));
-    });
-    connect(m_view, &QPrintPreviewWidget::previewChanged, this, &ReportPreview::showState);
+    connect(m_view, &PageView::changed, this, &ReportPreview::showState);
     connect(cmdFirst, &Command::clicked, this, [this] { turnTo(1); });
     connect(cmdPrevious, &Command::clicked, this, [this] { turnTo(m_view->currentPage() - 1); });
     connect(cmdNext, &Command::clicked, this, [this] { turnTo(m_view->currentPage() + 1); });
@@ -140,25 +120,22 @@ void ReportPreview::connectCommands()
 
 void ReportPreview::turnTo(int number)
 {
-    m_view->setCurrentPage(std::clamp(number, 1, m_pages.count()));
-    showState();
+    m_view->setCurrentPage(number);
 }
 
 void ReportPreview::zoom(double factor)
 {
     m_view->setZoomFactor(std::clamp(m_view->zoomFactor() * factor, leastZoom, mostZoom));
-    showState();
 }
 
 void ReportPreview::chooseZoom(int entry)
 {
     if (entry == WholePage)
-        m_view->fitInView();
+        m_view->setFit(PageView::Fit::Page);
     else if (entry == PageWidth)
-        m_view->fitToWidth();
+        m_view->setFit(PageView::Fit::Width);
     else
         m_view->setZoomFactor(zoomPercents.at(static_cast<size_t>(entry - FirstPercent)) / 100.0);
-    showState();
 }
 
 void ReportPreview::showState()
@@ -169,7 +146,7 @@ void ReportPreview::showState()
     cmdPrevious->setEnabled(number > 1);
     cmdNext->setEnabled(number < m_pages.count());
     cmdLast->setEnabled(number < m_pages.count());
-    if (m_view->zoomMode() == QPrintPreviewWidget::CustomZoom) {
+    if (m_view->fit() == PageView::Fit::Percent) {
         const QString percent = QString::number(qRound(m_view->zoomFactor() * 100)) + u'%';
         const int entry = cmbZoom->findText(percent);
         cmbZoom->setCurrentIndex(entry);

@@ -6,8 +6,7 @@
 class Command;
 class QComboBox;
 class QLabel;
-class QPrintPreviewWidget;
-class QPrinter;
+class PageView;
 
 /// "Print Preview": turns the pages of a report, zooms, prints it and saves it as PDF. Page Down and Page Up turn, Home
 /// and End go to the first and last page, + and - zoom, the arrow keys move the page in sight.
@@ -17,7 +16,6 @@ class ReportPreview : public Screen {
 public:
     /// REQUIRES: `pages` has at least one page.
     explicit ReportPreview(const ReportPages &pages);
-    ~ReportPreview() override;
 
 private:
     void buildForm();
@@ -28,8 +26,7 @@ private:
     void showState();
 
     ReportPages m_pages;
-    std::unique_ptr<QPrinter> m_device;
-    QPrintPreviewWidget *m_view;
+    PageView *m_view;
     QLabel *lblPage;
     QComboBox *cmbZoom;
     Command *cmdFirst;

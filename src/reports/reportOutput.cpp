@@ -1,5 +1,6 @@
 #include "reports/reportOutput.h"
 
+#include "base/RuntimeError.h"
 #include "devices/printer.h"
 #include "reports/ReportPages.h"
 #include "ui/fileChoice.h"
@@ -26,8 +27,15 @@ template <typename Way>
 void printBy(const ReportPages &pages, Way way)
 {
     const QPageLayout layout = pages.pageLayout();
-    tell(way(printer::Job{pages.title(), pages.count(), layout,
-        [&pages](QPagedPaintDevice &device, int first, int last) { return pages.draw(device, first, last); }}));
+    tell(way(
+        printer::Job{pages.title(), pages.count(), layout, [&pages](QPagedPaintDevice &device, int first, int last) {
+                         switch (pages.draw(device, first, last)) {
+                         case ReportPages::Drawn::Whole: return printer::Outcome::Printed;
+                         case ReportPages::Drawn::Broken: return printer::Outcome::Cancelled;
+                         case ReportPages::Drawn::Failed: break;
+                         }
+                         return printer::Outcome::Failed;
+                     }}));
 }
 
 } // namespace
@@ -49,8 +57,10 @@ void reportOutput::saveAsPdf(const ReportPages &pages)
         u"Save as PDF"_s, documents.filePath(pages.title() + u".pdf"_s), u"PDF files (*.pdf)"_s, u"pdf"_s);
     if (path.isEmpty())
         return;
-    if (pages.savePdf(path))
-        ShowMessage(u"PDF file has been saved.\r\n"_s + QDir::toNativeSeparators(path));
-    else
+    try {
+        if (pages.savePdf(path) == ReportPages::Drawn::Whole)
+            ShowMessage(u"PDF file has been saved.\r\n"_s + QDir::toNativeSeparators(path));
+    } catch (const RuntimeError &) {
         ShowMessage(u"The PDF file cannot be written there!\r\n"_s + QDir::toNativeSeparators(path));
+    }
 }

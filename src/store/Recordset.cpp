@@ -313,6 +313,23 @@ void Recordset::moveLast()
     m_current = m_order.empty() ? 0 : static_cast<qsizetype>(m_order.size()) - 1;
 }
 
+void Recordset::moveTo(int place)
+{
+    requireOpen();
+    m_current = place;
+}
+
+std::shared_ptr<Recordset> Recordset::shared() const
+{
+    requireOpen();
+    auto other = std::make_shared<Recordset>(m_connection);
+    other->m_statement = m_statement;
+    other->show(m_rows, m_order);
+    for (const Child &child : m_children)
+        other->m_children.push_back({child.name, child.rows, child.rowsOfParent, nullptr});
+    return other;
+}
+
 Value Recordset::value(int column) const
 {
     const int row = currentRow();

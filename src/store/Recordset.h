@@ -52,6 +52,8 @@ public:
     void moveNext();
     /// On an empty recordset both leave no current row.
     void moveLast();
+    /// To the row at `place`, counted from 0; `recordCount()` leaves no current row. REQUIRES: not beyond that.
+    void moveTo(int place);
 
     [[nodiscard]] Value value(int column) const;
     [[nodiscard]] Value value(QStringView name) const { return value(column(name)); }
@@ -70,6 +72,10 @@ public:
     void update();
     /// Writes all that is pending, in the order of the rows, as one group.
     void updateBatch();
+
+    /// The same rows, to be read on when this one has been closed or opened anew. REQUIRES: nothing is pending, and
+    /// nothing is written through either while both live.
+    [[nodiscard]] std::shared_ptr<Recordset> shared() const;
 
     /// The rows that belong to the current row of a shaped statement, on their first row. Owned by this recordset; it
     /// lives until the current row changes or the recordset closes.

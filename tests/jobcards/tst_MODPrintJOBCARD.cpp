@@ -62,7 +62,7 @@ struct PrintDesk : OrderDesk {
             ++jobs;
             QPdfWriter device(paper());
             device.setPageLayout(job.layout);
-            return job.draw(device, 1, job.pageCount) ? printer::Outcome::Printed : printer::Outcome::Failed;
+            return job.draw(device, 1, job.pageCount);
         });
     }
     ~PrintDesk() { printer::replace({}); }

@@ -1,14 +1,20 @@
 #include "reports/ReportFlow.h"
 
 #include "store/DataEnvironment.h"
+#include "support/ModalScript.h"
 #include "support/TestShop.h"
 #include "support/expectFault.h"
+#include "support/fileContent.h"
 #include "support/pdfText.h"
+#include "support/screenDriver.h"
 #include "support/testRegistry.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFontMetricsF>
+#include <QPageLayout>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <algorithm>
@@ -37,6 +43,14 @@ private slots:
     void namesAreFoundInAnyCase();
     void picturesAreCheckedWhenSet();
     void aPdfHoldsTheTextsAndIsWrittenWholeOrNotAtAll();
+    void theReportHeadStandsAboveThePageHead();
+    void aFootThatGrowsKeepsItsRoom();
+    void theLastTwoLinesStayWithTheFoot_data();
+    void theLastTwoLinesStayWithTheFoot();
+    void paperIsWhatItIs_data();
+    void paperIsWhatItIs();
+    void pagesOutliveTheirRowsAndAreMadeAlone();
+    void longWorkCanBeBrokenOff();
 };
 
 namespace {
@@ -53,7 +67,7 @@ QStringList texts(const ReportPages::Page &page)
     return found;
 }
 
-const Item &itemWith(const ReportPages &pages, const QString &text)
+Item itemWith(const ReportPages &pages, const QString &text)
 {
     for (int i = 0; i < pages.count(); ++i) {
         for (const Item &item : pages.page(i)) {
@@ -94,6 +108,9 @@ void ReportTest::fieldsAreShownInTheirFormat_data()
     row("not an amount", u"free"_s, Format::MoneyGrouped, u"free"_s);
     row("date", u"2011-04-01"_s, Format::DayMonthYear, u"01-Apr-2011"_s);
     row("not a date", u"soon"_s, Format::DayMonthYear, u"soon"_s);
+    const QString moment = u"2011-04-01 10:30:00"_s;
+    row("short year", moment, Format::DayMonthShortYear, u"01-Apr-11"_s);
+    row("short day", moment, Format::ShortDayMonthShortYear, u"1-Apr-11"_s);
     row("plain", u"0042 x"_s, Format::Plain, u"0042 x"_s);
 }
 
@@ -107,7 +124,7 @@ void ReportTest::fieldsAreShownInTheirFormat()
     Report report(u"Test"_s, {});
     report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth).as(static_cast<Format>(format));
     desk.source.open(u"Select * from Accounts where Type=0"_s);
-    QCOMPARE(texts(layOut(report, desk.source).page(0)), QStringList{shown});
+    QCOMPARE(texts(layOut(report, desk.source)->page(0)), QStringList{shown});
 }
 
 void ReportTest::aFieldMayBeThatOfAChild()
@@ -124,7 +141,7 @@ void ReportTest::aFieldMayBeThatOfAChild()
     desk.source.open(
         u"SHAPE {SELECT * FROM `postings`} AS p APPEND ({SELECT * FROM `Accounts`} RELATE 'AccID' TO 'Id') AS acc"_s);
     // Null, and a child that isn't there, print nothing.
-    QCOMPARE(texts(layOut(report, desk.source).page(0)), QStringList({u"Client 1"_s, u"(80.00)"_s, u"80.00"_s}));
+    QCOMPARE(texts(layOut(report, desk.source)->page(0)), QStringList({u"Client 1"_s, u"(80.00)"_s, u"80.00"_s}));
 
     row.field(u"wrong"_s, u"Titel"_s, wholeWidth);
     EXPECT_FAULT(Fault::ItemNotFound, static_cast<void>(layOut(report, desk.source)));
@@ -145,7 +162,7 @@ void ReportTest::groupsPrintTheirHeadOnEachPage()
     desk.source.open(
         u"SHAPE {SELECT * FROM Accounts where id=4} APPEND ({SELECT * FROM Accounts where type=0 order by id} "
         "AS rows RELATE ReadOnly TO Nature) AS rows"_s);
-    const ReportPages pages = layOut(report, desk.source);
+    const ReportPages pages = *layOut(report, desk.source);
     QCOMPARE(pages.count(), 3);
 
     QStringList details;
@@ -170,7 +187,7 @@ void ReportTest::withoutRowsHeadsAndFeetStillPrint()
     report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
     report.add(Kind::ReportFoot, u"last"_s, 300).caption(u"Total"_s, wholeWidth);
     desk.source.open(u"Select * from Accounts where Type=0"_s);
-    const ReportPages pages = layOut(report, desk.source);
+    const ReportPages pages = *layOut(report, desk.source);
     QCOMPARE(pages.count(), 1);
     QCOMPARE(texts(pages.page(0)), QStringList({u"Statement"_s, u"Total"_s}));
 }
@@ -182,7 +199,7 @@ void ReportTest::onlyPageSectionsAreNumbered()
     Report report(u"Test"_s, {});
     report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
     desk.source.open(u"Select * from Accounts where Type=0"_s);
-    QCOMPARE(texts(layOut(report, desk.source).page(0)), QStringList{u"50%pure, 100%Pure"_s});
+    QCOMPARE(texts(layOut(report, desk.source)->page(0)), QStringList{u"50%pure, 100%Pure"_s});
 }
 
 void ReportTest::aTextLongerThanAPageLosesNothing()
@@ -199,7 +216,7 @@ void ReportTest::aTextLongerThanAPageLosesNothing()
     row.field(u"f"_s, u"Title"_s, {0, 0, 2500, 300}).wrapped();
     row.field(u"n"_s, u"Id"_s, {3000, 0, 900, 300});
     desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
-    const ReportPages pages = layOut(report, desk.source);
+    const ReportPages pages = *layOut(report, desk.source);
     QVERIFY(pages.count() > 3);
 
     QStringList printed;
@@ -223,7 +240,7 @@ void ReportTest::aHeadTallerThanHalfAPageIsNotRepeated()
     report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
     desk.source.open(u"SHAPE {SELECT * FROM Accounts where id=4} APPEND ({SELECT * FROM Accounts where type=0} "
                      "AS rows RELATE ReadOnly TO Nature) AS rows"_s);
-    const ReportPages pages = layOut(report, desk.source);
+    const ReportPages pages = *layOut(report, desk.source);
     QCOMPARE(pages.count(), 2);
     QVERIFY(!texts(pages.page(1)).contains(u"Tall"_s));
 }
@@ -247,7 +264,7 @@ void ReportTest::aLineTooWideIsSetSmaller()
     ReportSection &head = report.add(Kind::ReportHead, u"head"_s, 600);
     head.caption(text, {0, 0, 1500, 300}).right();
     desk.source.open(u"Select * from Accounts"_s);
-    const ReportPages pages = layOut(report, desk.source);
+    const ReportPages pages = *layOut(report, desk.source);
     for (const Item &item : pages.page(0))
         QVERIFY(QFontMetricsF(item.font).horizontalAdvance(item.text) <= 1500 * 1.01);
     QCOMPARE(pages.page(0).size() == 1, oneLine);
@@ -266,15 +283,15 @@ void ReportTest::whatGrowsPushesTheRestDown()
     head.line({0, 700, 5000, 0});
     report.add(Kind::ReportFoot, u"foot"_s, 300).caption(u"after"_s, wholeWidth);
     desk.source.open(u"Select * from Accounts where id=0"_s);
-    const ReportPages pages = layOut(report, desk.source);
+    const ReportPages pages = *layOut(report, desk.source);
 
     const double top = 720;
     const double grown = itemWith(pages, u"four"_s).place.bottom() - top - 300;
     QVERIFY(grown > 300);
     QVERIFY(itemWith(pages, u"beside"_s).place.y() < top + 300);
     QVERIFY(itemWith(pages, u"below"_s).place.y() >= itemWith(pages, u"four"_s).place.bottom());
-    const auto ofKind = [&pages](
-                            Item::Kind kind) { return std::ranges::find(pages.page(0), kind, &Item::kind)->place; };
+    const ReportPages::Page page = pages.page(0);
+    const auto ofKind = [&page](Item::Kind kind) { return std::ranges::find(page, kind, &Item::kind)->place; };
     QVERIFY(ofKind(Item::Kind::Line).y() >= top + 700 + grown - 1);
     QVERIFY(ofKind(Item::Kind::Frame).bottom() >= top + 900 + grown - 1);
     QVERIFY(itemWith(pages, u"after"_s).place.y() >= top + 900 + grown - 1);
@@ -309,7 +326,7 @@ void ReportTest::picturesAreCheckedWhenSet()
     QVERIFY(red.save(file));
     head.setPicture(u"logo", file);
     desk.source.open(u"Select * from Accounts where id=0"_s);
-    const ReportPages pages = layOut(report, desk.source);
+    const ReportPages pages = *layOut(report, desk.source);
     QCOMPARE(pages.page(0).front().picture.size(), red.size());
 }
 
@@ -320,17 +337,164 @@ void ReportTest::aPdfHoldsTheTextsAndIsWrittenWholeOrNotAtAll()
     Report report(u"Test"_s, {});
     report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
     desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
-    const ReportPages pages = layOut(report, desk.source);
+    const ReportPages pages = *layOut(report, desk.source);
     const QString file = desk.folder.filePath(u"report.pdf"_s);
-    QVERIFY(pages.savePdf(file));
+    QCOMPARE(pages.savePdf(file), ReportPages::Drawn::Whole);
     const QStringList read = pdfText(file);
     QCOMPARE(read.size(), 2);
     QVERIFY(read.first().contains(u"Client 1\n"_s));
     QVERIFY(read.last().contains(u"Client 70\n"_s));
 
-    QVERIFY(!pages.savePdf(desk.folder.filePath(u"no such folder/report.pdf"_s)));
-    QVERIFY(!pages.savePdf(desk.folder.path()));
+    EXPECT_FAULT(
+        Fault::FileFault, static_cast<void>(pages.savePdf(desk.folder.filePath(u"no such folder/report.pdf"_s))));
+    EXPECT_FAULT(Fault::FileFault, static_cast<void>(pages.savePdf(desk.folder.path())));
     QCOMPARE(pdfText(file), read);
+}
+
+void ReportTest::theReportHeadStandsAboveThePageHead()
+{
+    Desk desk;
+    desk.addClients(60);
+    Report report(u"Test"_s, {});
+    report.add(Kind::PageHead, u"top"_s, 300).caption(u"Page head"_s, wholeWidth);
+    report.add(Kind::ReportHead, u"title"_s, 600).caption(u"Statement"_s, wholeWidth);
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
+    const ReportPages pages = *layOut(report, desk.source);
+    QCOMPARE(pages.count(), 2);
+    QVERIFY(itemWith(pages, u"Statement"_s).place.y() < itemWith(pages, u"Page head"_s).place.y());
+    QVERIFY(itemWith(pages, u"Page head"_s).place.y() < itemWith(pages, u"Client 1"_s).place.y());
+    const QStringList second = texts(pages.page(1));
+    QCOMPARE(second.first(), u"Page head"_s);
+    QVERIFY(!second.contains(u"Statement"_s));
+}
+
+void ReportTest::aFootThatGrowsKeepsItsRoom()
+{
+    Desk desk;
+    desk.addClients(120);
+    const Report::Paper paper;
+    Report report(u"Test"_s, paper);
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    report.add(Kind::PageFoot, u"foot"_s, 300).caption(u"1\n2\n3\n4\n5\nlast line"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
+    const ReportPages pages = *layOut(report, desk.source);
+    for (int i = 0; i < pages.count(); ++i) {
+        double rows = 0;
+        for (const Item &item : pages.page(i)) {
+            QVERIFY2(item.place.bottom() <= paper.size.height() - paper.bottom + 1, qPrintable(item.text));
+            if (item.text.startsWith(u"Client"_s))
+                rows = item.place.bottom();
+            if (item.text == u"1")
+                QVERIFY(item.place.top() >= rows);
+        }
+    }
+}
+
+void ReportTest::theLastTwoLinesStayWithTheFoot_data()
+{
+    QTest::addColumn<int>("lines");
+    // 51 lines fill a page.
+    for (const int lines : {1, 2, 47, 48, 49, 50, 51, 52, 53, 99, 100, 101, 102, 103})
+        QTest::addRow("%d lines", lines) << lines;
+}
+
+void ReportTest::theLastTwoLinesStayWithTheFoot()
+{
+    QFETCH(const int, lines);
+    Desk desk;
+    desk.addClients(lines);
+    Report report(u"Test"_s, {});
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    report.add(Kind::ReportFoot, u"foot"_s, 900).caption(u"Total"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
+    const ReportPages pages = *layOut(report, desk.source);
+    QStringList all;
+    for (int i = 0; i < pages.count(); ++i)
+        all += texts(pages.page(i));
+    QCOMPARE(all.size(), lines + 1);
+    QCOMPARE(all.at(lines - 1), u"Client %1"_s.arg(lines));
+    QVERIFY(texts(pages.page(pages.count() - 1)).size() >= qMin(lines, 2) + 1);
+}
+
+void ReportTest::paperIsWhatItIs_data()
+{
+    QTest::addColumn<QSize>("twips");
+    QTest::addColumn<QSizeF>("millimetres");
+    QTest::newRow("upright") << QSize(11906, 16838) << QSizeF(210, 297);
+    QTest::newRow("landscape") << QSize(16838, 11906) << QSizeF(297, 210);
+    QTest::newRow("label, wider than high") << QSize(3969, 2268) << QSizeF(70, 40);
+    QTest::newRow("label, higher than wide") << QSize(2268, 3969) << QSizeF(40, 70);
+}
+
+void ReportTest::paperIsWhatItIs()
+{
+    QFETCH(const QSize, twips);
+    QFETCH(const QSizeF, millimetres);
+    Desk desk;
+    Report report(u"Test"_s, {.size = twips, .left = 100, .top = 100, .bottom = 100});
+    report.add(Kind::PageHead, u"top"_s, 300).caption(u"Page head"_s, {0, 0, 2000, 300});
+    desk.source.open(u"Select * from Accounts where id=0"_s);
+    const ReportPages pages = *layOut(report, desk.source);
+    const auto isIt = [&millimetres](QSizeF size) {
+        return qAbs(size.width() - millimetres.width()) < 0.6 && qAbs(size.height() - millimetres.height()) < 0.6;
+    };
+    QVERIFY(isIt(pages.pageLayout().fullRect(QPageLayout::Millimeter).size()));
+    const QString file = desk.folder.filePath(u"paper.pdf"_s);
+    QCOMPARE(pages.savePdf(file), ReportPages::Drawn::Whole);
+    static const QRegularExpression box(u"/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)\\]"_s);
+    const auto found = box.match(QString::fromLatin1(contentOf(file)));
+    QVERIFY(found.hasMatch());
+    constexpr double millimetresOfPoint = 25.4 / 72;
+    QVERIFY2(isIt(QSizeF(found.captured(1).toDouble(), found.captured(2).toDouble()) * millimetresOfPoint),
+        qPrintable(found.captured(0)));
+}
+
+void ReportTest::pagesOutliveTheirRowsAndAreMadeAlone()
+{
+    Desk desk;
+    desk.addClients(130);
+    Report report(u"Test"_s, {});
+    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
+    report.add(Kind::PageFoot, u"foot"_s, 300).caption(u"%p of %P"_s, wholeWidth);
+    desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
+    const ReportPages pages = *layOut(report, desk.source);
+    desk.source.reopen(u"Select * from Accounts where Type=0 order by id"_s);
+    desk.connection.execute(u"Delete * from Accounts"_s);
+    desk.source.close();
+    QCOMPARE(pages.count(), 3);
+    const QStringList last = texts(pages.page(2));
+    QCOMPARE(last.first(), u"Client %1"_s.arg(130 - (last.size() - 2)));
+    QCOMPARE(last.last(), u"3 of 3"_s);
+    const QStringList first = texts(pages.page(0));
+    QCOMPARE(texts(pages.page(1)).first(), u"Client %1"_s.arg(first.size()));
+    QCOMPARE(texts(pages.page(2)), last);
+    QCOMPARE(texts(pages.page(0)), first);
+}
+
+void ReportTest::longWorkCanBeBrokenOff()
+{
+    Desk desk;
+    desk.addClients(40);
+    Report report(u"Test"_s, {});
+    ReportSection &row = report.add(Kind::Detail, u"row"_s, 8000);
+    for (int field = 0; field < 60; ++field)
+        row.field({}, u"Title"_s, wholeWidth);
+    // Each client with each: enough to wait for.
+    desk.source.open(u"Select a.Title, b.Type from Accounts a, Accounts b, Accounts c, Accounts d where d.id<9"_s);
+    ModalScript script;
+    script.expect(u"QProgressDialog"_s, [](QWidget &) { driver::press(Qt::Key_Escape); });
+    QVERIFY(!layOut(report, desk.source));
+    QVERIFY(script.isDone());
+
+    // A PDF that is broken off leaves what stood there.
+    const ReportPages many(u"Many"_s, {11906, 16838}, 100000, [](int) { return ReportPages::Page(); });
+    const QString file = desk.folder.filePath(u"many.pdf"_s);
+    writeContent(file, "older");
+    script.expect(u"QProgressDialog"_s, [](QWidget &) { driver::press(Qt::Key_Escape); });
+    QCOMPARE(many.savePdf(file), ReportPages::Drawn::Broken);
+    QCOMPARE(contentOf(file), QByteArray("older"));
+    QCOMPARE(QDir(desk.folder.path()).entryList({u"many*"_s}, QDir::Files), QStringList{u"many.pdf"_s});
 }
 
 CORVANE_TEST(ReportTest)
