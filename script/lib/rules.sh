@@ -30,6 +30,7 @@ catchers=(
     src/app/checkCommand.cpp      # the same of a configuration
     src/app/programFolder.cpp     # a demo that cannot be copied is left out
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
+    src/reports/reportOutput.cpp  # a PDF that cannot be written where the user chose is told, and the page stays
     src/app/frmMain.cpp           # a wallpaper that cannot be shown is left out
 )
 

@@ -6,6 +6,7 @@
 #include "reports/ReportPreview.h"
 #include "reports/reportOutput.h"
 #include "reports/rptJOBCARD.h"
+#include "reports/sheet.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "store/settings.h"
@@ -14,20 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Where the shop's name and address stand when no logo stands beside them; in the report's unit.
-constexpr int textLeft = 144;
-constexpr int textWidth = 9360;
-
 void dress(Report &report)
 {
-    ReportSection &head = report.section(u"Section6");
-    SetJobCardLogo(report, GetSetting(setting::LogoFile));
-    head.setText(u"lblTag", GetSetting(setting::TagLine));
-    head.setText(u"lblCompany", session::ShopName);
-    head.setText(u"lbladdress1", session::ShopAddress1);
-    head.setText(u"lbladdress2", session::ShopAddress2);
-    head.setText(u"lbladdress3", session::ShopAddress3);
-    head.setText(u"lblContact", session::ShopContacts);
+    sheet::dressShop(report.section(u"Section6"), GetSetting(setting::LogoFile));
     ReportSection &foot = report.section(u"Section7");
     foot.setText(u"lblfootnote", GetSetting(setting::FootNote));
     foot.setText(u"lblForCompany", u"For "_s + session::ShopName);
@@ -118,12 +108,5 @@ void AddTmpBody(Recordset &body, const Recordset &row, int JobID)
 
 void SetJobCardLogo(Report &report, const QString &path)
 {
-    ReportSection &head = report.section(u"Section6");
-    if (!path.isEmpty())
-        return head.setPicture(u"logo", path);
-    for (const auto *name : {u"lblCompany", u"lbladdress1", u"lbladdress2", u"lbladdress3", u"lblContact"}) {
-        QRect &place = head.control(name).place;
-        place.moveLeft(textLeft);
-        place.setWidth(textWidth);
-    }
+    sheet::setLogo(report.section(u"Section6"), path);
 }

@@ -157,9 +157,11 @@ ReportPages::Page ReportFlow::makePage(int index) const
         if (endsHere && !next->rest)
             break;
         ReportBlock block = start.rest && spot == start.spot ? *start.rest : blockAt(spot);
-        put(sheet, endsHere ? block.cutOff(sheet.bottom - sheet.y) : std::move(block));
-        if (endsHere)
+        if (endsHere) {
+            put(sheet, block.cutOff(sheet.bottom - sheet.y));
             break;
+        }
+        put(sheet, std::move(block));
     }
     sheet.y = sheet.bottom;
     put(sheet, Kind::PageFoot, nullptr);

@@ -182,8 +182,8 @@ public:
     /// one's `takenBack` runs only when the failure passes through the inner one.
     ///
     /// Throws what `body` throws, or what the commit meets. A recordset that was open in a group that went back shows
-    /// what is not in the file: reopen it. REQUIRES: the connection is open; nothing is shown to the user inside
-    /// `body`.
+    /// what is not in the file: reopen it. REQUIRES: the connection is open; `body` may show how
+    /// far it is, and never waits for the user.
     static void run(
         Connection &connection, const std::function<void()> &body, const std::function<void()> &takenBack = {});
 };

@@ -40,8 +40,7 @@ void RowFollower::bringUp(Connection &connection)
     } else {
         std::vector<qint64> written(changes.rows.begin(), changes.rows.end());
         std::ranges::sort(written);
-        const auto [first, last] = std::ranges::unique(written);
-        written.erase(first, last);
+        written.erase(std::unique(written.begin(), written.end()), written.end());
         for (const qint64 number : written) {
             forget(number);
             rows.reopen(m_select + u" where Id="_s + QString::number(number));

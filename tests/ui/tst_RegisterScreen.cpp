@@ -304,7 +304,7 @@ void RegisterTest::plainBoxesAskAndReturn()
     ModalScript script;
     QVERIFY(driver::show(screen));
     for (const auto &[answer, yes] : {std::pair(Qt::Key_Return, true), std::pair(Qt::Key_Escape, false)}) {
-        script.expect(u"QMessageBox"_s, [answer](QWidget &) { driver::press(answer); });
+        script.expect(u"QMessageBox"_s, [key = answer](QWidget &) { driver::press(key); });
         QCOMPARE(platformBox::ask(u"Create folder <b>?"_s), yes);
         QTRY_VERIFY(screen.isActiveWindow());
     }
