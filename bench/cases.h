@@ -15,9 +15,10 @@ namespace bench {
 /// What is done at the counter. REQUIRES: an Application. The printed card takes rows from others, so it comes last.
 [[nodiscard]] std::vector<Case> counterCases();
 
-/// Most memory that the program has held, in MiB, measured in a process of its own that opened the main screen, above
-/// it a list of all item rows, scrolled to its end, and above that the large card. REQUIRES: as `startCases`.
-[[nodiscard]] double peakMemory();
+/// Most memory that the program has held, in MiB, measured in a process of its own that opened the main screen and
+/// above it, for "all", a list of all item rows, scrolled to its end, and the large card; for "statement" the list of a
+/// long account and the preview of what is printed of it. REQUIRES: as `startCases`.
+[[nodiscard]] double peakMemory(const QString &task);
 
 /// Whether this process was started for one of `startCases` or `peakMemory`; it is to return `runAsChild` then.
 [[nodiscard]] bool isChild(int count, char **arguments);

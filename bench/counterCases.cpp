@@ -8,6 +8,7 @@
 #include "masters/frmSearchClient.h"
 #include "reports/ReportFlow.h"
 #include "reports/rptJOBCARD.h"
+#include "statement.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
 #include "ui/ListView.h"
@@ -189,7 +190,7 @@ Case printCard()
 
 std::vector<Case> counterCases()
 {
-    return {fillClients(), searchKey(), printCard()};
+    return {fillClients(), searchKey(), statement::preview(), printCard()};
 }
 
 } // namespace bench

@@ -2,6 +2,7 @@
 #include "base/RuntimeError.h"
 #include "cases.h"
 #include "fullShop.h"
+#include "statement.h"
 #include "store/DataEnvironment.h"
 #include "ui/Application.h"
 #include "ui/theme.h"
@@ -41,9 +42,15 @@ bool runAll()
                 good = bench::measure(work) && good;
         }
     }
+    const QString page = u"slowest page of that statement"_s;
+    if (isWanted(page))
+        good = bench::weigh(page, statement::slowestPage(), 16, u"ms"_s) && good;
     const QString memory = u"memory at most, with main screen, full list and card open"_s;
     if (isWanted(memory))
-        good = bench::weigh(memory, bench::peakMemory(), 150, u"MiB"_s) && good;
+        good = bench::weigh(memory, bench::peakMemory(u"all"_s), 150, u"MiB"_s) && good;
+    const QString printing = u"memory at most, with a statement's list and preview"_s;
+    if (isWanted(printing))
+        good = bench::weigh(printing, bench::peakMemory(u"statement"_s), 150, u"MiB"_s) && good;
     return good;
 }
 

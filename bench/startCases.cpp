@@ -6,6 +6,8 @@
 #include "fullShop.h"
 #include "itemList.h"
 #include "jobcards/frmEditJOB.h"
+#include "reports/ReportPreview.h"
+#include "statement.h"
 #include "ui/Application.h"
 #include "ui/ListView.h"
 #include "ui/Screen.h"
@@ -93,25 +95,50 @@ QByteArray mostMemory()
     return {};
 }
 
+/// A list above the main screen, filled, scrolled to its end; then what `above` opens above it.
+template <typename Fill, typename Above>
+void showRegister(const std::vector<ListColumn> &columns, Fill fill, Above above)
+{
+    Screen screen(u"frmRegister"_s);
+    auto *layout = new QVBoxLayout(&screen);
+    auto *view = new ListView(u"lvItems"_s, columns);
+    layout->addWidget(view);
+    screen.resize(1000, 600);
+    fill(view->list());
+    const PaintWatch watch(u"frmRegister"_s, [view, &above](QWidget &) {
+        view->setCurrentRow(view->list().rowCount() - 1);
+        view->repaint();
+        above(view->list());
+    });
+    screen.exec();
+}
+
+void showCard(const ListModel &)
+{
+    const PaintWatch watch(u"frmEditJOB"_s, [](QWidget &) { tell(mostMemory()); });
+    bool deleted = false;
+    frmEditJOB().ShowEdit(fullShop::largeCard, deleted);
+}
+
+void showStatement(const ListModel &list)
+{
+    ReportPreview preview(statement::print(list).value());
+    const PaintWatch watch(preview.objectName(), [](QWidget &) { tell(mostMemory()); });
+    preview.exec();
+}
+
 void showAll(QApplication &application, const QString &folder)
 {
     startProgram(application, folder);
-    static const PaintWatch mainWatch(u"frmMain"_s, [](QWidget &) {
-        Screen screen(u"frmRegister"_s);
-        auto *layout = new QVBoxLayout(&screen);
-        auto *view = new ListView(u"lvItems"_s, itemList::columns());
-        layout->addWidget(view);
-        screen.resize(1000, 600);
-        itemList::fill(view->list());
-        const PaintWatch watch(u"frmRegister"_s, [view](QWidget &) {
-            view->setCurrentRow(view->list().rowCount() - 1);
-            view->repaint();
-            const PaintWatch cardWatch(u"frmEditJOB"_s, [](QWidget &) { tell(mostMemory()); });
-            bool deleted = false;
-            frmEditJOB().ShowEdit(fullShop::largeCard, deleted);
-        });
-        screen.exec();
-    });
+    static const PaintWatch watch(
+        u"frmMain"_s, [](QWidget &) { showRegister(itemList::columns(), itemList::fill, showCard); });
+}
+
+void showPrint(QApplication &application, const QString &folder)
+{
+    startProgram(application, folder);
+    static const PaintWatch watch(
+        u"frmMain"_s, [](QWidget &) { showRegister(std::vector<ListColumn>(7), statement::fill, showStatement); });
 }
 
 Case startProgramCase()
@@ -132,10 +159,10 @@ std::vector<Case> startCases()
     return {startProgramCase()};
 }
 
-double peakMemory()
+double peakMemory(const QString &task)
 {
     constexpr double kibInMib = 1024;
-    return Child(u"all"_s).line().toDouble() / kibInMib;
+    return Child(task).line().toDouble() / kibInMib;
 }
 
 bool isChild(int count, char **arguments)
@@ -148,7 +175,12 @@ int runAsChild(int count, char **arguments)
     const QByteArrayView task(arguments[2]);
     const QString folder = QFile::decodeName(arguments[3]);
     Application application(count, arguments);
-    (task == "main" ? showMain : showAll)(application, folder);
+    if (task == "main")
+        showMain(application, folder);
+    else if (task == "all")
+        showAll(application, folder);
+    else
+        showPrint(application, folder);
     return Application::exec();
 }
 
