@@ -15,6 +15,7 @@
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
+#include "ui/NameLabel.h"
 #include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/language.h"
@@ -62,10 +63,10 @@ frmMain::frmMain()
     : Screen(u"frmMain"_s,
         u"Corvane %1.%2 | www.corvane.example | Made to measure"_s.arg(CORVANE_VERSION_MAJOR)
             .arg(CORVANE_VERSION_MINOR)),
-      lblShopName(new QLabel), TodayDate(new DateField(u"TodayDate"_s)), Picture1(new WallArea), lblUser(new QLabel)
+      lblShopName(new NameLabel(u"lblShopName"_s)), TodayDate(new DateField(u"TodayDate"_s)), Picture1(new WallArea),
+      lblUser(new QLabel)
 {
     setWindowFlags(Qt::Window);
-    lblShopName->setObjectName(u"lblShopName"_s);
     lblUser->setObjectName(u"lblUser"_s);
     buildForm();
     resize(screen()->availableSize());
@@ -103,8 +104,6 @@ QWidget *frmMain::buildHead()
     fill(*head, theme::accent());
     coloured(lblShopName, Qt::white);
     enlarge(*lblShopName, 2.1);
-    lblShopName->setTextFormat(Qt::PlainText);
-    lblShopName->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     QLabel *caption = coloured(captionOf(TodayDate, u"Working Date (F2)"_s), Qt::white);
     TodayDate->setMinimumWidth(150);
 

@@ -4,6 +4,7 @@
 
 class Command;
 class DateField;
+class NameLabel;
 class QBoxLayout;
 class QLabel;
 class WallArea;
@@ -38,7 +39,7 @@ private:
     [[nodiscard]] bool load();
     void takeDate();
 
-    QLabel *lblShopName;
+    NameLabel *lblShopName;
     DateField *TodayDate;
     WallArea *Picture1;
     QLabel *lblUser;

@@ -1,11 +1,18 @@
 #include "jobcards/ItemDetails.h"
 
+#include "ui/NameLabel.h"
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// More of a measurement's name would leave its value no room.
+constexpr int captionLetters = 30;
+
+} // namespace
 
 ItemDetails::ItemDetails(const QString &name, QWidget *parent)
     : QScrollArea(parent), m_panel(new QWidget), m_grid(new QGridLayout)
@@ -26,9 +33,7 @@ ItemDetails::ItemDetails(const QString &name, QWidget *parent)
 
 void ItemDetails::addSlot()
 {
-    auto *label = new QLabel;
-    label->setObjectName(u"lblCap"_s);
-    label->setTextFormat(Qt::PlainText);
+    auto *label = new NameLabel(u"lblCap"_s, captionLetters);
     label->setMargin(3);
     auto *value = new kvTextBox(u"txtValue"_s);
     const int row = static_cast<int>(m_fields.size());

@@ -8,6 +8,7 @@
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
+#include "ui/NameLabel.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
 #include "ui/entryFilters.h"
@@ -98,9 +99,7 @@ void frmAddItem::buildForm()
 
 QLayout *frmAddItem::buildOrder()
 {
-    lblClint = new QLabel;
-    lblClint->setObjectName(u"lblClint"_s);
-    lblClint->setTextFormat(Qt::PlainText);
+    lblClint = new NameLabel(u"lblClint"_s);
     cmbItems = new kvComboBox(u"cmbItems"_s);
     installAutoSearch(cmbItems);
     lblLast = new QLabel;

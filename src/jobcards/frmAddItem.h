@@ -7,6 +7,7 @@
 class Command;
 class ItemDetails;
 class ImageSlot;
+class NameLabel;
 class QLabel;
 class QRadioButton;
 class QPushButton;
@@ -57,7 +58,7 @@ private:
     void addSplitLine(const QString &line);
     void measurementTexts(QString &labels, QString &values) const;
 
-    QLabel *lblClint;
+    NameLabel *lblClint;
     kvComboBox *cmbItems;
     QLabel *lblLast;
     kvTextBox *txtQnt;

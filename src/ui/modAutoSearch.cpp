@@ -12,6 +12,7 @@
 #include <QListView>
 #include <QScopeGuard>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -221,6 +222,31 @@ private:
     QAbstractItemView *m_list;
 };
 
+class OpensOnFocus : public QObject {
+public:
+    explicit OpensOnFocus(QComboBox &combo) : QObject(&combo), m_combo(combo) { combo.installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusIn && isUsers(static_cast<QFocusEvent *>(event)->reason()))
+            // When the click that brought the focus, or the key, has done what it does.
+            QTimer::singleShot(0, this, [this] {
+                if (m_combo.hasFocus())
+                    SelectTypedEntry(m_combo);
+            });
+        return false;
+    }
+
+private:
+    static bool isUsers(Qt::FocusReason reason)
+    {
+        return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason
+            || reason == Qt::MouseFocusReason;
+    }
+
+    QComboBox &m_combo;
+};
+
 } // namespace
 
 int AutoSearchKey(QComboBox &combo, int key)
@@ -285,6 +311,11 @@ void installAutoSearch(QComboBox *combo)
     if (auto *list = qobject_cast<QListView *>(combo->view()))
         list->setUniformItemSizes(true);
     new AutoSearch(*combo);
+}
+
+void openListOnFocus(QComboBox &combo)
+{
+    new OpensOnFocus(combo);
 }
 
 void setComboEntries(QComboBox &combo, const QStringList &entries)

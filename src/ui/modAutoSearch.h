@@ -30,10 +30,13 @@ int SelectComboEntry(QComboBox &combo);
 /// other event filters for the combo are installed before.
 void installAutoSearch(QComboBox *combo);
 
+/// `SelectTypedEntry` each time that the user comes to the combo: by Tab, Enter, an access key or a click. Not when its
+/// screen opens or comes back to the front. REQUIRES: `installAutoSearch` was called.
+void openListOnFocus(QComboBox &combo);
+
 /// Replaces the entries, in one go; afterwards none is selected and the text is empty.
 void setComboEntries(QComboBox &combo, const QStringList &entries);
 
 /// Shows `text` and selects the first entry that reads just so, none where there is no such entry. In a combo that has
-/// the focus all of it is selected. A combo that isn't
-/// editable can only show an entry.
+/// the focus all of it is selected. A combo that isn't editable can only show an entry.
 void setComboText(QComboBox &combo, const QString &text);

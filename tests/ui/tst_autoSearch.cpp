@@ -79,6 +79,7 @@ private slots:
     void theTextSelectsTheFirstEntryThatBeginsSo_data();
     void theTextSelectsTheFirstEntryThatBeginsSo();
     void aLongListOpensAndSearchesAtOnce();
+    void aListOpensWhereTheUserComesToIt();
 };
 
 void AutoSearchTest::typingSelectsTheFirstEntryThatBeginsSo_data()
@@ -406,6 +407,54 @@ void AutoSearchTest::aLongListOpensAndSearchesAtOnce()
     driver::type(u"client 32"_s);
     QCOMPARE(screen.text(), u"Client 32000"_s);
     QVERIFY2(time.elapsed() < 3000, qPrintable(QString::number(time.elapsed())));
+}
+
+void AutoSearchTest::aListOpensWhereTheUserComesToIt()
+{
+    SearchScreen screen;
+    screen.setEntryKeys(Screen::EnterMovesOn);
+    openListOnFocus(screen.combo);
+    setComboText(screen.combo, u"Ravi"_s);
+    QVERIFY(driver::show(screen));
+    QApplication::processEvents();
+    QVERIFY(screen.combo.hasFocus());
+    QVERIFY2(!screen.isOpen(), "the screen opens with its list down");
+
+    for (const Qt::Key away : {Qt::Key_Tab, Qt::Key_Return}) {
+        driver::press(away);
+        QVERIFY(screen.next.hasFocus());
+        driver::press(Qt::Key_Backtab, Qt::ShiftModifier);
+        QTRY_VERIFY(screen.isOpen());
+        QCOMPARE(screen.combo.view()->currentIndex().row(), 4);
+    }
+    driver::press(Qt::Key_Escape);
+    QApplication::processEvents();
+    QVERIFY2(!screen.isOpen(), "Escape opens the list again");
+    driver::type(u"ani"_s);
+    QCOMPARE(screen.text(), u"anil kumar"_s);
+    // Faster than the list can open.
+    driver::press(Qt::Key_Tab);
+    driver::press(Qt::Key_Backtab, Qt::ShiftModifier);
+    driver::type(u"o"_s);
+    QApplication::processEvents();
+    QCOMPARE(screen.text(), u"O'Brien"_s);
+    QCOMPARE(screen.selected(), u"'Brien"_s);
+    driver::press(Qt::Key_Escape);
+
+    // A click into the text, which stays open, and what a box above the screen leaves behind.
+    driver::press(Qt::Key_Tab);
+    QTest::mouseClick(screen.combo.lineEdit(), Qt::LeftButton);
+    QTRY_VERIFY(screen.isOpen());
+    driver::press(Qt::Key_Escape);
+    {
+        Screen above(u"above"_s);
+        QVERIFY(driver::show(above));
+        QTRY_VERIFY(!screen.isActiveWindow());
+    }
+    screen.activateWindow();
+    QTRY_VERIFY(screen.combo.hasFocus());
+    QApplication::processEvents();
+    QVERIFY2(!screen.isOpen(), "the list drops when the screen comes back");
 }
 
 CORVANE_TEST(AutoSearchTest)
