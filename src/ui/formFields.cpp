@@ -1,6 +1,9 @@
 #include "ui/formFields.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 
 QLabel *captionOf(QWidget *field, const QString &caption)
 {
@@ -21,7 +24,14 @@ void nameAloud(QWidget *control, const QString &caption)
     QString name = caption;
     name.remove(u'&');
     name.remove(u':');
-    control->setAccessibleName(name.simplified());
+    name = name.simplified();
+    control->setAccessibleName(name);
+    // A screen reader takes the text and the open list for controls of their own.
+    const auto *combo = qobject_cast<QComboBox *>(control);
+    if (combo && combo->lineEdit()) {
+        combo->lineEdit()->setAccessibleName(name);
+        combo->view()->setAccessibleName(name);
+    }
 }
 
 void chainTabs(const QList<QWidget *> &order)

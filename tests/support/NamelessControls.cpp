@@ -7,6 +7,7 @@
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QEvent>
+#include <QLineEdit>
 
 namespace {
 
@@ -17,6 +18,12 @@ bool isPart(const QWidget &widget)
     return widget.objectName().startsWith(QLatin1String("qt_")) || qobject_cast<const QComboBox *>(parent)
         || qobject_cast<const QAbstractSpinBox *>(parent) || qobject_cast<const QCalendarWidget *>(parent)
         || (parent && parent->inherits("QAbstractScrollArea")) || (parent && !parent->isWindow() && isPart(*parent));
+}
+
+bool isNameless(QWidget &widget)
+{
+    const QAccessibleInterface *const spoken = QAccessible::queryAccessibleInterface(&widget);
+    return !spoken || spoken->text(QAccessible::Name).trimmed().isEmpty();
 }
 
 } // namespace
@@ -31,8 +38,9 @@ bool NamelessControls::eventFilter(QObject *watched, QEvent *event)
         if (widget->focusPolicy() == Qt::NoFocus || widget->focusProxy() || widget->window() != screen
             || isPart(*widget))
             continue;
-        const QAccessibleInterface *const spoken = QAccessible::queryAccessibleInterface(widget);
-        if (!spoken || spoken->text(QAccessible::Name).trimmed().isEmpty())
+        // A screen reader goes on from a combo to the text in it.
+        const auto *combo = qobject_cast<const QComboBox *>(widget);
+        if (isNameless(*widget) || (combo && combo->lineEdit() && isNameless(*combo->lineEdit())))
             qWarning("%s has no name for %s %s", qPrintable(screen->objectName()), widget->metaObject()->className(),
                 qPrintable(widget->objectName()));
     }
