@@ -4,6 +4,7 @@
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +30,12 @@ ItemDetails::ItemDetails(const QString &name, QWidget *parent)
     setWidget(m_panel);
     addSlot();
     ClearList();
+}
+
+QSize ItemDetails::minimumSizeHint() const
+{
+    const int aside = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    return {m_panel->minimumSizeHint().width() + aside, QScrollArea::minimumSizeHint().height()};
 }
 
 void ItemDetails::addSlot()

@@ -26,6 +26,9 @@ public:
     /// Puts the focus on the first value. Without effect while there is no field.
     void SetFocusToList();
 
+    /// Captions and values are never cut at the side.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 private:
     struct Field {
         QLabel *lblCap;

@@ -34,6 +34,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What of an item's name can be read on the smallest monitor.
+constexpr int itemLetters = 16;
 constexpr int largestQuantity = std::numeric_limits<qint16>::max();
 const QString lineEnd = u"\r\n"_s;
 
@@ -102,6 +104,7 @@ QLayout *frmAddItem::buildOrder()
     lblClint = new NameLabel(u"lblClint"_s);
     cmbItems = new kvComboBox(u"cmbItems"_s);
     installAutoSearch(cmbItems);
+    cmbItems->setMinimumContentsLength(itemLetters);
     lblLast = new QLabel;
     lblLast->setObjectName(u"lblLast"_s);
     txtQnt = new kvTextBox(u"txtQnt"_s, boxType::Plain);

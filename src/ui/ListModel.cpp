@@ -123,7 +123,8 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
     const ListColumn &column = m_columns[static_cast<size_t>(section)];
-    if (role == Qt::DisplayRole)
+    // In a narrow column the tip shows what the head has no room for.
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return column.title;
     if (role == Qt::TextAlignmentRole)
         return alignment(column);

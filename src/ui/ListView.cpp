@@ -28,6 +28,7 @@ ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget
     setModel(m_list);
     header()->setMinimumSectionSize(leastColumnWidth);
     header()->setStretchLastSection(false);
+    header()->setTextElideMode(Qt::ElideRight);
     header()->setSectionsMovable(false);
     connect(header(), &QHeaderView::sectionResized, this,
         [this](int column, int, int width) { keepUserWidth(column, width); });
