@@ -20,32 +20,37 @@ constexpr double leastShrink = 0.6;
 /// What the widths of single characters may fall short of a text's: kerning moves some apart.
 constexpr double kerningAllowance = 0.98;
 
-QString dateAs(const QString &text, const QString &form)
+QString dateAs(const Value &value, const QString &form)
 {
+    if (const auto *moment = std::get_if<QDateTime>(&value.data()))
+        return QLocale::c().toString(moment->date(), form);
+    const QString text = value.toText();
     const auto moment = readDateTime(text);
     return moment ? QLocale::c().toString(moment->date(), form) : text;
+}
+
+QString moneyAs(const Value &value, QString (*form)(double amount))
+{
+    if (!std::holds_alternative<QString>(value.data()) && !std::holds_alternative<QDateTime>(value.data()))
+        return form(value.toDouble());
+    const QString text = value.toText();
+    const auto number = wholeNumberText(text);
+    return number ? form(*number) : text;
 }
 
 QString formatted(const Value &value, ReportControl::Format format)
 {
     if (value.isNull())
         return {};
-    const QString plain = value.toText();
     switch (format) {
     case ReportControl::Format::Plain: break;
-    case ReportControl::Format::DayMonthYear: return dateAs(plain, u"dd-MMM-yyyy"_s);
-    case ReportControl::Format::DayMonthShortYear: return dateAs(plain, u"dd-MMM-yy"_s);
-    case ReportControl::Format::ShortDayMonthShortYear: return dateAs(plain, u"d-MMM-yy"_s);
-    case ReportControl::Format::Money:
-        if (const auto number = wholeNumberText(plain))
-            return Money(*number);
-        break;
-    case ReportControl::Format::MoneyGrouped:
-        if (const auto number = wholeNumberText(plain))
-            return MoneyGrouped(*number);
-        break;
+    case ReportControl::Format::DayMonthYear: return dateAs(value, u"dd-MMM-yyyy"_s);
+    case ReportControl::Format::DayMonthShortYear: return dateAs(value, u"dd-MMM-yy"_s);
+    case ReportControl::Format::ShortDayMonthShortYear: return dateAs(value, u"d-MMM-yy"_s);
+    case ReportControl::Format::Money: return moneyAs(value, Money);
+    case ReportControl::Format::MoneyGrouped: return moneyAs(value, MoneyGrouped);
     }
-    return plain;
+    return value.toText();
 }
 
 /// `column` may lead into a child: "acc.Title".
