@@ -1,6 +1,7 @@
 #include "app/frmMenu.h"
 
 #include "app/menuColumn.h"
+#include "production/frmRatings.h"
 #include "ui/Command.h"
 #include "ui/language.h"
 
@@ -19,7 +20,7 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
     menuColumn::addLater(*books, {"Command10"_L1, "Deli&very Register"_L1});
 
     auto *others = new QVBoxLayout;
-    menuColumn::addLater(*others, {"Command5"_L1, "&Ratings"_L1});
+    Command *Command5 = menuColumn::add(*others, {"Command5"_L1, "&Ratings"_L1});
     menuColumn::addLater(*others, {"Command4"_L1, "&Trial Reminder"_L1});
     menuColumn::addLater(*others, {"Command1"_L1, "&Birthdays Reminder"_L1});
     menuColumn::addLater(*others, {"Command9"_L1, "&Export Status Report"_L1});
@@ -33,5 +34,6 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
     form->setSizeConstraint(QLayout::SetFixedSize);
 
     TranslateForm(*this);
+    connect(Command5, &Command::clicked, this, [] { frmRatings().exec(); });
     connect(Command8, &Command::clicked, this, &QDialog::reject);
 }

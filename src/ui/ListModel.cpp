@@ -113,6 +113,10 @@ QVariant ListModel::data(const QModelIndex &index, int role) const
         const QIcon &icon = row.lookOf(column).icon;
         return icon.isNull() ? QVariant() : QVariant(icon);
     }
+    case Qt::AccessibleTextRole: {
+        const QString &said = row.lookOf(column).said;
+        return said.isEmpty() ? QVariant() : QVariant(said);
+    }
     case Qt::ToolTipRole: return m_toolTips ? m_toolTips(row, column) : QVariant();
     default: return {};
     }

@@ -21,6 +21,8 @@ struct CellLook {
     bool bold = false;
     QColor ink = {};
     QIcon icon = {};
+    /// What a screen reader says in the place of the text.
+    QString said = {};
 };
 
 /// A row of a list: plain texts, the tag that says what it stands for, and how it looks.

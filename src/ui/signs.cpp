@@ -2,17 +2,22 @@
 
 #include "ui/theme.h"
 
+#include <QApplication>
 #include <QIconEngine>
+#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 
 #include <functional>
 #include <numbers>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Draws in a field of 16 units' height, in one colour.
 using Drawing = std::function<void(QPainter &painter, const QColor &ink)>;
+constexpr int mostStars = 5;
 constexpr double fieldHeight = 16;
 constexpr double lineWidth = 1.8;
 
@@ -112,17 +117,36 @@ void drawRing(QPainter &painter, const QColor &)
 
 QIcon signs::stars(int rating)
 {
-    constexpr int most = 5;
-    if (rating < 0 || rating > most)
+    if (rating < 0 || rating > mostStars)
         return {};
     const auto draw = [rating](QPainter &painter, const QColor &ink) {
         painter.setPen(QPen(ink, 1));
-        for (int place = 0; place < most; ++place) {
+        for (int place = 0; place < mostStars; ++place) {
             painter.setBrush(place < rating ? QBrush(ink) : QBrush(Qt::NoBrush));
             painter.drawPath(star({fieldHeight * (place + 0.5), fieldHeight / 2}));
         }
     };
-    return sign(draw, theme::gold(), fieldHeight * most);
+    return sign(draw, theme::gold(), fieldHeight * mostStars);
+}
+
+QSize signs::starsSize()
+{
+    const int height = QFontMetrics(QApplication::font()).height();
+    return {height * mostStars, height};
+}
+
+QString signs::starsInWords(int rating)
+{
+    return u"%1 of %2 stars"_s.arg(rating).arg(mostStars);
+}
+
+void signs::showStars(QLabel &label, int rating)
+{
+    const QIcon icon = stars(rating);
+    if (icon.isNull())
+        return;
+    label.setPixmap(icon.pixmap(starsSize(), label.devicePixelRatio()));
+    label.setAccessibleName(starsInWords(rating));
 }
 
 QIcon signs::status(Status status)

@@ -320,7 +320,7 @@ void MainTest::everyCommandHasItsCaption_data()
     QTest::newRow("reports")
         << 's'
         << u"-Command2 D&ues Register|-Command3 &Account Book|-Command7 &Wages Register|-Command6 &Day Book|"
-           "-Command10 Deli&very Register|-Command5 &Ratings|-Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
+           "-Command10 Deli&very Register|Command5 &Ratings|-Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
            "-Command9 &Export Status Report|Command8 Back"_s;
 }
 
