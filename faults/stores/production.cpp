@@ -1,7 +1,10 @@
 #include "Store.h"
 
+#include "production/assignment.h"
 #include "production/feedback.h"
+#include "production/itemRowMarks.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -9,25 +12,64 @@ namespace faults {
 
 namespace {
 
-/// What a client says of one of the shop's garments.
-class Told : public Task {
+/// Work on one of the shop's garments.
+class RowTask : public Task {
 public:
-    explicit Told(Random random) : m_pick(random.below(1'000'000)), m_score(random.below(6)) { }
+    explicit RowTask(Random random) : m_random(random) { }
     void prepare() override
     {
         Recordset rows(DE().CN);
-        rows.open(u"Select id from Jobs_Detail order by id"_s);
+        rows.open(u"Select id, JobID from Jobs_Detail order by id"_s);
         if (rows.recordCount() == 0)
             return;
-        rows.moveTo(m_pick % rows.recordCount());
+        rows.moveTo(m_random.below(rows.recordCount()));
         m_row = rows.integer(u"id");
+        m_job = rows.integer(u"JobID");
+        m_number = m_random.below(4);
     }
-    void run() override { static_cast<void>(feedback::save(m_row, m_score, QString(3000, u'f'))); }
 
-private:
-    int m_pick;
-    int m_score;
+protected:
+    Random m_random;
     qint32 m_row = 0;
+    qint32 m_job = 0;
+    int m_number = 0;
+};
+
+/// What a client says of it.
+class Told : public RowTask {
+public:
+    using RowTask::RowTask;
+    void run() override { static_cast<void>(feedback::save(m_row, m_number, QString(3000, u'f'))); }
+};
+
+class Assigned : public RowTask {
+public:
+    using RowTask::RowTask;
+    void run() override
+    {
+        const assignment::Assignment given{.worker = assignment::noWorker(),
+            .status = m_number,
+            .cuttingDone = m_number > 1,
+            .cuttingDate = {2011, 4, 9},
+            .wages = 150,
+            .location = QString(2000, u'l')};
+        static_cast<void>(assignment::save(m_row, given));
+    }
+};
+
+class Marked : public RowTask {
+public:
+    using RowTask::RowTask;
+    void run() override
+    {
+        static_cast<void>(itemRowMarks::status(m_row, rowStatus::Completed, {2011, 4, 9}, QString(2000, u'l')));
+    }
+};
+
+class JobHandedOver : public RowTask {
+public:
+    using RowTask::RowTask;
+    void run() override { static_cast<void>(itemRowMarks::jobDelivered(m_job, {2011, 4, 9})); }
 };
 
 class Ranking : public Task {
@@ -35,11 +77,18 @@ public:
     void run() override { static_cast<void>(feedback::rank()); }
 };
 
+template <typename Kind>
+std::unique_ptr<Task> made(const Random &random)
+{
+    return std::make_unique<Kind>(random);
+}
+
 } // namespace
 
 std::vector<Store> productionStores()
 {
-    return {{u"feedback"_s, [](const Random &random) { return std::make_unique<Told>(random); }},
+    return {{u"feedback"_s, made<Told>}, {u"assignment"_s, made<Assigned>}, {u"mark"_s, made<Marked>},
+        {u"job handed over"_s, made<JobHandedOver>},
         {u"ranking"_s, [](const Random &) { return std::make_unique<Ranking>(); }}};
 }
 

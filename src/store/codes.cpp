@@ -14,6 +14,16 @@ QString rowStatus::word(int status)
     }
 }
 
+QString rowStatus::dateColumn(int status)
+{
+    switch (status) {
+    case Completed: return u"CompletedDate"_s;
+    case Delivered: return u"DelToCustDate"_s;
+    case Alteration: return u"AltDate"_s;
+    default: return {};
+    }
+}
+
 QString cutting::word(int status)
 {
     switch (status) {

@@ -15,6 +15,8 @@ inline constexpr int Canceled = 4;
 
 /// As all lists and the status report show it; empty for a number that is none of these.
 [[nodiscard]] QString word(int status);
+/// The column with the day of that state; empty for a state that has none.
+[[nodiscard]] QString dateColumn(int status);
 
 } // namespace rowStatus
 
