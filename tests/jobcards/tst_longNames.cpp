@@ -108,8 +108,8 @@ void LongNamesTest::noScreenIsWidenedByANameThatItShows()
     const QSize wantedBefore = wanted;
 
     const QString name = QString(140, u'W');
-    for (const QString &change : {u"Update Accounts set Title='%1'"_s, u"Update Items set NAME='%1'"_s,
-             u"Update Accounts set Address='%1'"_s})
+    for (const QString &change :
+        {u"Update Accounts set Title='%1'"_s, u"Update Items set NAME='%1'"_s, u"Update Accounts set Address='%1'"_s})
         desk.connection.execute(change.arg(name));
     QCOMPARE(GetAccountTitle(client), name);
     open(script, look);
