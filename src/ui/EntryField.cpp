@@ -3,11 +3,14 @@
 #include "ui/FieldFocus.h"
 #include "ui/entryKeys.h"
 
+#include <QCoreApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QWidget>
 
 EntryField::EntryField(QWidget *control) : QObject(control), m_control(control)
 {
+    control->installEventFilter(this);
     auto *focus = new FieldFocus(control);
     connect(focus, &FieldFocus::entered, this, [this] {
         m_isEntered = true;
@@ -37,6 +40,23 @@ bool EntryField::keySwallowed(const QKeyEvent &event)
         return false;
     emit keyDown(key);
     return key == keys::Swallowed;
+}
+
+bool EntryField::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() != QEvent::InputMethod)
+        return false;
+    const auto &input = *static_cast<QInputMethodEvent *>(event);
+    const QString composed = input.commitString();
+    if (composed.isEmpty() || input.replacementLength() > 0)
+        return false;
+    QInputMethodEvent nothingBegun;
+    QCoreApplication::sendEvent(m_control, &nothingBegun);
+    for (const char32_t letter : composed.toUcs4()) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&letter, 1));
+        QCoreApplication::sendEvent(m_control, &press);
+    }
+    return true;
 }
 
 void EntryField::passCharacter(

@@ -3,8 +3,6 @@
 #include "base/values.h"
 #include "ui/entryKeys.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QKeyEvent>
 #include <QRegularExpression>
 
@@ -12,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 kvTextBox::kvTextBox(QWidget *parent) : QLineEdit(parent), EntryBox(this)
 {
-    connect(this, &QLineEdit::textEdited, this, &kvTextBox::flattenLines);
+    connect(this, &QLineEdit::textEdited, this, &kvTextBox::tidy);
     connect(this, &QLineEdit::textChanged, this, &kvTextBox::changed);
     passOn(*this);
 }
@@ -37,8 +35,6 @@ void kvTextBox::keyPressEvent(QKeyEvent *event)
         return;
     if (m_autoTab && keys::characterCode(*event) == keys::Enter)
         return cSendKeys::SendKeys(u"{tab}"_s);
-    if (isAmount() && event->matches(QKeySequence::Paste))
-        return pasteAmount();
     entry().passCharacter(
         event, [this](int key) { return filtered(key); }, [this](QKeyEvent *left) { QLineEdit::keyPressEvent(left); });
 }
@@ -58,23 +54,24 @@ int kvTextBox::filtered(int key)
     return amountKey(rest, key);
 }
 
-void kvTextBox::pasteAmount()
-{
-    const QString pasted = QApplication::clipboard()->text();
-    for (const QChar character : pasted) {
-        if (filtered(character.unicode()) >= keys::Blank)
-            insert(character);
-    }
-}
-
-void kvTextBox::flattenLines(const QString &text)
+void kvTextBox::tidy(const QString &text)
 {
     static const QRegularExpression lineBreak(u"\\r\\n|[\\r\\n\\x{2028}\\x{2029}]"_s);
-    if (!text.contains(lineBreak))
+    const auto tidied = [this](QString part) {
+        part.replace(lineBreak, u" "_s);
+        if (!isAmount())
+            return part;
+        QString amount;
+        for (const QChar character : std::as_const(part)) {
+            if (amountKey(amount, character.unicode()) >= keys::Blank)
+                amount += character;
+        }
+        return amount;
+    };
+    const QString whole = tidied(text);
+    if (whole == text)
         return;
-    const qsizetype behindCaret = text.size() - cursorPosition();
-    QString flat = text;
-    flat.replace(lineBreak, u" "_s);
-    QLineEdit::setText(flat);
-    setCursorPosition(static_cast<int>(flat.size() - behindCaret));
+    const qsizetype caret = tidied(text.left(cursorPosition())).size();
+    QLineEdit::setText(whole);
+    setCursorPosition(static_cast<int>(caret));
 }

@@ -41,8 +41,8 @@ protected:
 private:
     /// What becomes of a character under the rules of the box type.
     [[nodiscard]] int filtered(int key);
-    void pasteAmount();
-    void flattenLines(const QString &text);
+    /// What came in by another way than keys, pasted or dropped: one line, and of an amount its digits and one point.
+    void tidy(const QString &text);
 
     bool m_autoTab = true;
     int m_lastKey = 0;

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -62,6 +63,7 @@ class AutoSearchTest : public QObject {
 private slots:
     void typingSelectsTheFirstEntryThatBeginsSo_data();
     void typingSelectsTheFirstEntryThatBeginsSo();
+    void whatIsComposedSearchesToo();
     void backspaceCutsTheTextAndSelectsNothing();
     void theKeyPassedOnIsToldByTheRoutine();
     void enterWithAnOpenListGoesOnAsEnter();
@@ -112,6 +114,23 @@ void AutoSearchTest::typingSelectsTheFirstEntryThatBeginsSo()
     QTEST(screen.combo.currentIndex(), "entry");
     QVERIFY(screen.isOpen());
     QCOMPARE(screen.combo.cursor().shape(), Qt::ArrowCursor);
+}
+
+void AutoSearchTest::whatIsComposedSearchesToo()
+{
+    SearchScreen screen;
+    setComboEntries(screen.combo, clients + QStringList{u"Émile"_s});
+    QVERIFY(driver::show(screen));
+    const auto compose = [&screen](const QString &text) {
+        QInputMethodEvent composed;
+        composed.setCommitString(text);
+        QApplication::sendEvent(&screen.combo, &composed);
+    };
+    compose(u"ü"_s);
+    QCOMPARE(screen.text(), QString());
+    compose(u"é"_s);
+    QCOMPARE(screen.text(), u"Émile"_s);
+    QCOMPARE(screen.selected(), u"mile"_s);
 }
 
 void AutoSearchTest::backspaceCutsTheTextAndSelectsNothing()

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -54,6 +55,7 @@ private slots:
     void amountsTakeDigitsAndOnePoint();
     void amountsReadWithTwoDecimals();
     void pastedLineBreaksBecomeBlanks();
+    void whatIsComposedOrDroppedGoesTheWayOfKeys();
     void enterLeavesASingleLineAndNobodyHearsOfIt();
     void enterMakesANewLineInAMultiLineBox();
     void theScreenMayChangeAndSwallowKeys();
@@ -158,6 +160,38 @@ void EntryFieldsTest::pastedLineBreaksBecomeBlanks()
     driver::press(Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(screen.name.Text(), u"At 12, Main Road Pune 411001"_s);
     QCOMPARE(screen.name.cursorPosition(), screen.name.Text().size());
+}
+
+void EntryFieldsTest::whatIsComposedOrDroppedGoesTheWayOfKeys()
+{
+    FieldScreen screen;
+    QVERIFY(driver::show(screen));
+    const auto compose = [](QWidget &field, const QString &text) {
+        QInputMethodEvent begun(text.left(1), {});
+        QApplication::sendEvent(&field, &begun);
+        QInputMethodEvent composed;
+        composed.setCommitString(text);
+        QApplication::sendEvent(&field, &composed);
+    };
+    compose(screen.name, u"é"_s);
+    driver::type(u"mile "_s);
+    compose(screen.name, u"ñ"_s);
+    QCOMPARE(screen.name.Text(), u"Émile Ñ"_s);
+    compose(screen.name, u" \u0936\u0930\u094d\U0001F44D"_s);
+    QCOMPARE(screen.name.Text(), u"Émile Ñ \u0936\u0930\u094d\U0001F44D"_s);
+
+    driver::press(Qt::Key_Return);
+    QVERIFY(screen.amount.hasFocus());
+    compose(screen.amount, u"é1.5"_s);
+    compose(screen.amount, u".é"_s);
+    QCOMPARE(screen.amount.Text(), u"1.5"_s);
+    // By the middle button.
+    QApplication::clipboard()->setText(u"2x.7"_s, QClipboard::Selection);
+    QTest::mouseClick(&screen.amount, Qt::MiddleButton, {}, QPoint(2, screen.amount.height() / 2));
+    QCOMPARE(screen.amount.Text(), u"2.715"_s);
+
+    compose(screen.lines, u"é"_s);
+    QCOMPARE(screen.lines.Text(), u"é"_s);
 }
 
 void EntryFieldsTest::enterLeavesASingleLineAndNobodyHearsOfIt()
