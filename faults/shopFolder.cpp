@@ -106,6 +106,7 @@ void enterFolder(const QString &folder)
 void openShop()
 {
     renewDE();
+    session::CurrentDate = QDate(2011, 4, 9);
     DE().CN.open(session::DBPath);
     if (afterOpening)
         afterOpening();

@@ -18,7 +18,8 @@ void makeDelivery(const QString &folder);
 /// Makes `folder` the program's.
 void enterFolder(const QString &folder);
 
-/// Opens the shop of the folder in a new data environment. Throws RuntimeError.
+/// Opens the shop of the folder in a new data environment; the working date is the same in each process. Throws
+/// RuntimeError.
 void openShop();
 /// Has this process know the key of a shop, for itself and its later children. Nothing stays open.
 void learnKey(const QString &folder);
