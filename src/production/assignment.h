@@ -28,7 +28,7 @@ enum class Saved { Yes, RowGone, WorkerGone };
 /// Writes the row and, when with it all of its job is delivered, closes the job; both or nothing, on the disk when it
 /// returns. The day of the status is stamped each time, also where it stays what it was; "NA" keeps the name of who
 /// worked on it before. Nothing is written where the row or the worker is no longer there.
-[[nodiscard]] Saved save(qint32 rowID, const Assignment &assignment);
+[[nodiscard]] Saved save(qint32 rowID, const Assignment &given);
 
 /// Who made this item for this client last before `day`, in lines for a label.
 [[nodiscard]] QString lastJob(QDate day, qint32 itemID, qint32 clientID);

@@ -92,6 +92,13 @@ public:
 
     Value of(int id, Recordset &source)
     {
+        const Value found = ofOrNull(id, source);
+        return found.isNull() ? valueOf(source, m_column, m_statement + QString::number(id)) : found;
+    }
+
+    /// Null where there is no such row.
+    Value ofOrNull(int id, Recordset &source)
+    {
         source.close();
         QHash<int, Value> &answers = m_memo.answers(DE().CN);
         const auto known = answers.constFind(id);
@@ -102,7 +109,10 @@ public:
             if (const auto found = answers.constFind(id); found != answers.cend())
                 return *found;
         }
-        return *answers.insert(id, valueOf(source, m_column, m_statement + QString::number(id)));
+        source.open(m_statement + QString::number(id));
+        const Value found = source.eof() ? Value() : source.value(m_column);
+        source.close();
+        return *answers.insert(id, found);
     }
 
 private:
@@ -122,6 +132,18 @@ private:
     QString m_statement;
     Memo<int> m_memo;
 };
+
+NumberedColumn &accountTitles()
+{
+    static NumberedColumn titles(u"Title"_s, accounts, u"Select * from Accounts where ID="_s);
+    return titles;
+}
+
+NumberedColumn &itemNames()
+{
+    static NumberedColumn names(u"Name"_s, items, u"Select * from Items where ID="_s);
+    return names;
+}
 
 Value firstValue(const QString &statement, Recordset &source)
 {
@@ -166,8 +188,13 @@ qint32 GetAccountID(const QString &title)
 
 QString GetAccountTitle(int id)
 {
-    static NumberedColumn titles(u"Title"_s, accounts, u"Select * from Accounts where ID="_s);
-    return titles.of(id, DE().rsaccounts).toText();
+    return accountTitles().of(id, DE().rsaccounts).toText();
+}
+
+QString titleOrBlank(int id)
+{
+    const Value title = accountTitles().ofOrNull(id, DE().rsaccounts);
+    return title.isNull() ? QString() : title.toText();
 }
 
 double GetItemWorkerFees(const QString &name)
@@ -188,8 +215,13 @@ qint32 GetItemID(const QString &name)
 
 QString GetItemName(int id)
 {
-    static NumberedColumn names(u"Name"_s, items, u"Select * from Items where ID="_s);
-    return names.of(id, DE().rsItems2).toText();
+    return itemNames().of(id, DE().rsItems2).toText();
+}
+
+QString itemNameOrBlank(int id)
+{
+    const Value name = itemNames().ofOrNull(id, DE().rsItems2);
+    return name.isNull() ? QString() : name.toText();
 }
 
 Value GetFieldValue(

@@ -15,12 +15,16 @@
 /// Through `rsaccounts`. Titles are found without regard to case, over accounts of every type.
 [[nodiscard]] qint32 GetAccountID(const QString &title);
 [[nodiscard]] QString GetAccountTitle(int id);
+/// For lists: empty where the account is gone.
+[[nodiscard]] QString titleOrBlank(int id);
 
 /// Through `rsItems2`.
 [[nodiscard]] double GetItemWorkerFees(const QString &name);
 [[nodiscard]] double GetItemFees(int id);
 [[nodiscard]] qint32 GetItemID(const QString &name);
 [[nodiscard]] QString GetItemName(int id);
+/// As `titleOrBlank`.
+[[nodiscard]] QString itemNameOrBlank(int id);
 
 /// First column of the first row of "Select field from table where keyColumn='value'"; the number -1 where there is no
 /// row and where the value is Null. `field` may be "*", which asks for existence.
