@@ -37,6 +37,7 @@ public:
 protected:
     void refill() override;
     void openRow(const ListRow &row) override;
+    void fillDetails();
 
 private:
     void buildForm();
@@ -50,7 +51,6 @@ private:
     void fillWorkers();
     [[nodiscard]] QString statement() const;
     [[nodiscard]] std::vector<ListRow> readRows();
-    void fillDetails();
     void tellWhatIsListed();
     void filterChosen();
     void keepFiltered(const std::function<void(std::vector<ListRow> &rows)> &filter);
