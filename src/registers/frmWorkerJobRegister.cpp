@@ -66,9 +66,9 @@ QStringList conditions()
 
 std::vector<ListColumn> columns()
 {
-    return {{u"Date"_s, 8}, {u"JOB ID"_s, 6}, {u"Client Name"_s, 13}, {u"Qty"_s, 4, true}, {u"Item Name"_s, 10},
-        {u"Remark"_s, 8}, {u"Del. Date"_s, 13}, {u"Worker Name"_s, 10}, {u"Cutting"_s, 6}, {u"Status"_s, 9},
-        {u"Location"_s, 7}, {u"Balance"_s, 8, true}};
+    return {{u"Date"_s, 8.4}, {u"JOB ID"_s, 5.5}, {u"Client Name"_s, 11.5}, {u"Qty"_s, 3.6, true},
+        {u"Item Name"_s, 9.5}, {u"Remark"_s, 7}, {u"Del. Date"_s, 12.5}, {u"Worker Name"_s, 9.5}, {u"Cutting"_s, 6.8},
+        {u"Status"_s, 11}, {u"Location"_s, 6.2}, {u"Balance"_s, 8.5, true}};
 }
 
 void closeWithTotal(std::vector<ListRow> &rows)
@@ -218,7 +218,7 @@ void frmWorkerJobRegister::buildForm()
     whole->addLayout(buildSearch());
     whole->addLayout(buildLists(), 1);
     whole->addLayout(buildCommands());
-    resize(1280, 680);
+    resize(1320, 680);
 
     chainTabs(m_period->fields()
         + QList<QWidget *>{opDt1, opDt2, OpInc, OpDesc, cmbClient, cmbCondition, txtSearchID, lvSummary, lvDetails,
