@@ -35,9 +35,12 @@ void drawPicture(QPainter &painter, const ReportPages::Item &item)
 
 } // namespace
 
-QFont ReportPages::font(double pointSize, QFont::Weight weight, bool italic)
+QFont ReportPages::font(double pointSize, QFont::Weight weight, bool italic, const QString &family)
 {
-    QFont font(QStringList{u"Liberation Sans"_s, u"Arial"_s, u"Helvetica"_s, QGuiApplication::font().family()});
+    QStringList families{u"Liberation Sans"_s, u"Arial"_s, u"Helvetica"_s, QGuiApplication::font().family()};
+    if (!family.isEmpty())
+        families.prepend(family);
+    QFont font(families);
     font.setPixelSize(qRound(pointSize * twipsPerPoint));
     font.setWeight(weight);
     font.setItalic(italic);
