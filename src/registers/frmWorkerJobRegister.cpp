@@ -4,13 +4,14 @@
 #include "base/session.h"
 #include "base/values.h"
 #include "comms/modSMS.h"
-#include "jobcards/frmEditJOB.h"
 #include "masters/frmSearchClient.h"
 #include "production/assignment.h"
 #include "production/frmEditWorkerAssign.h"
 #include "production/frmWorkerReport2.h"
 #include "production/itemRowMarks.h"
+#include "registers/dueLook.h"
 #include "registers/itemRowCells.h"
+#include "registers/openJobCard.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/itemRows.h"
@@ -185,8 +186,8 @@ ListRow rowOf(const Recordset &record, Balances &balances)
               << record.textOrEmpty(u"Remarks") << daysLeft(promised)
               << itemRowCells::worker(record.integer(u"WorkerID")) << cuttingWord(record) << rowStatus::word(status)
               << (record.isNull(u"Loc") ? u" "_s : record.text(u"Loc")) << balances.of(client);
-    if (itemRowCells::isOverdue(status, promised))
-        row.looks.emplace_back(column::Delivery, itemRowCells::overdueLook());
+    if (itemRowCells::isOpen(status))
+        row.looks.emplace_back(column::Delivery, dueLook(promised));
     row.looks.emplace_back(column::Status, CellLook{.icon = itemRowCells::statusSign(status)});
     return row;
 }
@@ -364,7 +365,7 @@ void frmWorkerJobRegister::setMarks()
                 afterMark(itemRowMarks::jobDelivered(jobNumber(row), session::CurrentDate), cardGone);
             }},
         {},
-        {u"Open Job Card"_s, Qt::Key_F3, {}, [this](const ListRow &row) { openJobCard(row); }},
+        {u"Open Job Card"_s, Qt::Key_F3, {}, [](const ListRow &row) { openJobCard(jobNumber(row)); }},
     });
 }
 
@@ -559,17 +560,6 @@ void frmWorkerJobRegister::overview()
 void frmWorkerJobRegister::openRow(const ListRow &row)
 {
     frmEditWorkerAssign().ShowEdit(row.tag.toInt());
-}
-
-void frmWorkerJobRegister::openJobCard(const ListRow &row)
-{
-    const int number = jobNumber(row);
-    if (GetFieldValueNum(u"ID"_s, u"jobs"_s, u"ID"_s, number, DE().rsJobs2).toDouble() < 0)
-        return ShowMessage(cardGone);
-    bool deleted = false;
-    frmEditJOB().ShowEdit(number, deleted);
-    if (deleted)
-        filterChosen();
 }
 
 void frmWorkerJobRegister::afterMark(bool isThere, const QString &ifGone)
