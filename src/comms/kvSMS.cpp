@@ -36,7 +36,6 @@ QString kvSMS::dialled(const QString &number)
 void kvSMS::SendSMS(qint16 &port, const QString &number, const QString &message)
 {
     QString failure;
-    emit sending(dialled(number));
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     try {
         Notice notice(u"The message is being sent..."_s);
@@ -50,7 +49,6 @@ void kvSMS::SendSMS(qint16 &port, const QString &number, const QString &message)
         failure = error.text();
     }
     QGuiApplication::restoreOverrideCursor();
-    emit ended();
     if (!failure.isEmpty())
         platformBox::show(failure);
 }

@@ -25,11 +25,6 @@ public:
     /// What the modem gets for `number`.
     [[nodiscard]] static QString dialled(const QString &number);
 
-signals:
-    /// Around the dialogue with the modem, which may hold the program for as long as a modem takes that takes nothing.
-    void sending(const QString &dialled);
-    void ended();
-
 private:
     SerialPort m_port;
 };
