@@ -2,6 +2,7 @@
 
 #include "app/menuColumn.h"
 #include "production/frmRatings.h"
+#include "registers/frmTrailDate.h"
 #include "ui/Command.h"
 #include "ui/language.h"
 
@@ -21,7 +22,7 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
 
     auto *others = new QVBoxLayout;
     Command *Command5 = menuColumn::add(*others, {"Command5"_L1, "&Ratings"_L1});
-    menuColumn::addLater(*others, {"Command4"_L1, "&Trial Reminder"_L1});
+    Command *Command4 = menuColumn::add(*others, {"Command4"_L1, "&Trial Reminder"_L1});
     menuColumn::addLater(*others, {"Command1"_L1, "&Birthdays Reminder"_L1});
     menuColumn::addLater(*others, {"Command9"_L1, "&Export Status Report"_L1});
     Command *Command8 = menuColumn::add(*others, {"Command8"_L1, "Back"_L1});
@@ -34,6 +35,7 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
     form->setSizeConstraint(QLayout::SetFixedSize);
 
     TranslateForm(*this);
+    connect(Command4, &Command::clicked, this, [] { frmTrailDate().exec(); });
     connect(Command5, &Command::clicked, this, [] { frmRatings().exec(); });
     connect(Command8, &Command::clicked, this, &QDialog::reject);
 }

@@ -19,7 +19,11 @@ public:
     void SendSMS(qint16 &port, const QString &number, const QString &message);
 
     /// What every sender does: tells when `mobile` is empty or the shop has set no port, and else sends at that port.
-    void sendAtShopPort(const QString &mobile, const QString &message);
+    /// True where it came so far, whatever the port made of it.
+    bool sendAtShopPort(const QString &mobile, const QString &message);
+
+    /// What the modem gets for `number`.
+    [[nodiscard]] static QString dialled(const QString &number);
 
 private:
     SerialPort m_port;
