@@ -38,6 +38,8 @@ printer::Outcome draw(QPagedPaintDevice &device, const QImage &picture)
 
 void printPicture(const QString &path)
 {
+    if (path.isEmpty())
+        return platformBox::show(u"There is no picture"_s);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return platformBox::show(file.errorString());

@@ -162,7 +162,7 @@ QLayout *frmEditWorkerAssign::buildWork()
     DtCutting = new DateField(u"DtCutting"_s);
     DtCutting->setAccessibleName(u"Cutting Date"_s);
     txtLoc = new kvTextBox(u"txtLoc"_s);
-    lblHideShow = new Command(u"lblHideShow"_s, {});
+    lblHideShow = new Command(u"lblHideShow"_s, QString());
     lblHideShow->setFlat(true);
 
     auto *rating = new QHBoxLayout;
@@ -314,7 +314,7 @@ void frmEditWorkerAssign::connectCommands()
 void frmEditWorkerAssign::ShowEdit(qint32 id)
 {
     m_id = id;
-    fillWorkers({});
+    fillWorkers();
     showWorkerDetails(settingIsOn(setting::ShowWorkerDetails));
     Recordset &row = DE().rsJOBS_DETAIL;
     row.reopen(u"Select * from jobs_detail where ID="_s + QString::number(id));
@@ -330,10 +330,11 @@ void frmEditWorkerAssign::ShowEdit(qint32 id)
     exec();
 }
 
-void frmEditWorkerAssign::fillWorkers(const QString &shown)
+void frmEditWorkerAssign::fillWorkers()
 {
+    // Nobody is rated who was not chosen.
+    const QSignalBlocker quiet(cmbWorker);
     fillWithTitles(*cmbWorker, u" where Type="_s + QString::number(accountType::Worker), assignment::noWorker());
-    cmbWorker->setText(shown);
 }
 
 void frmEditWorkerAssign::showRow(const Recordset &row)
@@ -418,7 +419,9 @@ void frmEditWorkerAssign::save()
 
 void frmEditWorkerAssign::complainOfWorker()
 {
-    fillWorkers(cmbWorker->Text());
+    const QString worker = cmbWorker->Text();
+    fillWorkers();
+    cmbWorker->setText(worker);
     complain(u"This worker is no longer there!\r\nPlease select another one. Nothing has been saved."_s, cmbWorker);
 }
 

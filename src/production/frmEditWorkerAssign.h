@@ -42,7 +42,7 @@ private:
     void setTabs();
     void connectCommands();
 
-    void fillWorkers(const QString &shown);
+    void fillWorkers();
     void showRow(const Recordset &row);
     void showWorkerDetails(bool shown);
     void toggleWorkerDetails();

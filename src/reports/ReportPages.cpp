@@ -30,6 +30,8 @@ void drawPicture(QPainter &painter, const ReportPages::Item &item)
     const QSizeF size = QSizeF(item.picture.size()).scaled(item.place.size(), Qt::KeepAspectRatio);
     QRectF target(QPointF(), size);
     target.moveCenter(item.place.center());
+    // Into a PDF photographs are packed, codes are not.
+    painter.setRenderHint(QPainter::LosslessImageRendering, item.picture.depth() == 1);
     painter.drawImage(target, item.picture);
 }
 

@@ -2,8 +2,6 @@
 
 #include "base/RuntimeError.h"
 
-#include <QPainter>
-
 #include <qrencode.h>
 
 #include <memory>
@@ -25,12 +23,13 @@ QImage qrCode(const QString &text)
     if (!code)
         throw RuntimeError(Fault::FileFault, u"The text is too long for a QR code."_s, text);
     const int width = code->width + 2 * quietModules;
-    QImage modules(width, width, QImage::Format_Grayscale8);
-    modules.fill(Qt::white);
+    QImage modules(width, width, QImage::Format_Mono);
+    modules.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
+    modules.fill(0);
     for (int y = 0; y < code->width; ++y) {
         for (int x = 0; x < code->width; ++x) {
             if (code->data[y * code->width + x] & 1)
-                modules.setPixel(x + quietModules, y + quietModules, qRgb(0, 0, 0));
+                modules.setPixel(x + quietModules, y + quietModules, 1);
         }
     }
     return modules.scaled(modules.size() * pixelsPerModule);

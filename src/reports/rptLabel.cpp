@@ -9,16 +9,17 @@ namespace {
 constexpr QSize paper{5669, 2835};
 constexpr int margin = 140;
 constexpr int width = paper.width() - 2 * margin;
-constexpr int height = paper.height() - 2 * margin;
 constexpr int valueLeft = 1120;
 constexpr int codeSize = 1260;
 constexpr int besideCode = width - codeSize - 60 - valueLeft;
-constexpr int lineHeight = 260;
+constexpr int lineHeight = 250;
+/// Below it there is room for two lines more.
+constexpr int remarkTop = 1750;
 
-ReportControl &addField(ReportSection &label, int top, const QString &caption, const QString &column, int valueWidth)
+ReportControl &addField(ReportSection &label, int top, const QString &caption, const QString &column)
 {
     label.caption(caption, {0, top, valueLeft - 40, lineHeight}).points(8).in(sheet::quiet);
-    return label.field(column, column, {valueLeft, top, valueWidth, lineHeight}).points(9);
+    return label.field(column, column, {valueLeft, top, besideCode, lineHeight}).points(9);
 }
 
 } // namespace
@@ -26,7 +27,7 @@ ReportControl &addField(ReportSection &label, int top, const QString &caption, c
 Report rptLabel()
 {
     Report report(u"Print Label"_s, {paper, margin, margin, margin});
-    ReportSection &label = report.add(ReportSection::Kind::Detail, u"Section1"_s, height);
+    ReportSection &label = report.add(ReportSection::Kind::Detail, u"Section1"_s, remarkTop + lineHeight);
     label.label(u"lblCompany"_s, {0, 0, width, 310}).points(11).bold().in(sheet::accent);
     label.line({0, 320, width, 0}).in(sheet::accent);
     label.picture(u"code"_s, {width - codeSize, 360, codeSize, codeSize});
@@ -35,10 +36,11 @@ Report rptLabel()
     label.field(u"JobID"_s, u"JobID"_s, {valueLeft, 340, 640, numberHeight}).points(14).bold();
     label.caption(u"/"_s, {valueLeft + 655, 340, 110, numberHeight}).points(14).in(sheet::quiet);
     label.field(u"ItemSr"_s, u"ItemSr"_s, {valueLeft + 780, 340, 700, numberHeight}).points(14).bold();
-    addField(label, 750, u"Date :"_s, u"DATE"_s, besideCode).as(ReportControl::Format::DayMonthShortYear);
-    addField(label, 1010, u"Client Name:"_s, u"ClintName"_s, besideCode).bold();
-    addField(label, 1270, u"Worker Name:"_s, u"WorkerName"_s, besideCode);
-    addField(label, 1660, u"Item Name:"_s, u"ItemName"_s, width - valueLeft).bold();
-    addField(label, 1920, u"Remark:"_s, u"Remarks"_s, width - valueLeft).wrapped();
+    addField(label, 750, u"Date :"_s, u"DATE"_s).as(ReportControl::Format::DayMonthShortYear);
+    addField(label, 1000, u"Client Name:"_s, u"ClintName"_s).bold();
+    addField(label, 1250, u"Worker Name:"_s, u"WorkerName"_s);
+    addField(label, 1500, u"Item Name:"_s, u"ItemName"_s).bold();
+    ReportControl &remark = addField(label, remarkTop, u"Remark:"_s, u"Remarks"_s).points(8).wrapped();
+    remark.place.setWidth(width - valueLeft);
     return report;
 }
