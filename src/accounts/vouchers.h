@@ -18,9 +18,9 @@ struct Voucher {
     QDate date;
     QString mainAccount;
     QString otherAccount;
-    QString remark;
+    QString remark = {};
     /// Above 0. The leg above zero gets it as it was typed.
-    QString amount;
+    QString amount = {};
 };
 
 /// The highest voucher number plus 1. It is not tested again when the voucher is saved.
