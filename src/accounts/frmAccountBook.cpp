@@ -68,6 +68,7 @@ frmAccountBook::frmAccountBook()
     connectCommands();
     m_period->setShopDefault();
     loadList();
+    cmbAccount->setFocus();
 }
 
 void frmAccountBook::buildForm()

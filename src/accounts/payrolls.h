@@ -11,12 +11,12 @@ namespace payrolls {
 struct Payroll {
     QString worker;
     /// The garments paid by it, as they stand in the list.
-    std::vector<qint32> rowIDs;
+    std::vector<qint32> rowIDs = {};
     /// What the worker is credited with: the wages of the last garment alone, whatever the others come to.
     double amount = 0;
     /// Named in the remark.
-    QDate from;
-    QDate to;
+    QDate from = {};
+    QDate to = {};
 };
 
 /// The row number of the last voucher's leg plus 1: it jumps ahead of the vouchers' own numbers.
