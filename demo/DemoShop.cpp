@@ -33,6 +33,7 @@ void DemoShop::fill()
         SaveSetting(setting::WorkingDate, DateText(lastDay));
         SaveSetting(setting::DefaultFromDate, DateText(lastDay.addDays(-21)));
         SaveSetting(setting::DeliveryMargin, u"10"_s);
+        SaveSetting(setting::ModemPort, u"1"_s);
         SaveSetting(setting::TagLine, u"Made to measure since 1962"_s);
         SaveSetting(setting::SmsTitle, u"Kovrel"_s);
     });

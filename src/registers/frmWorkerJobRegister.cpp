@@ -1,5 +1,6 @@
 #include "registers/frmWorkerJobRegister.h"
 
+#include "accounts/frmAccountBook.h"
 #include "base/balanceText.h"
 #include "base/session.h"
 #include "base/values.h"
@@ -134,11 +135,8 @@ QLayout *eitherOf(QRadioButton *first, QRadioButton *second)
     return row;
 }
 
-/// The number of an account, or none that any has: the title may be gone since it was chosen.
-int idOrNone(const QString &title)
-{
-    return Int32(GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts).toDouble());
-}
+/// No account's number.
+constexpr qint32 nobodysID = -1;
 
 QString contactOfRow(const ListRow &row, const QString &column)
 {
@@ -366,6 +364,7 @@ void frmWorkerJobRegister::setMarks()
             }},
         {},
         {u"Open Job Card"_s, Qt::Key_F3, {}, [](const ListRow &row) { openJobCard(jobNumber(row)); }},
+        {u"Open Client Account"_s, Qt::Key_F2, {}, [this](const ListRow &row) { openAccount(row); }},
     });
 }
 
@@ -445,7 +444,7 @@ std::vector<ListRow> frmWorkerJobRegister::readRows()
     m_period->raiseLastToFirst();
     dateColumn = opDt1->isChecked() ? u"Date"_s : u"JobDelDate"_s;
     sortOrder = OpInc->isChecked() ? u"ASC"_s : u"DESC"_s;
-    m_account = mode == u"S"_s ? idOrNone(cmbClient->Text()) : idOrNone(m_client);
+    m_account = findAccountID(mode == u"S"_s ? cmbClient->Text() : m_client).value_or(nobodysID);
 
     Recordset &records = DE().rsJOBS_DETAIL;
     records.reopen(statement());
@@ -502,7 +501,7 @@ void frmWorkerJobRegister::view()
     if (!m_period->isUsable() || !requireEntry(*cmbClient, noWorkerChosen))
         return;
     const bool isOfAll = cmbClient->Text() == all;
-    if (!isOfAll && idOrNone(cmbClient->Text()) < 0) {
+    if (!isOfAll && !findAccountID(cmbClient->Text())) {
         fillWorkers();
         return complain(noWorkerChosen, cmbClient);
     }
@@ -560,6 +559,12 @@ void frmWorkerJobRegister::overview()
 void frmWorkerJobRegister::openRow(const ListRow &row)
 {
     frmEditWorkerAssign().ShowEdit(row.tag.toInt());
+}
+
+void frmWorkerJobRegister::openAccount(const ListRow &row)
+{
+    frmAccountBook().ShowAccount(row.cells.value(column::Client));
+    filterChosen();
 }
 
 void frmWorkerJobRegister::afterMark(bool isThere, const QString &ifGone)

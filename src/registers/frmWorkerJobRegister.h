@@ -60,6 +60,7 @@ private:
     void quickFind();
     void showDetails();
     void overview();
+    void openAccount(const ListRow &row);
     void afterMark(bool isThere, const QString &ifGone);
 
     PeriodFields *m_period;
