@@ -1,9 +1,11 @@
 #include "shopFolder.h"
 
 #include "base/session.h"
+#include "base/values.h"
 #include "store/DataEnvironment.h"
 #include "store/fileCheck.h"
 #include "store/schema.h"
+#include "store/settings.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -107,7 +109,8 @@ void enterFolder(const QString &folder)
 void openShop()
 {
     renewDE();
-    session::CurrentDate = QDate(2011, 4, 9);
+    // The one that a start finds in a shop that never chose another.
+    session::CurrentDate = ParseDate(setting::defaultOf(setting::WorkingDate));
     DE().CN.open(session::DBPath);
     if (afterOpening)
         afterOpening();

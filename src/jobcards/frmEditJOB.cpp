@@ -43,7 +43,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
-enum Appeared { NotAppeared = 0, DidAppear = 1, TrialCancelled = 2 };
 
 kvTextBox *amountBox(const QString &name, bool shownOnly)
 {
@@ -345,11 +344,11 @@ bool frmEditJOB::load(int jobID)
 
 void frmEditJOB::showTrialNote(int appeared, const QDate &appearedDate)
 {
-    if (appeared == DidAppear && appearedDate.isValid())
+    if (appeared == trial::Appeared && appearedDate.isValid())
         lblTrialInfo->setText(u"Appeared for Trial "_s + DayMonthYear(appearedDate));
-    else if (appeared == NotAppeared)
+    else if (appeared == trial::NotAppeared)
         lblTrialInfo->setText(u"Not Appeared for Trial"_s);
-    else if (appeared == TrialCancelled)
+    else if (appeared == trial::Canceled)
         lblTrialInfo->setText(u"Trial Canceled"_s);
 }
 

@@ -44,7 +44,7 @@ void RegisterScreen::showRows(std::vector<ListRow> rows, Keep keep)
 
     const ListModel &list = m_list->list();
     const int same = keep == Keep::Tag && before >= 0 ? list.rowOfTag(tag) : -1;
-    if (keep == Keep::First)
+    if (keep == Keep::First || (keep == Keep::Place && before < 0))
         m_list->setCurrentRow(0);
     else
         m_list->setCurrentRow(same >= 0 ? same : qMin(before, list.rowCount() - 1));

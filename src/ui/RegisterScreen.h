@@ -39,7 +39,8 @@ protected:
     void openCurrent();
 
     /// Which row is current in the new rows: the one with the same tag, or its neighbour where it is gone; the one at
-    /// the place where a row was opened or a command given last; the first. What was in view stays there.
+    /// the place where a row was opened or a command given last, the first where there was none yet; the first. What
+    /// was in view stays there.
     enum class Keep { Tag, Place, First };
     /// Replaces all rows, in one go.
     void showRows(std::vector<ListRow> rows, Keep keep);
