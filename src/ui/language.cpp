@@ -26,7 +26,12 @@ void SetEngFont(QWidget &control, const QString &text)
 
 void SetHindiFont(QWidget &control, const QString &text)
 {
-    showText(control, text, QFont(u"Kruti Dev 010"_s, 12));
+    showText(control, text, hindiFont());
+}
+
+QFont hindiFont()
+{
+    return QFont(u"Kruti Dev 010"_s, 12);
 }
 
 void TranslateForm(QWidget &) { }

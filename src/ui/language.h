@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QFont;
 class QTreeView;
 class QWidget;
 
@@ -9,6 +10,9 @@ class QWidget;
 /// reads as Hindi where that font is installed. `control` is a label, a button, or a window, whose title is meant then.
 void SetEngFont(QWidget &control, const QString &text);
 void SetHindiFont(QWidget &control, const QString &text);
+
+/// The font that Hindi is kept in.
+[[nodiscard]] QFont hindiFont();
 
 /// Called by screens when they load, with themselves: the one place to translate their captions. None is translated.
 void TranslateForm(QWidget &form);

@@ -58,6 +58,8 @@ void ListTest::rowsCanBeChangedOneByOne()
     QVERIFY(!model.index(0, 1).data(Qt::UserRole).isValid());
     QCOMPARE(model.rowOfTag(8), 1);
     QCOMPARE(model.rowOfTag(9), -1);
+    QCOMPARE(model.rowOfText(1, u"5"_s), 1);
+    QCOMPARE(model.rowOfText(0, u"5"_s), -1);
     model.setTitle(0, u"Kind"_s);
     QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), u"Kind"_s);
     model.clear();
