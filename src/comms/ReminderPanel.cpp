@@ -45,12 +45,6 @@ ReminderPanel::ReminderPanel(ListView &list, setting::Key key, const QString &us
     connect(Command2, &Command::clicked, this, &ReminderPanel::send);
     connect(Command3, &Command::clicked, this, &ReminderPanel::save);
     connect(txtMessage, &kvTextBoxMultiLine::changed, lblSaved, &QLabel::clear);
-    connect(m_sms, &kvSMS::sending, this, [this](const QString &dialled) {
-        lblNumber->setText(u"Sending SMS to %1 ..."_s.arg(dialled));
-        // The modem is written to before the program comes to draw by itself.
-        lblNumber->repaint();
-    });
-    connect(m_sms, &kvSMS::ended, this, &ReminderPanel::showNumber);
 }
 
 void ReminderPanel::buildForm()

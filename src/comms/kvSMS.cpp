@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "base/values.h"
 #include "store/settings.h"
+#include "ui/Notice.h"
 #include "ui/frmMsg.h"
 #include "ui/platformBox.h"
 
@@ -35,19 +36,19 @@ QString kvSMS::dialled(const QString &number)
 void kvSMS::SendSMS(qint16 &port, const QString &number, const QString &message)
 {
     QString failure;
-    emit sending(dialled(number));
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     try {
+        Notice notice(u"The message is being sent..."_s);
         m_port.close();
         m_port.open(port);
         m_port.write("AT+CMGF=1\r");
         m_port.write("AT+CMGS=\"" + dialled(number).toLatin1() + "\"\r");
         m_port.write(messageBytes(message) + endOfMessage);
+        notice.linger();
     } catch (const RuntimeError &error) {
         failure = error.text();
     }
     QGuiApplication::restoreOverrideCursor();
-    emit ended();
     if (!failure.isEmpty())
         platformBox::show(failure);
 }

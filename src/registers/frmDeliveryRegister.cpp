@@ -52,6 +52,7 @@ enum Column {
 const auto all = u"*All"_s;
 const auto noWorkerChosen = u"Please Select Worker Name!"_s;
 constexpr int usualDays = 5;
+constexpr int hindiPoints = 12;
 constexpr size_t closingRows = 2;
 
 std::vector<ListColumn> columns()
@@ -103,9 +104,9 @@ public:
                   << record.textOrEmpty(u"Remarks") << itemRowCells::worker(record.integer(u"WorkerID"))
                   << statusWord(status);
         row.looks = statusLook(status);
-        if (itemRowCells::isOverdue(status, promised)) {
-            row.looks.emplace_back(PromisedColumn, dueLook(promised));
-            row.looks.emplace_back(DaysColumn, itemRowCells::overdueLook());
+        if (const CellLook due = dueLook(promised); due.bold && itemRowCells::isOpen(status)) {
+            row.looks.emplace_back(PromisedColumn, due);
+            row.looks.emplace_back(DaysColumn, CellLook{.bold = true, .ink = due.ink});
         }
         return row;
     }
@@ -246,7 +247,7 @@ void frmDeliveryRegister::connectCommands()
 
 void frmDeliveryRegister::takeHindiHeads()
 {
-    ListView1->header()->setFont(hindiFont());
+    ListView1->header()->setFont(QFont(hindiFont(), hindiPoints));
     ChangeHeaderFont(*lvSummary, *ListView1, false);
 }
 

@@ -1,16 +1,18 @@
 #include "registers/frmWorkerJobRegister.h"
 
+#include "accounts/frmAccountBook.h"
 #include "base/balanceText.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "comms/modSMS.h"
-#include "jobcards/frmEditJOB.h"
 #include "masters/frmSearchClient.h"
 #include "production/assignment.h"
 #include "production/frmEditWorkerAssign.h"
 #include "production/frmWorkerReport2.h"
 #include "production/itemRowMarks.h"
+#include "registers/dueLook.h"
 #include "registers/itemRowCells.h"
+#include "registers/openJobCard.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/itemRows.h"
@@ -66,9 +68,9 @@ QStringList conditions()
 
 std::vector<ListColumn> columns()
 {
-    return {{u"Date"_s, 8}, {u"JOB ID"_s, 6}, {u"Client Name"_s, 13}, {u"Qty"_s, 4, true}, {u"Item Name"_s, 10},
-        {u"Remark"_s, 8}, {u"Del. Date"_s, 13}, {u"Worker Name"_s, 10}, {u"Cutting"_s, 6}, {u"Status"_s, 9},
-        {u"Location"_s, 7}, {u"Balance"_s, 8, true}};
+    return {{u"Date"_s, 8.4}, {u"JOB ID"_s, 5.5}, {u"Client Name"_s, 11.5}, {u"Qty"_s, 3.6, true},
+        {u"Item Name"_s, 9.5}, {u"Remark"_s, 7}, {u"Del. Date"_s, 12.5}, {u"Worker Name"_s, 9.5}, {u"Cutting"_s, 6.8},
+        {u"Status"_s, 11}, {u"Location"_s, 6.2}, {u"Balance"_s, 8.5, true}};
 }
 
 void closeWithTotal(std::vector<ListRow> &rows)
@@ -133,11 +135,8 @@ QLayout *eitherOf(QRadioButton *first, QRadioButton *second)
     return row;
 }
 
-/// The number of an account, or none that any has: the title may be gone since it was chosen.
-int idOrNone(const QString &title)
-{
-    return Int32(GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts).toDouble());
-}
+/// No account's number.
+constexpr qint32 nobodysID = -1;
 
 QString contactOfRow(const ListRow &row, const QString &column)
 {
@@ -185,8 +184,8 @@ ListRow rowOf(const Recordset &record, Balances &balances)
               << record.textOrEmpty(u"Remarks") << daysLeft(promised)
               << itemRowCells::worker(record.integer(u"WorkerID")) << cuttingWord(record) << rowStatus::word(status)
               << (record.isNull(u"Loc") ? u" "_s : record.text(u"Loc")) << balances.of(client);
-    if (itemRowCells::isOverdue(status, promised))
-        row.looks.emplace_back(column::Delivery, itemRowCells::overdueLook());
+    if (itemRowCells::isOpen(status))
+        row.looks.emplace_back(column::Delivery, dueLook(promised));
     row.looks.emplace_back(column::Status, CellLook{.icon = itemRowCells::statusSign(status)});
     return row;
 }
@@ -218,7 +217,7 @@ void frmWorkerJobRegister::buildForm()
     whole->addLayout(buildSearch());
     whole->addLayout(buildLists(), 1);
     whole->addLayout(buildCommands());
-    resize(1280, 680);
+    resize(1320, 680);
 
     chainTabs(m_period->fields()
         + QList<QWidget *>{opDt1, opDt2, OpInc, OpDesc, cmbClient, cmbCondition, txtSearchID, lvSummary, lvDetails,
@@ -364,7 +363,8 @@ void frmWorkerJobRegister::setMarks()
                 afterMark(itemRowMarks::jobDelivered(jobNumber(row), session::CurrentDate), cardGone);
             }},
         {},
-        {u"Open Job Card"_s, Qt::Key_F3, {}, [this](const ListRow &row) { openJobCard(row); }},
+        {u"Open Job Card"_s, Qt::Key_F3, {}, [](const ListRow &row) { openJobCard(jobNumber(row)); }},
+        {u"Open Client Account"_s, Qt::Key_F2, {}, [this](const ListRow &row) { openAccount(row); }},
     });
 }
 
@@ -444,7 +444,7 @@ std::vector<ListRow> frmWorkerJobRegister::readRows()
     m_period->raiseLastToFirst();
     dateColumn = opDt1->isChecked() ? u"Date"_s : u"JobDelDate"_s;
     sortOrder = OpInc->isChecked() ? u"ASC"_s : u"DESC"_s;
-    m_account = mode == u"S"_s ? idOrNone(cmbClient->Text()) : idOrNone(m_client);
+    m_account = findAccountID(mode == u"S"_s ? cmbClient->Text() : m_client).value_or(nobodysID);
 
     Recordset &records = DE().rsJOBS_DETAIL;
     records.reopen(statement());
@@ -501,7 +501,7 @@ void frmWorkerJobRegister::view()
     if (!m_period->isUsable() || !requireEntry(*cmbClient, noWorkerChosen))
         return;
     const bool isOfAll = cmbClient->Text() == all;
-    if (!isOfAll && idOrNone(cmbClient->Text()) < 0) {
+    if (!isOfAll && !findAccountID(cmbClient->Text())) {
         fillWorkers();
         return complain(noWorkerChosen, cmbClient);
     }
@@ -561,15 +561,10 @@ void frmWorkerJobRegister::openRow(const ListRow &row)
     frmEditWorkerAssign().ShowEdit(row.tag.toInt());
 }
 
-void frmWorkerJobRegister::openJobCard(const ListRow &row)
+void frmWorkerJobRegister::openAccount(const ListRow &row)
 {
-    const int number = jobNumber(row);
-    if (GetFieldValueNum(u"ID"_s, u"jobs"_s, u"ID"_s, number, DE().rsJobs2).toDouble() < 0)
-        return ShowMessage(cardGone);
-    bool deleted = false;
-    frmEditJOB().ShowEdit(number, deleted);
-    if (deleted)
-        filterChosen();
+    frmAccountBook().ShowAccount(row.cells.value(column::Client));
+    filterChosen();
 }
 
 void frmWorkerJobRegister::afterMark(bool isThere, const QString &ifGone)

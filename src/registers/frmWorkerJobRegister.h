@@ -60,7 +60,7 @@ private:
     void quickFind();
     void showDetails();
     void overview();
-    void openJobCard(const ListRow &row);
+    void openAccount(const ListRow &row);
     void afterMark(bool isThere, const QString &ifGone);
 
     PeriodFields *m_period;

@@ -1,12 +1,10 @@
 #include "registers/itemRowCells.h"
 
-#include "base/session.h"
 #include "production/assignment.h"
 #include "store/Recordset.h"
 #include "store/codes.h"
 #include "store/lookups.h"
 #include "ui/signs.h"
-#include "ui/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,14 +18,9 @@ QString itemRowCells::worker(int workerID)
     return workerID == 0 ? assignment::noWorker() : titleOrBlank(workerID);
 }
 
-bool itemRowCells::isOverdue(int status, QDate promised)
+bool itemRowCells::isOpen(int status)
 {
-    return promised < session::CurrentDate && status != rowStatus::Delivered && status != rowStatus::Canceled;
-}
-
-CellLook itemRowCells::overdueLook()
-{
-    return {.bold = true, .ink = theme::warning()};
+    return status != rowStatus::Delivered && status != rowStatus::Canceled;
 }
 
 QIcon itemRowCells::statusSign(int status)

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "ui/ListModel.h"
-
-#include <QDate>
+#include <QIcon>
 
 class Recordset;
 
@@ -14,10 +12,8 @@ namespace itemRowCells {
 /// "NA" where nobody works on it; a worker who is gone shows as nothing.
 [[nodiscard]] QString worker(int workerID);
 
-/// Promised for a day before the working date, and still in the house.
-[[nodiscard]] bool isOverdue(int status, QDate promised);
-/// Stands out from its neighbours for readers of any colour.
-[[nodiscard]] CellLook overdueLook();
+/// Neither handed over nor cancelled: its promised day still binds.
+[[nodiscard]] bool isOpen(int status);
 /// The sign of a `rowStatus`, beside its word; none for a number that is none.
 [[nodiscard]] QIcon statusSign(int status);
 

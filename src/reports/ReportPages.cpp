@@ -30,14 +30,19 @@ void drawPicture(QPainter &painter, const ReportPages::Item &item)
     const QSizeF size = QSizeF(item.picture.size()).scaled(item.place.size(), Qt::KeepAspectRatio);
     QRectF target(QPointF(), size);
     target.moveCenter(item.place.center());
+    // Into a PDF photographs are packed, codes are not.
+    painter.setRenderHint(QPainter::LosslessImageRendering, item.picture.depth() == 1);
     painter.drawImage(target, item.picture);
 }
 
 } // namespace
 
-QFont ReportPages::font(double pointSize, QFont::Weight weight, bool italic)
+QFont ReportPages::font(double pointSize, QFont::Weight weight, bool italic, const QString &family)
 {
-    QFont font(QStringList{u"Liberation Sans"_s, u"Arial"_s, u"Helvetica"_s, QGuiApplication::font().family()});
+    QStringList families{u"Liberation Sans"_s, u"Arial"_s, u"Helvetica"_s, QGuiApplication::font().family()};
+    if (!family.isEmpty())
+        families.prepend(family);
+    QFont font(families);
     font.setPixelSize(qRound(pointSize * twipsPerPoint));
     font.setWeight(weight);
     font.setItalic(italic);

@@ -189,6 +189,12 @@ qint32 GetAccountID(const QString &title)
     return ofAccount(u"ID"_s, title).toInt();
 }
 
+std::optional<qint32> findAccountID(const QString &title)
+{
+    const Value id = GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts);
+    return id == Value(-1) ? std::nullopt : std::optional(id.toInt());
+}
+
 QString GetAccountTitle(int id)
 {
     return accountTitles().of(id, DE().rsaccounts).toText();

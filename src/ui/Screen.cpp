@@ -33,7 +33,8 @@ QList<Screen *> &shownScreens()
 
 bool keepsEnter(const QWidget *control)
 {
-    return qobject_cast<const QAbstractItemView *>(control) || qobject_cast<const QPlainTextEdit *>(control)
+    const auto *lines = qobject_cast<const QPlainTextEdit *>(control);
+    return qobject_cast<const QAbstractItemView *>(control) || (lines && !lines->isReadOnly())
         || qobject_cast<const QTextEdit *>(control) || control->property(keepsEnterProperty).toBool();
 }
 

@@ -2,20 +2,18 @@
 
 #include "OrderDesk.h"
 #include "base/session.h"
-#include "devices/printer.h"
 #include "jobcards/frmEditJOB.h"
 #include "reports/rptJOBCARD.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
 #include "support/ModalScript.h"
+#include "support/PdfPrinter.h"
 #include "support/expectFault.h"
-#include "support/pdfText.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/kvComboBox.h"
 
 #include <QImage>
-#include <QPdfWriter>
 #include <QPushButton>
 #include <QTest>
 
@@ -58,28 +56,9 @@ struct PrintDesk : OrderDesk {
         session::ShopAddress3 = u"Jaipur"_s;
         session::ShopContacts = u"0141 555 0142"_s;
         SaveSetting(setting::PrintPreview, u"0"_s);
-        printer::replace([this](const printer::Job &job) {
-            ++jobs;
-            QPdfWriter device(paper());
-            device.setPageLayout(job.layout);
-            return job.draw(device, 1, job.pageCount);
-        });
-    }
-    ~PrintDesk() { printer::replace({}); }
-    PrintDesk(const PrintDesk &) = delete;
-    PrintDesk &operator=(const PrintDesk &) = delete;
-
-    [[nodiscard]] QString paper() const { return folder.filePath(u"paper.pdf"_s); }
-    /// Texts on the printed sheet, blanks put together.
-    [[nodiscard]] QStringList printed() const
-    {
-        QStringList pages = pdfText(paper());
-        for (QString &page : pages)
-            page = page.simplified();
-        return pages;
     }
 
-    int jobs = 0;
+    PdfPrinter printer{folder.filePath(u"paper.pdf"_s)};
 };
 
 } // namespace
@@ -106,7 +85,7 @@ void PrintJobCardTest::theScratchTablesHoldTheCard()
     PrintJobCard(8);
     QCOMPARE(desk.lines(headStatement), QStringList{u"10-Apr-2011|8|Asha Rao|17-Apr-2011|12-Apr-2011|1600|0|1600"_s});
     QCOMPARE(desk.lines(bodyStatement), QStringList{u"8|2|Coat|Wool|400|800"_s});
-    QCOMPARE(desk.jobs, 3);
+    QCOMPARE(desk.printer.jobs(), 3);
 }
 
 void PrintJobCardTest::theSheetShowsCardAndShop()
@@ -116,7 +95,7 @@ void PrintJobCardTest::theSheetShowsCardAndShop()
     SaveSetting(setting::FootNote, u"No return after 30 days"_s);
     static_cast<void>(desk.book(u"7"_s));
     PrintJobCard(7);
-    const QStringList pages = desk.printed();
+    const QStringList pages = desk.printer.printed();
     QCOMPARE(pages.size(), 1);
     for (const QString &text :
         {u"Kovrel Tailors"_s, u"12 Station Road"_s, u"Opposite Clock Tower"_s, u"Jaipur"_s, u"0141 555 0142"_s,
@@ -139,7 +118,7 @@ void PrintJobCardTest::aCardOverManyPagesIsPrintedWhole()
     JobCardStore store;
     store.SaveNew(desk.card(u"7"_s), rows);
     PrintJobCard(7);
-    const QStringList pages = desk.printed();
+    const QStringList pages = desk.printer.printed();
     QVERIFY(pages.size() >= 3);
     for (int i = 0; i < pages.size(); ++i) {
         QVERIFY(pages.at(i).contains(u"Job Card # 7"_s));
@@ -163,7 +142,7 @@ void PrintJobCardTest::anOverpaidCardPrintsInBrackets()
     JobCardStore().SaveNew(card, rows);
     PrintJobCard(7);
     QVERIFY(desk.lines(headStatement).first().endsWith(u"|-1250.2"_s));
-    QVERIFY(desk.printed().first().contains(u"Amount Due (1,250.20)"_s));
+    QVERIFY(desk.printer.printed().first().contains(u"Amount Due (1,250.20)"_s));
 }
 
 void PrintJobCardTest::theLogoTakesItsPlace()
@@ -192,7 +171,7 @@ void PrintJobCardTest::theLogoTakesItsPlace()
     static_cast<void>(desk.book(u"7"_s));
     SaveSetting(setting::LogoFile, file);
     PrintJobCard(7);
-    QCOMPARE(desk.jobs, 1);
+    QCOMPARE(desk.printer.jobs(), 1);
 }
 
 void PrintJobCardTest::aLogoThatIsGoneFailsThePrint()
@@ -201,19 +180,19 @@ void PrintJobCardTest::aLogoThatIsGoneFailsThePrint()
     static_cast<void>(desk.book(u"7"_s));
     SaveSetting(setting::LogoFile, desk.folder.filePath(u"gone.png"_s));
     EXPECT_FAULT(Fault::FileNotFound, PrintJobCard(7));
-    QCOMPARE(desk.jobs, 0);
+    QCOMPARE(desk.printer.jobs(), 0);
     QCOMPARE(desk.count(u"JOBS"_s), 1);
     // The shop can print again as soon as the logo is set right.
     SaveSetting(setting::LogoFile, {});
     PrintJobCard(7);
-    QCOMPARE(desk.jobs, 1);
+    QCOMPARE(desk.printer.jobs(), 1);
 }
 
 void PrintJobCardTest::aCardThatIsGoneFailsThePrint()
 {
     PrintDesk desk;
     EXPECT_FAULT(Fault::NoCurrentRecord, PrintJobCard(9));
-    QCOMPARE(desk.jobs, 0);
+    QCOMPARE(desk.printer.jobs(), 0);
 }
 
 void PrintJobCardTest::theSettingDecidesTheWay_data()
@@ -243,7 +222,7 @@ void PrintJobCardTest::theSettingDecidesTheWay()
         script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
     PrintJobCard(7);
     QVERIFY(script.isDone());
-    QCOMPARE(desk.jobs, jobs);
+    QCOMPARE(desk.printer.jobs(), jobs);
 }
 
 void PrintJobCardTest::theCommandPrintsASavedCardOnly()
@@ -253,13 +232,13 @@ void PrintJobCardTest::theCommandPrintsASavedCardOnly()
     ModalScript script;
     script.expect(u"frmEditJOB"_s, [&desk](QWidget &) {
         accessKey('p');
-        QCOMPARE(desk.jobs, 0);
+        QCOMPARE(desk.printer.jobs(), 0);
         press(Qt::Key_Escape);
     });
     frmEditJOB().ShowAddNew();
     script.expect(u"frmEditJOB"_s, [&desk](QWidget &) {
         accessKey('p');
-        QCOMPARE(desk.jobs, 1);
+        QCOMPARE(desk.printer.jobs(), 1);
         press(Qt::Key_Escape);
     });
     bool deleted = false;
@@ -281,7 +260,7 @@ void PrintJobCardTest::aNewCardIsPrintedAfterItsSaveIfWanted()
     bool deleted = false;
     frmEditJOB().ShowEdit(7, deleted);
     // An edit never prints by itself.
-    QCOMPARE(desk.jobs, 0);
+    QCOMPARE(desk.printer.jobs(), 0);
 
     script.expect(u"frmEditJOB"_s, [](QWidget &screen) {
         control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
@@ -296,7 +275,7 @@ void PrintJobCardTest::aNewCardIsPrintedAfterItsSaveIfWanted()
     });
     script.expectMessage(u"New Job Created."_s);
     frmEditJOB().ShowAddNew();
-    QCOMPARE(desk.jobs, 1);
+    QCOMPARE(desk.printer.jobs(), 1);
     QCOMPARE(desk.lines(u"Select JobID from tmpHead"_s), QStringList{u"8"_s});
 }
 

@@ -186,7 +186,7 @@ void WorkerJobRegisterTest::aRowTellsAllOfItsGarment()
     shop.addPosting(asha, today.addDays(1), 1000);
     shop.add({.job = 12, .client = asha, .worker = mohan, .status = rowStatus::Alteration, .quantity = 3}, 2,
         u"JobDelDate=#29-Mar-2011#, CuttingStatus=1, Loc='Rack 2'"_s);
-    shop.add({.job = 12, .client = vikram, .item = 2}, 3);
+    shop.add({.job = 12, .client = vikram, .item = 2}, 3, u"JobDelDate=#02-Apr-2011#"_s);
     shop.add({.job = 12, .inventory = true}, 4);
     const Register screen;
     QVERIFY(screen.shown);
@@ -197,7 +197,7 @@ void WorkerJobRegisterTest::aRowTellsAllOfItsGarment()
             u"Mohan"_s, u"Done"_s, u"Alteration"_s, u"Rack 2"_s, u"250.00 Dr"_s}));
     QCOMPARE(rows.at(1),
         (QStringList{u"01-Apr-2011"_s, u"12/3"_s, u"Vikram Mehta"_s, u"1"_s, u"Shirt"_s, u"Blue"_s,
-            u"01-Apr-2011 (0 D)"_s, u"NA"_s, u"Not Done"_s, u"Uncompleted"_s, u" "_s, u"None"_s}));
+            u"02-Apr-2011 (1 D)"_s, u"NA"_s, u"Not Done"_s, u"Uncompleted"_s, u" "_s, u"None"_s}));
     QCOMPARE(screen.total(), u"Total JOBS : 2"_s);
 
     const ListModel &list = screen.list.list();
