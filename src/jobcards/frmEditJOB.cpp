@@ -266,8 +266,9 @@ void frmEditJOB::ShowAddNew()
 
 void frmEditJOB::ShowEdit(int JobID, bool &JobDeleted)
 {
-    JobDeleted = false;
-    load(JobID);
+    JobDeleted = !load(JobID);
+    if (JobDeleted)
+        return ShowMessage(u"Job Card not found!"_s);
     showCards();
     JobDeleted = m_jobDeleted;
 }
@@ -305,7 +306,7 @@ void frmEditJOB::allowManualNumber()
     txtJOBID->setFocus();
 }
 
-void frmEditJOB::load(int jobID)
+bool frmEditJOB::load(int jobID)
 {
     m_greeting->setText(u"Welcome to "_s + session::ShopName);
     m_store.openSaved(jobID);
@@ -315,6 +316,8 @@ void frmEditJOB::load(int jobID)
 
     Recordset &job = DE().rsJobs2;
     job.reopen(u"Select * from JOBS where id="_s + QString::number(jobID));
+    if (job.eof())
+        return false;
     txtJOBID->setText(QString::number(job.integer(u"ID")));
     JobDate->setDate(job.date(u"DATE"));
     cmbClient->setText(GetAccountTitle(job.integer(u"ClintID")));
@@ -336,6 +339,7 @@ void frmEditJOB::load(int jobID)
     m_store.readRows(JobRows);
     m_items->showRows();
     showAmountDue();
+    return true;
 }
 
 void frmEditJOB::showTrialNote(int appeared, const QDate &appearedDate)
@@ -471,6 +475,11 @@ void frmEditJOB::save()
 
 void frmEditJOB::complainOfDuplicate()
 {
+    if (m_store.mayStand())
+        return complain(
+            u"Duplicate Job ID!\r\nIt may be this card, of which it was not known whether it was written.\r\n"
+            "Look at that card before you enter this one again."_s,
+            txtJOBID);
     complain(u"Duplicate Job ID!"_s, txtJOBID);
     // A number that the user can't change was offered by the program; another one has used it meanwhile.
     if (m_store.EditMode() == u"N" && txtJOBID->isReadOnly())

@@ -12,6 +12,7 @@
 #include "ui/Command.h"
 #include "ui/ListView.h"
 #include "ui/boxType.h"
+#include "ui/complain.h"
 #include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/formFields.h"
@@ -180,8 +181,11 @@ int MasterList::rowBeginningWith(const QString &text) const
 
 void MasterList::openRow(const ListRow &row)
 {
-    m_openID = Int16(
-        GetFieldValue(u"ID"_s, m_kind.table, m_kind.keyColumn, row.cells.first(), DE().*m_kind.lookups).toDouble());
+    const double id =
+        GetFieldValue(u"ID"_s, m_kind.table, m_kind.keyColumn, row.cells.first(), DE().*m_kind.lookups).toDouble();
+    if (id < 0)
+        return complain(u"Another program has deleted or renamed \"%1\"."_s.arg(row.cells.first()));
+    m_openID = Int16(id);
     m_kind.edit(m_openID);
     m_openID = 0;
 }

@@ -52,7 +52,6 @@ enum Column {
 const auto all = u"*All"_s;
 const auto noWorkerChosen = u"Please Select Worker Name!"_s;
 constexpr int usualDays = 5;
-constexpr int hindiPoints = 12;
 constexpr size_t closingRows = 2;
 
 std::vector<ListColumn> columns()
@@ -247,7 +246,7 @@ void frmDeliveryRegister::connectCommands()
 
 void frmDeliveryRegister::takeHindiHeads()
 {
-    ListView1->header()->setFont(QFont(hindiFont(), hindiPoints));
+    ListView1->header()->setFont(hindiFont());
     ChangeHeaderFont(*lvSummary, *ListView1, false);
 }
 

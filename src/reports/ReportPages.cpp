@@ -4,7 +4,7 @@
 #include "base/safeFile.h"
 #include "ui/Progress.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
@@ -81,23 +81,23 @@ ReportPages::Drawn ReportPages::draw(QPagedPaintDevice &device, int first, int l
 ReportPages::Drawn ReportPages::savePdf(const QString &path) const
 {
     UnfinishedFile unfinished(path);
-    QFile file(unfinished.name());
-    if (!file.open(QIODevice::WriteOnly))
-        throw RuntimeError(Fault::FileFault, file.errorString(), path);
+    // In memory: a file of the toolkit forgets that an earlier piece could not be written.
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
     Drawn drawn = Drawn::Failed;
     {
-        QPdfWriter writer(&file);
+        QPdfWriter writer(&content);
         writer.setTitle(m_title);
         writer.setCreator(u"Corvane"_s);
         writer.setResolution(pdfResolution);
         writer.setPageLayout(pageLayout());
         drawn = draw(writer);
     }
-    file.close();
     if (drawn == Drawn::Broken)
         return drawn;
-    if (drawn == Drawn::Failed || file.error() != QFile::NoError)
-        throw RuntimeError(Fault::FileFault, file.errorString(), path);
+    if (drawn == Drawn::Failed)
+        throw RuntimeError(Fault::FileFault, u"The pages cannot be drawn."_s, path, Written::Nothing);
+    unfinished.write(content.data());
     unfinished.replace();
     return drawn;
 }
