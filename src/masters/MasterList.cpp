@@ -13,6 +13,7 @@
 #include "ui/ListView.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
+#include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBox.h"
@@ -127,12 +128,7 @@ void MasterList::connectCommands()
 {
     connect(txtSearch, &kvTextBox::changed, this, &MasterList::search);
     connect(txtSearch, &kvTextBox::keyDown, this, [this](int &key) { key = ListNavKeys(*lstSummary, key); });
-    connect(txtSearch, &kvTextBox::keyPress, this, [this](int &key) {
-        if (key != keys::Enter)
-            return;
-        key = keys::Swallowed;
-        openCurrent();
-    });
+    onEnter(txtSearch, [this] { openCurrent(); });
     connect(Command1, &Command::clicked, this, &MasterList::addNew);
     connect(Command2, &Command::clicked, this, &QDialog::reject);
     if (m_kind.controlAAdds)

@@ -68,9 +68,9 @@ QStringList conditions()
 
 std::vector<ListColumn> columns()
 {
-    return {{u"Date"_s, 8.4}, {u"JOB ID"_s, 5.5}, {u"Client Name"_s, 11.5}, {u"Qty"_s, 3.6, true},
-        {u"Item Name"_s, 9.5}, {u"Remark"_s, 7}, {u"Del. Date"_s, 12.5}, {u"Worker Name"_s, 9.5}, {u"Cutting"_s, 6.8},
-        {u"Status"_s, 11}, {u"Location"_s, 6.2}, {u"Balance"_s, 8.5, true}};
+    return {{u"Date"_s, 8.2}, {u"JOB ID"_s, 5.2}, {u"Client Name"_s, 11}, {u"Qty"_s, 3.4, true}, {u"Item Name"_s, 9},
+        {u"Remark"_s, 6.6}, {u"Del. Date"_s, 14.8}, {u"Worker Name"_s, 9.2}, {u"Cutting"_s, 6.6}, {u"Status"_s, 11},
+        {u"Location"_s, 6.4}, {u"Balance"_s, 8.6, true}};
 }
 
 void closeWithTotal(std::vector<ListRow> &rows)

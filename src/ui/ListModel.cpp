@@ -68,8 +68,18 @@ void ListModel::setTag(int row, const QVariant &tag)
 
 int ListModel::rowOfTag(const QVariant &tag) const
 {
-    const auto found =
-        std::find_if(m_rows.begin(), m_rows.end(), [&tag](const ListRow &row) { return row.tag == tag; });
+    return rowWhere([&tag](const ListRow &row) { return row.tag == tag; });
+}
+
+int ListModel::rowOfText(int column, const QString &text) const
+{
+    return rowWhere([&](const ListRow &row) { return row.cells.value(column) == text; });
+}
+
+template <typename Condition>
+int ListModel::rowWhere(Condition condition) const
+{
+    const auto found = std::ranges::find_if(m_rows, condition);
     return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
 }
 
