@@ -97,8 +97,9 @@ void safeFile::copyWhole(const QString &from, const QString &to)
     QFile source(from);
     const auto refuse = [&source, &from] {
         throw RuntimeError(Fault::FileFault,
-            u"The file cannot be read: %1."_s.arg(source.errorString()) + aftermath(Written::Nothing), from,
-            Written::Nothing);
+            u"The file cannot be copied, since it cannot be read: %1."_s.arg(source.errorString())
+                + aftermath(Written::Nothing),
+            from, Written::Nothing);
     };
     if (!source.open(QIODevice::ReadOnly))
         refuse();

@@ -176,6 +176,8 @@ private:
 /// Groups the writes of one command into one durable commit.
 class WriteGroup {
 public:
+    using TakenBack = Connection::TakenBack;
+
     /// Runs `body` and commits, also while a failure is passing: what was written before a fault of the program's own
     /// rules (a Null, an overflow, a missing row) stays written.
     ///
@@ -189,10 +191,9 @@ public:
     /// outermost commits or goes back, and the inner one's `takenBack` runs only when the failure passes through the
     /// inner one.
     ///
-    /// Throws what `body` throws, or what the commit meets. A recordset that was open in a group that went back shows
-    /// what is not in the file: reopen it. REQUIRES: the connection is open; `body` may show how
-    /// far it is, and never waits for the user.
-    using TakenBack = Connection::TakenBack;
+    /// Throws what `body` throws, what the commit meets, and NotOpen on a closed connection. A recordset that was open
+    /// in a group that went back shows what is not in the file: reopen it. REQUIRES: `body` may show how far it is, and
+    /// never waits for the user.
     static void run(Connection &connection, const std::function<void()> &body, const TakenBack &takenBack = {});
 
     /// The same for writes to scratch tables alone. No entry is lost with them, and a failure that the disk brings on

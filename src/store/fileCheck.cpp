@@ -329,6 +329,30 @@ fileCheck::Report checkInPlace(const QString &path)
     return report;
 }
 
+/// Looks at the file as it will be when the write beside it is taken back. REQUIRES: `lock` has the file alone.
+fileCheck::Report checkCopy(const QString &file, std::shared_ptr<FileLock> lock)
+{
+    const QTemporaryDir folder;
+    if (!folder.isValid())
+        throw RuntimeError(Fault::FileFault, folder.errorString(), QDir::tempPath());
+    const QString copy = folder.filePath(QFileInfo(file).fileName());
+    // No engine of this process has the file open, either: copying drops the locks that one would have on it.
+    for (const QString &suffix : {QString(), u"-journal"_s, u"-wal"_s}) {
+        if (QFileInfo::exists(file + suffix))
+            safeFile::copyWhole(file + suffix, copy + suffix);
+    }
+    lock.reset();
+    try {
+        // The first opening takes the unfinished write back.
+        Connection().open(copy);
+    } catch (const RuntimeError &error) {
+        return unreadable(error.text() + u' ' + file);
+    }
+    fileCheck::Report report = checkInPlace(copy);
+    report.remark = u"An unfinished write lies beside the file; this is the file as the next start will make it."_s;
+    return report;
+}
+
 } // namespace
 
 fileCheck::Report fileCheck::agreement(Connection &connection)
@@ -341,30 +365,13 @@ fileCheck::Report fileCheck::check(const QString &path)
     if (!QFileInfo::exists(path))
         return checkInPlace(path);
     const QString file = QFileInfo(path).canonicalFilePath();
-    const QTemporaryDir folder;
-    const QString copy = folder.filePath(QFileInfo(file).fileName());
     try {
-        const auto lock = FileLock::shared(file, busyMilliseconds);
+        auto lock = FileLock::shared(file, busyMilliseconds);
         // A journal beside a file in use may be that of a write under way, which the engine waits for.
-        if (!lock->isAlone() || !leftBehind::isHot(file))
-            return checkInPlace(file);
-        if (!folder.isValid())
-            throw RuntimeError(Fault::FileFault, folder.errorString(), QDir::tempPath());
-        // No engine of this process has the file open, either: copying drops the locks that one would have on it.
-        for (const QString &suffix : {QString(), u"-journal"_s, u"-wal"_s}) {
-            if (QFileInfo::exists(file + suffix))
-                safeFile::copyWhole(file + suffix, copy + suffix);
-        }
+        if (lock->isAlone() && leftBehind::isHot(file))
+            return checkCopy(file, std::move(lock));
+        return checkInPlace(file);
     } catch (const RuntimeError &error) {
         return unreadable(toldBy(error));
     }
-    try {
-        // The first opening takes the unfinished write back.
-        Connection().open(copy);
-    } catch (const RuntimeError &error) {
-        return unreadable(error.text() + u' ' + file);
-    }
-    Report report = checkInPlace(copy);
-    report.remark = u"An unfinished write lies beside the file; this is the file as the next start will make it."_s;
-    return report;
 }
