@@ -178,7 +178,7 @@ QLayout *frmAddItem::buildCloth()
 void frmAddItem::connectCommands()
 {
     filterKeys(txtQnt, DigitKeysOnly);
-    filterKeys(txtFees, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtFees), key); });
+    filterKeys(txtFees, DecimalKeysOnly);
 
     connect(cmbItems, &kvComboBox::gotFocus, this, [this] { SelectComboEntry(*cmbItems); });
     connect(cmbItems, &QComboBox::activated, this, [this] { itemChosen(); });

@@ -219,7 +219,7 @@ void frmEditJOB::setTabs()
 void frmEditJOB::connectCommands()
 {
     filterKeys(txtJOBID, DigitKeysOnly);
-    filterKeys(txtAmountPaid, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtAmountPaid), key); });
+    filterKeys(txtAmountPaid, DecimalKeysOnly);
     connect(cmbClient, &kvComboBox::lostFocus, this, &frmEditJOB::greetClient);
     connect(txtAmountPaid, &kvTextBox::lostFocus, this, &frmEditJOB::leaveReceived);
     onKey(Qt::CTRL | Qt::Key_I, u"To the items"_s, [this] { m_items->setFocus(Qt::ShortcutFocusReason); });

@@ -2,12 +2,10 @@
 
 #include <QString>
 
-#include <functional>
-
 class kvTextBox;
 
-/// Lets only those typed characters into the box that `accept` passes on. Shortcuts such as Ctrl+C are left alone.
-void filterKeys(kvTextBox *box, const std::function<int(int)> &accept);
-
-/// What stays in the box when the next key replaces the selection.
-[[nodiscard]] QString textBesideSelection(const kvTextBox &box);
+/// Lets only those typed characters into the box that `accept` passes on, which may look at the text that stays beside
+/// them; for a box that holds a number. Of what is pasted or dropped the number that it names is taken, if it passes
+/// (see `numberFor`). Shortcuts such as Ctrl+C are left alone.
+void filterKeys(kvTextBox *box, int (*accept)(int key));
+void filterKeys(kvTextBox *box, int (*accept)(const QString &text, int key));
