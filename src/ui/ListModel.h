@@ -65,8 +65,8 @@ public:
     [[nodiscard]] QString cell(int row, int column) const { return at(row).cells.value(column); }
     [[nodiscard]] QVariant tag(int row) const { return at(row).tag; }
 
-    /// The first row with that tag, or -1.
-    [[nodiscard]] int rowOfTag(const QVariant &tag) const;
+    /// The row with that tag, or -1; of several the one nearest to the place `near`, by default the first.
+    [[nodiscard]] int rowOfTag(const QVariant &tag, int near = 0) const;
 
     [[nodiscard]] const std::vector<ListColumn> &columns() const { return m_columns; }
     void setTitle(int column, const QString &title);
