@@ -68,7 +68,7 @@ frmEditJOB::frmEditJOB() : Screen(u"frmEditJOB"_s, u"Create New Job Card"_s), m_
     setTabs();
     connectCommands();
     fillClients();
-    fillWithTitles(*cmbAccount, u" where type="_s + QString::number(accountType::Ledger) + u" and nature=0 "_s);
+    fillWithTitles(*cmbAccount, u" where type=%1 and nature=%2 "_s.arg(accountType::Ledger).arg(accountNature::Income));
     setEntryKeys(EnterMovesOn | PageKeysMove);
 }
 
@@ -329,7 +329,7 @@ void frmEditJOB::load(int jobID)
     txtRemark->setText(job.text(u"Remark"));
     chStatus->setChecked(job.integer(u"Status") != 0);
     txtCancel->setText(job.text(u"CancelReason"));
-    if (job.integer(u"JobFinished") == 1 && !job.isNull(u"ClientDeliveryDate"))
+    if (job.integer(u"JobFinished") == jobState::Finished && !job.isNull(u"ClientDeliveryDate"))
         lblDelDate->setText(u"Delivered to Client : "_s + DayMonthYear(job.date(u"ClientDeliveryDate")));
     showTrialNote(job.integer(u"appeared"), job.isNull(u"appearedDate") ? QDate() : job.date(u"appearedDate"));
     job.close();
