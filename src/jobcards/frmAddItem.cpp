@@ -57,13 +57,6 @@ double numberOf(const QColor &color)
     return color.red() + 256.0 * color.green() + 65536.0 * color.blue();
 }
 
-void addLabelled(QGridLayout *grid, int row, const QString &caption, QWidget *field)
-{
-    const bool tall = qobject_cast<kvTextBoxMultiLine *>(field) != nullptr;
-    grid->addWidget(captionOf(field, caption), row, 0, tall ? Qt::AlignRight | Qt::AlignTop : Qt::Alignment());
-    grid->addWidget(field, row, 1);
-}
-
 } // namespace
 
 frmAddItem::frmAddItem() : Screen(u"frmAddItem"_s, u"Item"_s)
@@ -116,11 +109,11 @@ QLayout *frmAddItem::buildOrder()
     ItemDetails1 = new ::ItemDetails(u"ItemDetails1"_s);
     auto *fields = new QGridLayout;
     fields->setColumnStretch(1, 1);
-    addLabelled(fields, 0, u"Client :"_s, lblClint);
-    addLabelled(fields, 1, u"Item :"_s, cmbItems);
+    addField(*fields, 0, u"Client :"_s, lblClint);
+    addField(*fields, 1, u"Item :"_s, cmbItems);
     fields->addWidget(lblLast, 2, 1);
-    addLabelled(fields, 3, u"Quantity :"_s, txtQnt);
-    addLabelled(fields, 4, u"Fees :"_s, txtFees);
+    addField(*fields, 3, u"Quantity :"_s, txtQnt);
+    addField(*fields, 4, u"Fees :"_s, txtFees);
     auto *column = new QVBoxLayout;
     column->addLayout(fields);
     column->addWidget(ItemDetails1, 1);
@@ -150,9 +143,9 @@ QLayout *frmAddItem::buildCloth()
 
     auto *fields = new QGridLayout;
     fields->setColumnStretch(1, 1);
-    addLabelled(fields, 0, u"Cloth Remark"_s, txtRemark);
-    addLabelled(fields, 1, u"Cllient Note :"_s, txtClientRemark);
-    addLabelled(fields, 2, u"Cloth Color :"_s, colorRow);
+    addField(*fields, 0, u"Cloth Remark"_s, txtRemark);
+    addField(*fields, 1, u"Cllient Note :"_s, txtClientRemark);
+    addField(*fields, 2, u"Cloth Color :"_s, colorRow);
     fields->addWidget(opIsInv, 3, 1);
 
     Command3 = new Command(u"Command3"_s, u"Web Cam"_s);

@@ -178,11 +178,8 @@ QLayout *frmEditJOB::buildFoot()
     auto *money = new QGridLayout;
     const std::pair<QString, QWidget *> amounts[]{{u"Total Amount :"_s, txtAmountDue},
         {u"Amount Received :"_s, txtAmountPaid}, {u"Receipt Account :"_s, cmbAccount}, {u"Amount Due:"_s, txtAmount}};
-    for (const auto &[caption, field] : amounts) {
-        const int row = money->rowCount();
-        money->addWidget(captionOf(field, caption), row, 0);
-        money->addWidget(field, row, 1);
-    }
+    for (const auto &[caption, field] : amounts)
+        addField(*money, money->rowCount(), caption, field);
     money->setColumnMinimumWidth(1, 200);
 
     auto *foot = new QHBoxLayout;

@@ -11,6 +11,7 @@
 #include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
+#include "ui/accountCombo.h"
 #include "ui/boxType.h"
 #include "ui/entryKeys.h"
 #include "ui/formFields.h"
@@ -21,15 +22,6 @@
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QStringList titlesOfType(const QString &condition)
-{
-    return FillCombo(u"Title"_s, u"Accounts"_s, condition, DE().rsaccounts);
-}
-
-} // namespace
 
 struct MasterList::Kind {
     QString screen;
@@ -52,7 +44,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where Type="_s + QString::number(accountType::Client)); },
+            .names = [] { return accountTitles(u" where Type="_s + QString::number(accountType::Client)); },
             .addNew = [] { frmEditClients().AddNew(); },
             .edit = [](int id) { frmEditClients().Edit(id); },
             .controlAAdds = true},
@@ -61,7 +53,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where Type="_s + QString::number(accountType::Worker)); },
+            .names = [] { return accountTitles(u" where Type="_s + QString::number(accountType::Worker)); },
             .addNew = [] { frmEditWorker().AddNew(); },
             .edit = [](int id) { frmEditWorker().Edit(id); }},
         {.screen = u"frmItems"_s,
@@ -77,7 +69,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where type="_s + QString::number(accountType::Ledger)); },
+            .names = [] { return accountTitles(u" where type="_s + QString::number(accountType::Ledger)); },
             .addNew = [] { frmEditAccount().ShowAddNew(); },
             .edit = [](int id) { frmEditAccount().ShowEdit(id); },
             .backCaption = u"Back"_s},

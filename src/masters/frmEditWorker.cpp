@@ -3,6 +3,7 @@
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "ui/Command.h"
+#include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
@@ -29,7 +30,7 @@ void frmEditWorker::buildForm()
     stretch(fields);
     buildFrame(fields);
     resize(500, sizeHint().height());
-    setTabOrder(Command1, Command2);
+    chainTabs({Command1, Command2});
 }
 
 void frmEditWorker::startNew()
