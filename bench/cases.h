@@ -9,6 +9,8 @@ namespace bench {
 [[nodiscard]] std::vector<Case> storeCases();
 /// REQUIRES: an Application.
 [[nodiscard]] std::vector<Case> screenCases();
+/// The lists over the shop's rows. REQUIRES: an Application.
+[[nodiscard]] std::vector<Case> registerCases();
 /// REQUIRES: the user has chosen a database before, and `session::ProgramFolder` is the shop's.
 [[nodiscard]] std::vector<Case> startCases();
 

@@ -94,12 +94,17 @@ void Filler::addItems()
 {
     byHand::Statement add("insert into ITEMS (NAME, ItemDetails, FEES, WorkerFees, OpPendingOrders, ProdcutionCap, "
                           "isInventory) values (?, ?, ?, ?, '0', ?, ?)");
-    for (const demoData::Item &source : demoData::items()) {
+    // A shop of that age has given many of its items a second and a third name.
+    const auto sources = demoData::items();
+    for (int i = 0; i < itemCount; ++i) {
+        const demoData::Item &source = sources[static_cast<size_t>(i) % sources.size()];
+        const int turn = i / static_cast<int>(sources.size());
         QStringList lines;
         for (const demoData::Measure &measure : source.measures)
             lines += measure.fixed.isEmpty() ? measure.label : measure.label + u'=' + measure.fixed;
-        const Item item{utf8(source.name), utf8(lines.join(u"\r\n"_s)), static_cast<double>(source.fees),
-            static_cast<double>(source.workerFees), source.inventory ? 1 : 0, &source};
+        const Item item{utf8(turn == 0 ? source.name : u"%1 %2"_s.arg(source.name).arg(turn + 1)),
+            utf8(lines.join(u"\r\n"_s)), static_cast<double>(source.fees), static_cast<double>(source.workerFees),
+            source.inventory ? 1 : 0, &source};
         add.run(item.name, item.template_, item.fees, item.wages, source.capacity, item.inventory);
         m_items.push_back(item);
     }

@@ -9,6 +9,7 @@ namespace fullShop {
 
 inline constexpr int workerCount = 40;
 inline constexpr int clientCount = 5000;
+inline constexpr int itemCount = 200;
 inline constexpr int cardCount = 16'000;
 inline constexpr int itemRowCount = 32'767;
 inline constexpr int postingCount = 130'000;

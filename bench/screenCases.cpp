@@ -4,6 +4,7 @@
 #include "fullShop.h"
 #include "itemList.h"
 #include "jobcards/frmEditJOB.h"
+#include "production/frmEditWorkerAssign.h"
 #include "store/DataEnvironment.h"
 #include "ui/ListView.h"
 
@@ -110,17 +111,14 @@ Run timedOpening(const QString &windowName, const Open &open)
     return run;
 }
 
-Case openCard()
+/// Opening a screen against an empty dialog with as many of Qt's own controls.
+template <typename Screen, typename Open>
+Case opening(const QString &what, double bar, const QString &name, const Open &open)
 {
-    Case work{u"open the job card screen on a card of 20 rows"_s, 5.0};
-    work.ours = [] {
-        return timedOpening(u"frmEditJOB"_s, [] {
-            bool deleted = false;
-            frmEditJOB().ShowEdit(fullShop::largeCard, deleted);
-        });
-    };
+    Case work{what, bar};
+    work.ours = [name, open] { return timedOpening(name, open); };
     work.byHand = [] {
-        const frmEditJOB model;
+        const Screen model;
         return timedOpening(u"empty"_s, [&model] {
             QDialog dialog;
             dialog.setObjectName(u"empty"_s);
@@ -134,11 +132,27 @@ Case openCard()
     return work;
 }
 
+void openCard()
+{
+    bool deleted = false;
+    frmEditJOB().ShowEdit(fullShop::largeCard, deleted);
+}
+
+void openAssignment()
+{
+    frmEditWorkerAssign().ShowEdit(fullShop::itemRowCount);
+}
+
 } // namespace
 
 std::vector<Case> screenCases()
 {
-    return {fillList(), openCard()};
+    Case assignment = opening<frmEditWorkerAssign>(
+        u"open the assignment of the last item row"_s, 5.0, u"frmEditWorkerAssign"_s, openAssignment);
+    assignment.most = std::chrono::milliseconds(50);
+    return {fillList(),
+        opening<frmEditJOB>(u"open the job card screen on a card of 20 rows"_s, 5.0, u"frmEditJOB"_s, openCard),
+        assignment};
 }
 
 } // namespace bench

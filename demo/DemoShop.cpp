@@ -6,6 +6,7 @@
 #include "jobcards/JobCardStore.h"
 #include "jobcards/clsJobCardData.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/lookups.h"
 #include "store/settings.h"
 
@@ -17,10 +18,6 @@ constexpr int cardCount = 320;
 constexpr int clientCount = 72;
 const QDate firstDay(2011, 4, 1);
 const QDate lastDay(2011, 9, 30);
-
-enum AccountType { Client = 0, Worker = 1, Ledger = 2 };
-enum Nature { Income = 0, Expenses = 1 };
-enum RowState { Pending = 0, Completed = 1, Delivered = 2 };
 
 } // namespace
 
@@ -34,7 +31,9 @@ void DemoShop::fill()
         addClients();
         bookCards();
         SaveSetting(setting::WorkingDate, DateText(lastDay));
+        SaveSetting(setting::DefaultFromDate, DateText(lastDay.addDays(-21)));
         SaveSetting(setting::DeliveryMargin, u"10"_s);
+        SaveSetting(setting::ModemPort, u"1"_s);
         SaveSetting(setting::TagLine, u"Made to measure since 1962"_s);
         SaveSetting(setting::SmsTitle, u"Kovrel"_s);
     });
@@ -94,13 +93,13 @@ void DemoShop::addAccount(const QString &title, int type, int nature)
     accounts.set(u"Title", title);
     accounts.set(u"Type", type);
     accounts.set(u"Nature", nature);
-    if (type != Ledger) {
+    if (type != accountType::Ledger) {
         accounts.set(u"Address", u"%1, %2"_s.arg(pick(1, 180)).arg(pickFrom(demoData::streets())));
         accounts.set(u"City", u"Jaipur"_s);
         accounts.set(u"State", u"Rajasthan"_s);
         accounts.set(u"Mobile", u"98%1"_s.arg(pick(10000000, 99999999)));
     }
-    if (type == Client) {
+    if (type == accountType::Client) {
         accounts.set(u"Key", QString::number(m_clients.size() + 1));
         const int year = pick(1945, 1995);
         const int month = pick(1, 12);
@@ -116,13 +115,14 @@ void DemoShop::addAccount(const QString &title, int type, int nature)
 void DemoShop::addAccounts()
 {
     for (const demoData::LedgerAccount &account : demoData::ledgerAccounts())
-        addAccount(account.title, Ledger, account.income ? Income : Expenses);
+        addAccount(
+            account.title, accountType::Ledger, account.income ? accountNature::Income : accountNature::Expenses);
 }
 
 void DemoShop::addWorkers()
 {
     for (const QString &name : demoData::workers()) {
-        addAccount(name, Worker, Income);
+        addAccount(name, accountType::Worker, accountNature::Income);
         m_workers += name;
     }
 }
@@ -133,7 +133,7 @@ void DemoShop::addClients()
         const QString name = pickFrom(demoData::firstNames()) + u' ' + pickFrom(demoData::lastNames());
         if (m_clients.contains(name))
             continue;
-        addAccount(name, Client, Income);
+        addAccount(name, accountType::Client, accountNature::Income);
         m_clients += name;
     }
 }
@@ -215,6 +215,7 @@ void DemoShop::bookCard(QDate day)
     if (card.Cancelled)
         return;
     produce(store.CurrentJobID(), delivery);
+    fit(store.CurrentJobID());
     if (delivery < lastDay.addDays(-2))
         settle(store.CurrentJobID(), client, delivery, total - advance);
 }
@@ -231,18 +232,41 @@ void DemoShop::produce(int jobID, QDate delivery)
         const QString worker = m_workers.at(pick(0, static_cast<int>(m_workers.size()) - 1));
         records.set(u"WorkerID", GetAccountID(worker));
         records.set(u"WorkerName", worker);
-        records.set(u"CuttingStatus", 1);
+        // Of the last days' work some is not cut yet, and some is late.
+        const bool isLate = finished >= lastDay.addDays(-5) && chance(25);
+        if (isLate && chance(40))
+            continue;
+        records.set(u"CuttingStatus", cutting::Done);
         records.set(u"CuttingDate", assigned);
-        if (finished > lastDay)
+        if (finished > lastDay || isLate)
             continue;
         records.set(u"CompletedDate", finished);
-        records.set(u"DoneByWorker", Completed);
+        records.set(u"DoneByWorker", rowStatus::Completed);
         records.set(u"Loc", u"Rack %1"_s.arg(pick(1, 6)));
         if (chance(70))
             records.set(u"Score", pick(2, 5));
+        if (finished >= lastDay.addDays(-5) && chance(20)) {
+            records.set(u"AltDate", lastDay);
+            records.set(u"DoneByWorker", rowStatus::Alteration);
+        }
     }
     records.updateBatch();
     records.close();
+}
+
+/// Most come to be fitted; who doesn't is told to, or needs no trial.
+void DemoShop::fit(int jobID)
+{
+    Recordset &job = DE().rsJobs2;
+    job.reopen(u"Select * from jobs where id="_s + QString::number(jobID));
+    if (const QDate trial = job.date(u"TrialDate"); trial < lastDay && chance(85)) {
+        const bool came = chance(95);
+        job.set(u"appeared", came ? trial::Appeared : trial::Canceled);
+        if (came)
+            job.set(u"appearedDate", trial);
+        job.update();
+    }
+    job.close();
 }
 
 void DemoShop::settle(int jobID, const QString &client, QDate day, double due)
@@ -254,15 +278,13 @@ void DemoShop::settle(int jobID, const QString &client, QDate day, double due)
     job.reopen(u"Select * from jobs where id="_s + QString::number(jobID));
     job.set(u"ClientDeliveryDate", day);
     job.set(u"JobFinished", 1);
-    job.set(u"appeared", 1);
-    job.set(u"appearedDate", job.date(u"TrialDate"));
     job.update();
     job.close();
     Recordset &records = DE().rsJOBS_DETAIL;
     records.reopen(u"Select * from jobs_detail where JobID="_s + QString::number(jobID));
     for (; !records.eof(); records.moveNext()) {
         records.set(u"DelToCustDate", day);
-        records.set(u"DoneByWorker", Delivered);
+        records.set(u"DoneByWorker", rowStatus::Delivered);
     }
     records.updateBatch();
     records.close();

@@ -28,6 +28,7 @@ private:
     void addRows(clsJobCardData &rows, const QString &client);
     [[nodiscard]] QString measured(const QString &client, const QString &item, const QString &label, int from, int to);
     void produce(int jobID, QDate delivery);
+    void fit(int jobID);
     void settle(int jobID, const QString &client, QDate day, double due);
     static void receive(const QString &client, QDate day, double amount);
 

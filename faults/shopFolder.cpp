@@ -1,9 +1,11 @@
 #include "shopFolder.h"
 
 #include "base/session.h"
+#include "base/values.h"
 #include "store/DataEnvironment.h"
 #include "store/fileCheck.h"
 #include "store/schema.h"
+#include "store/settings.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -72,7 +74,8 @@ QStringList otherFiles(const std::vector<Store> &stores)
         found.next();
         const QFileInfo file = found.fileInfo();
         const QString name = folder.relativeFilePath(file.filePath());
-        if (file.filePath() == session::defaultDatabasePath() || name.contains(u"aside-2"))
+        // An unfinished file is taken over by the next one of its name.
+        if (file.filePath() == session::defaultDatabasePath() || name.contains(u"aside-2") || name.endsWith(u".new"))
             continue;
         lines += u"beside: "_s + name + (file.isDir() ? u"/"_s : u": "_s + described(file, stores));
     }
@@ -106,7 +109,8 @@ void enterFolder(const QString &folder)
 void openShop()
 {
     renewDE();
-    session::CurrentDate = QDate(2011, 4, 9);
+    // The one that a start finds in a shop that never chose another.
+    session::CurrentDate = ParseDate(setting::defaultOf(setting::WorkingDate));
     DE().CN.open(session::DBPath);
     if (afterOpening)
         afterOpening();

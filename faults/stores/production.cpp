@@ -3,6 +3,7 @@
 #include "production/assignment.h"
 #include "production/feedback.h"
 #include "production/itemRowMarks.h"
+#include "registers/trialMarks.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 
@@ -72,6 +73,19 @@ public:
     void run() override { static_cast<void>(itemRowMarks::jobDelivered(m_job, {2011, 4, 9})); }
 };
 
+/// A trial at another day.
+class TrialMoved : public RowTask {
+public:
+    using RowTask::RowTask;
+    void run() override { static_cast<void>(trialMarks::movedTo(m_job, QDate(2011, 4, 9).addDays(m_number))); }
+};
+
+class TrialKept : public RowTask {
+public:
+    using RowTask::RowTask;
+    void run() override { static_cast<void>(trialMarks::appeared(m_job)); }
+};
+
 class Ranking : public Task {
 public:
     void run() override { static_cast<void>(feedback::rank()); }
@@ -88,8 +102,8 @@ std::unique_ptr<Task> made(const Random &random)
 std::vector<Store> productionStores()
 {
     return {{u"feedback"_s, made<Told>}, {u"assignment"_s, made<Assigned>}, {u"mark"_s, made<Marked>},
-        {u"job handed over"_s, made<JobHandedOver>},
-        {u"ranking"_s, [](const Random &) { return std::make_unique<Ranking>(); }}};
+        {u"job handed over"_s, made<JobHandedOver>}, {u"trial moved"_s, made<TrialMoved>},
+        {u"trial kept"_s, made<TrialKept>}, {u"ranking"_s, [](const Random &) { return std::make_unique<Ranking>(); }}};
 }
 
 } // namespace faults

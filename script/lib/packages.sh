@@ -3,7 +3,7 @@
 # shellcheck shell=bash disable=SC2034
 build_packages=(
     cmake ninja-build g++ pkg-config
-    qt6-base-dev qt6-serialport-dev qt6-multimedia-dev libsqlcipher-dev zlib1g-dev
+    qt6-base-dev qt6-serialport-dev qt6-multimedia-dev libsqlcipher-dev zlib1g-dev libqrencode-dev
 )
 # Texts are drawn as boxes on a machine that has no font at all.
 run_packages=(fonts-dejavu-core)

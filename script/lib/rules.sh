@@ -31,6 +31,7 @@ catchers=(
     src/app/programFolder.cpp     # a demo that cannot be copied is left out
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
     src/reports/reportOutput.cpp  # a PDF that cannot be written where the user chose is told, and the page stays
+    src/production/printAssignment.cpp  # a table of translations that cannot be read is told, and the slip is in English
     src/app/frmMain.cpp           # a wallpaper that cannot be shown is left out
 )
 

@@ -216,6 +216,179 @@ window "Edit JOB Card"
 keys Escape
 window "$main"
 
+echo "A day in the workshop: a garment is assigned, its slip and label printed."
+keys alt+r
+window "JOB Register"
+picture job-register
+keys alt+o
+window "Work Overview"
+picture work-overview
+keys Escape
+window "JOB Register"
+keys alt+j
+field 321/1
+picture job-of-a-card
+keys Tab Return
+window "Assign JOB to Worker"
+words "moh"
+picture assign
+keys alt+s
+answer Return
+window "Assign JOB to Worker"
+keys alt+p
+window "Print Preview"
+picture slip
+keys Escape
+window "Assign JOB to Worker"
+keys alt+l
+window "Print Preview"
+picture label
+keys Escape
+window "Assign JOB to Worker"
+keys Escape
+window "JOB Register"
+
+echo "It is cut, and both are completed and hung up; the client is told."
+keys F6
+answer Return
+window "JOB Register"
+keys F7
+answer Return
+window "Kovrel"
+field "Rack 3"
+window "JOB Register"
+keys Down F7
+answer Return
+window "Kovrel"
+picture location
+field "Rack 3"
+window "JOB Register"
+picture completed
+keys Return
+window "Assign JOB to Worker"
+keys alt+m
+window "The Corvane"
+keys Return
+window "Assign JOB to Worker"
+picture told-by-sms
+keys Escape
+window "JOB Register"
+keys Escape
+window "$main"
+
+echo "Today's trials, and what is due."
+keys alt+s
+window "Reports"
+keys alt+t
+window "Trial Date Reminders"
+keys Menu
+picture trials
+keys Return
+window "Trial Date Reminders"
+keys Escape
+window "Reports"
+keys alt+v
+window "Delivery Register"
+picture deliveries
+keys Escape
+window "Reports"
+keys Escape
+window "$main"
+
+echo "The card is handed over, and the client asked what he thinks of it."
+keys alt+r
+window "JOB Register"
+keys alt+j
+field 321
+keys Tab Menu
+picture row-menu
+keys Down Down Down Down Return
+answer Return
+window "JOB Register"
+picture handed-over
+keys Return
+window "Assign JOB to Worker"
+keys alt+f
+window "Client Feedback"
+field 5
+words "Fits as if poured on."
+picture feedback
+keys alt+o
+answer Return
+window "Client Feedback"
+keys Escape
+window "Assign JOB to Worker"
+keys Escape
+window "JOB Register"
+keys Escape
+window "$main"
+keys alt+s
+window "Reports"
+keys alt+r
+window "Ratings"
+picture ratings
+keys Escape
+window "Reports"
+
+echo "The books: a bill is settled, and the month read."
+keys alt+u
+window "Client Dues REGISTER"
+picture dues
+keys Escape
+window "Reports"
+keys alt+a
+window "Account Book"
+field "nandini"
+window "Account Book"
+keys alt+a
+window "Add New Entry"
+field "rec"
+field "cash"
+field 900
+words "In full"
+picture voucher
+keys alt+s
+answer Return
+window "Edit Entry"
+keys alt+p
+window "Print Preview"
+picture voucher-print
+keys Escape
+window "Edit Entry"
+keys Escape
+window "Account Book"
+picture statement
+keys alt+p
+answer Return
+window "Print Preview"
+picture statement-print
+keys Escape
+window "Account Book"
+keys Escape
+window "Reports"
+keys alt+d
+window "Day Book"
+picture day-book
+keys Escape
+window "Reports"
+
+echo "A worker is paid by a payroll."
+keys alt+w
+window "WAGES REGISTER"
+field "abd"
+picture wages
+keys shift+Tab shift+Tab space alt+v
+picture unpaid
+keys alt+c
+window "Corvane"
+picture payroll
+keys Return
+window "WAGES REGISTER"
+keys Escape
+window "Reports"
+keys Escape
+window "$main"
+
 paper=$(pdftotext -layout "$tour/job-card.pdf" -)
 for text in "Kovrel Tailors" "Job Card #" "Sherwani" "Trousers" "2,500.00" "Staple Cloth Samples here..."; do
     [[ $paper == *"$text"* ]] || stop "the printed card lacks \"$text\""

@@ -11,6 +11,7 @@
 #include "base/session.h"
 #include "base/values.h"
 #include "jobcards/frmEditJOB.h"
+#include "registers/frmWorkerJobRegister.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
 #include "ui/Command.h"
@@ -123,7 +124,7 @@ QWidget *frmMain::buildCommands()
     column->setContentsMargins(20, 20, 20, 20);
     Command *cmdCreateJOB = menuColumn::add(*column, {"cmdCreateJOB"_L1, "&New Job Card"_L1});
     Command *cmdCreateNewClint = menuColumn::add(*column, {"cmdCreateNewClint"_L1, "&Masters"_L1});
-    menuColumn::addLater(*column, {"Command2"_L1, "JOB &Register"_L1});
+    Command *Command2 = menuColumn::add(*column, {"Command2"_L1, "JOB &Register"_L1});
     Command *Command8 = menuColumn::add(*column, {"Command8"_L1, "Report&s"_L1});
     column->addStretch();
     menuColumn::addLater(*column, {"Command5"_L1, "Shop Info"_L1});
@@ -135,6 +136,7 @@ QWidget *frmMain::buildCommands()
     };
     leadsTo(cmdCreateJOB, [] { frmEditJOB().ShowAddNew(); });
     leadsTo(cmdCreateNewClint, [] { frmMasters().exec(); });
+    leadsTo(Command2, [] { frmWorkerJobRegister().exec(); });
     leadsTo(Command8, [] { frmMenu().exec(); });
     leadsTo(Command4, [] { frmAbout().exec(); });
     return panel;

@@ -1,7 +1,13 @@
 #include "app/frmMenu.h"
 
+#include "accounts/frmAccountBook.h"
+#include "accounts/frmDayBook.h"
+#include "accounts/frmDueRegister.h"
+#include "accounts/frmWorkerWagesRegister.h"
 #include "app/menuColumn.h"
 #include "production/frmRatings.h"
+#include "registers/frmDeliveryRegister.h"
+#include "registers/frmTrailDate.h"
 #include "ui/Command.h"
 #include "ui/language.h"
 
@@ -13,15 +19,15 @@ using namespace Qt::StringLiterals;
 frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
 {
     auto *books = new QVBoxLayout;
-    menuColumn::addLater(*books, {"Command2"_L1, "D&ues Register"_L1});
-    menuColumn::addLater(*books, {"Command3"_L1, "&Account Book"_L1});
-    menuColumn::addLater(*books, {"Command7"_L1, "&Wages Register"_L1});
-    menuColumn::addLater(*books, {"Command6"_L1, "&Day Book"_L1});
-    menuColumn::addLater(*books, {"Command10"_L1, "Deli&very Register"_L1});
+    Command *Command2 = menuColumn::add(*books, {"Command2"_L1, "D&ues Register"_L1});
+    Command *Command3 = menuColumn::add(*books, {"Command3"_L1, "&Account Book"_L1});
+    Command *Command7 = menuColumn::add(*books, {"Command7"_L1, "&Wages Register"_L1});
+    Command *Command6 = menuColumn::add(*books, {"Command6"_L1, "&Day Book"_L1});
+    Command *Command10 = menuColumn::add(*books, {"Command10"_L1, "Deli&very Register"_L1});
 
     auto *others = new QVBoxLayout;
     Command *Command5 = menuColumn::add(*others, {"Command5"_L1, "&Ratings"_L1});
-    menuColumn::addLater(*others, {"Command4"_L1, "&Trial Reminder"_L1});
+    Command *Command4 = menuColumn::add(*others, {"Command4"_L1, "&Trial Reminder"_L1});
     menuColumn::addLater(*others, {"Command1"_L1, "&Birthdays Reminder"_L1});
     menuColumn::addLater(*others, {"Command9"_L1, "&Export Status Report"_L1});
     Command *Command8 = menuColumn::add(*others, {"Command8"_L1, "Back"_L1});
@@ -34,6 +40,12 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
     form->setSizeConstraint(QLayout::SetFixedSize);
 
     TranslateForm(*this);
+    connect(Command4, &Command::clicked, this, [] { frmTrailDate().exec(); });
+    connect(Command2, &Command::clicked, this, [] { frmDueRegister().exec(); });
+    connect(Command3, &Command::clicked, this, [] { frmAccountBook().exec(); });
+    connect(Command7, &Command::clicked, this, [] { frmWorkerWagesRegister().exec(); });
+    connect(Command6, &Command::clicked, this, [] { frmDayBook().exec(); });
     connect(Command5, &Command::clicked, this, [] { frmRatings().exec(); });
+    connect(Command10, &Command::clicked, this, [] { frmDeliveryRegister().exec(); });
     connect(Command8, &Command::clicked, this, &QDialog::reject);
 }

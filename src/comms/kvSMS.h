@@ -14,11 +14,16 @@ public:
     /// Hands one message to the modem at serial port `port`, in text mode. Nothing is read back, so a modem that
     /// refuses is not noticed. The modem gets the plain form of the number that `number` begins with: "012 34" is 1234.
     /// Signs that Latin-1 lacks reach it as "?"; the two that would end or break off the message are left out. A port
-    /// that fails is told in a plain box with the system's words; the caller sees nothing of it.
+    /// that fails is told in a plain box with the system's words; the caller sees nothing of it. The screen in front
+    /// shows that a message is being sent.
     void SendSMS(qint16 &port, const QString &number, const QString &message);
 
     /// What every sender does: tells when `mobile` is empty or the shop has set no port, and else sends at that port.
-    void sendAtShopPort(const QString &mobile, const QString &message);
+    /// True where it came so far, whatever the port made of it.
+    bool sendAtShopPort(const QString &mobile, const QString &message);
+
+    /// What the modem gets for `number`.
+    [[nodiscard]] static QString dialled(const QString &number);
 
 private:
     SerialPort m_port;

@@ -5,6 +5,7 @@
 #include "jobcards/ItemDetails.h"
 #include "jobcards/clsJobCardData.h"
 #include "pictures/ImageSlot.h"
+#include "pictures/clothColor.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
@@ -45,18 +46,6 @@ QStringList linesOf(const QString &text)
     return text.isEmpty() ? QStringList() : text.split(lineEnd);
 }
 
-/// Colours are numbered red first: red + 256 green + 65536 blue.
-QColor colorOf(double number)
-{
-    const auto bits = static_cast<unsigned>(Int32(number));
-    return {static_cast<int>(bits & 0xff), static_cast<int>((bits >> 8) & 0xff), static_cast<int>((bits >> 16) & 0xff)};
-}
-
-double numberOf(const QColor &color)
-{
-    return color.red() + 256.0 * color.green() + 65536.0 * color.blue();
-}
-
 } // namespace
 
 frmAddItem::frmAddItem() : Screen(u"frmAddItem"_s, u"Item"_s)
@@ -64,7 +53,7 @@ frmAddItem::frmAddItem() : Screen(u"frmAddItem"_s, u"Item"_s)
     buildForm();
     connectCommands();
     setComboEntries(*cmbItems, FillComboAll(u"Name"_s, u"Name"_s, u"Items"_s, DE().rsITEMS));
-    showColor(numberOf(Qt::white));
+    showColor(clothColor::number(Qt::white));
     setEntryKeys(EnterMovesOn);
     keepEnter(cmbItems);
     keepEnter(Command1);
@@ -365,16 +354,16 @@ void frmAddItem::cleanForm()
 
 void frmAddItem::chooseColor()
 {
-    const QColor chosen = QColorDialog::getColor(colorOf(m_color), this);
+    const QColor chosen = QColorDialog::getColor(clothColor::of(m_color), this);
     activateWindow();
-    if (chosen.isValid() && numberOf(chosen) > 0)
-        showColor(numberOf(chosen));
+    if (chosen.isValid() && clothColor::number(chosen) > 0)
+        showColor(clothColor::number(chosen));
 }
 
 void frmAddItem::showColor(double number)
 {
     m_color = number;
-    picColor->setStyleSheet(u"background: %1; border: 1px solid #555"_s.arg(colorOf(number).name()));
+    clothColor::show(*picColor, number);
 }
 
 void frmAddItem::measurementTexts(QString &labels, QString &values) const

@@ -43,7 +43,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
-enum Appeared { NotAppeared = 0, DidAppear = 1, TrialCancelled = 2 };
 
 kvTextBox *amountBox(const QString &name, bool shownOnly)
 {
@@ -264,8 +263,9 @@ void frmEditJOB::ShowAddNew()
 
 void frmEditJOB::ShowEdit(int JobID, bool &JobDeleted)
 {
-    JobDeleted = false;
-    load(JobID);
+    JobDeleted = !load(JobID);
+    if (JobDeleted)
+        return ShowMessage(u"Job Card not found!"_s);
     showCards();
     JobDeleted = m_jobDeleted;
 }
@@ -303,7 +303,7 @@ void frmEditJOB::allowManualNumber()
     txtJOBID->setFocus();
 }
 
-void frmEditJOB::load(int jobID)
+bool frmEditJOB::load(int jobID)
 {
     m_greeting->setText(u"Welcome to "_s + session::ShopName);
     m_store.openSaved(jobID);
@@ -313,6 +313,8 @@ void frmEditJOB::load(int jobID)
 
     Recordset &job = DE().rsJobs2;
     job.reopen(u"Select * from JOBS where id="_s + QString::number(jobID));
+    if (job.eof())
+        return false;
     txtJOBID->setText(QString::number(job.integer(u"ID")));
     JobDate->setDate(job.date(u"DATE"));
     cmbClient->setText(GetAccountTitle(job.integer(u"ClintID")));
@@ -334,15 +336,16 @@ void frmEditJOB::load(int jobID)
     m_store.readRows(JobRows);
     m_items->showRows();
     showAmountDue();
+    return true;
 }
 
 void frmEditJOB::showTrialNote(int appeared, const QDate &appearedDate)
 {
-    if (appeared == DidAppear && appearedDate.isValid())
+    if (appeared == trial::Appeared && appearedDate.isValid())
         lblTrialInfo->setText(u"Appeared for Trial "_s + DayMonthYear(appearedDate));
-    else if (appeared == NotAppeared)
+    else if (appeared == trial::NotAppeared)
         lblTrialInfo->setText(u"Not Appeared for Trial"_s);
-    else if (appeared == TrialCancelled)
+    else if (appeared == trial::Canceled)
         lblTrialInfo->setText(u"Trial Canceled"_s);
 }
 
@@ -469,6 +472,11 @@ void frmEditJOB::save()
 
 void frmEditJOB::complainOfDuplicate()
 {
+    if (m_store.mayStand())
+        return complain(
+            u"Duplicate Job ID!\r\nIt may be this card, of which it was not known whether it was written.\r\n"
+            "Look at that card before you enter this one again."_s,
+            txtJOBID);
     complain(u"Duplicate Job ID!"_s, txtJOBID);
     // A number that the user can't change was offered by the program; another one has used it meanwhile.
     if (m_store.EditMode() == u"N" && txtJOBID->isReadOnly())

@@ -13,6 +13,8 @@
 #include "ui/ListView.h"
 #include "ui/accountCombo.h"
 #include "ui/boxType.h"
+#include "ui/complain.h"
+#include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBox.h"
@@ -118,12 +120,7 @@ void MasterList::connectCommands()
 {
     connect(txtSearch, &kvTextBox::changed, this, &MasterList::search);
     connect(txtSearch, &kvTextBox::keyDown, this, [this](int &key) { key = ListNavKeys(*lstSummary, key); });
-    connect(txtSearch, &kvTextBox::keyPress, this, [this](int &key) {
-        if (key != keys::Enter)
-            return;
-        key = keys::Swallowed;
-        openCurrent();
-    });
+    onEnter(txtSearch, [this] { openCurrent(); });
     connect(Command1, &Command::clicked, this, &MasterList::addNew);
     connect(Command2, &Command::clicked, this, &QDialog::reject);
     if (m_kind.controlAAdds)
@@ -176,8 +173,11 @@ int MasterList::rowBeginningWith(const QString &text) const
 
 void MasterList::openRow(const ListRow &row)
 {
-    m_openID = Int16(
-        GetFieldValue(u"ID"_s, m_kind.table, m_kind.keyColumn, row.cells.first(), DE().*m_kind.lookups).toDouble());
+    const double id =
+        GetFieldValue(u"ID"_s, m_kind.table, m_kind.keyColumn, row.cells.first(), DE().*m_kind.lookups).toDouble();
+    if (id < 0)
+        return complain(u"Another program has deleted or renamed \"%1\"."_s.arg(row.cells.first()));
+    m_openID = Int16(id);
     m_kind.edit(m_openID);
     m_openID = 0;
 }

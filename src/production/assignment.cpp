@@ -12,11 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isAccount(const QString &title)
-{
-    return GetFieldValue(u"*"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts) != Value(-1);
-}
-
 void closeJob(qint32 jobID)
 {
     Recordset &job = DE().rsJOBS;
@@ -34,6 +29,11 @@ void closeJob(qint32 jobID)
 QString assignment::noWorker()
 {
     return u"NA"_s;
+}
+
+bool assignment::isAccount(const QString &title)
+{
+    return GetFieldValue(u"*"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts) != Value(-1);
 }
 
 assignment::Saved assignment::save(qint32 rowID, const Assignment &given)

@@ -11,6 +11,9 @@ namespace assignment {
 /// What stands in the place of a worker's name where there is none.
 [[nodiscard]] QString noWorker();
 
+/// Whether an account of any type has that title.
+[[nodiscard]] bool isAccount(const QString &title);
+
 /// What a save receives, whatever screen collected it.
 struct Assignment {
     QString worker;

@@ -2,6 +2,7 @@
 
 #include "base/values.h"
 #include "production/feedback.h"
+#include "production/rowGone.h"
 #include "ui/Command.h"
 #include "ui/complain.h"
 #include "ui/formFields.h"
@@ -20,7 +21,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int mostStars = 5;
-const auto rowGone = u"This item is no longer on its job card!"_s;
 
 } // namespace
 
@@ -67,7 +67,7 @@ void frmFeedBack::GiveFeedback(qint32 id, qint16 readOnly)
 {
     const auto given = feedback::read(id);
     if (!given)
-        return ShowMessage(rowGone);
+        return tellRowGone();
     m_id = id;
     if (!given->score.isEmpty())
         cmbScore->setText(given->score);
@@ -90,5 +90,7 @@ void frmFeedBack::save()
     const double score = Val(cmbScore->Text());
     if (score < std::numeric_limits<qint32>::min() || score > std::numeric_limits<qint32>::max())
         return complain(u"Please enter a score from 0 to 5!"_s, cmbScore);
-    ShowMessage(feedback::save(m_id, score, txtFeedback->Text()) ? u"Feedback saved!"_s : rowGone);
+    if (!feedback::save(m_id, score, txtFeedback->Text()))
+        return tellRowGone();
+    ShowMessage(u"Feedback saved!"_s);
 }

@@ -28,11 +28,16 @@ frmWorkerReport2::frmWorkerReport2()
 
 void frmWorkerReport2::ShowWorkerOverView(itemRows::Dated dated, QDate from, QDate to, QString &result)
 {
-    DE().rsJOBS_DETAIL2.close();
-    m_inHand = itemRows::inHandByWorker(DE().CN, dated, from, to);
+    count(dated, from, to);
     ExecuteSQL();
     exec();
     result = m_chosen;
+}
+
+void frmWorkerReport2::count(itemRows::Dated dated, QDate from, QDate to)
+{
+    DE().rsJOBS_DETAIL2.close();
+    m_inHand = itemRows::inHandByWorker(DE().CN, dated, from, to);
 }
 
 void frmWorkerReport2::ExecuteSQL()

@@ -14,6 +14,8 @@ public:
     /// RuntimeError (Overflow) where a worker has more than 32,767 pieces in hand.
     void ShowWorkerOverView(itemRows::Dated dated, QDate from, QDate to, QString &result);
 
+    /// What `ExecuteSQL` shows from then on.
+    void count(itemRows::Dated dated, QDate from, QDate to);
     void ExecuteSQL();
     /// Pieces that the worker has in hand. Throws as `ShowWorkerOverView`.
     [[nodiscard]] qint16 JobCount(qint16 workerID) const;

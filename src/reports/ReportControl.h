@@ -28,8 +28,13 @@ struct ReportControl {
     double pointSize = 10;
     QFont::Weight weight = QFont::Normal;
     bool slanted = false;
+    /// Where a text is not in the font of all reports.
+    QString family = {};
     /// Breaks into lines at the place's width.
     bool wraps = false;
+    /// The name of a control of the same section, with a font of the same size, that it stands level with: where a line
+    /// of one is broken, the other waits with its next. Captions stay beside their values so.
+    QString levelWith = {};
     QColor ink = Qt::black;
     /// Of a frame: its ground; none where invalid. A frame with a ground has no edge.
     QColor ground = {};
@@ -45,6 +50,7 @@ struct ReportControl {
     ReportControl &right() { return alignment = Qt::AlignRight, *this; }
     ReportControl &centre() { return alignment = Qt::AlignHCenter, *this; }
     ReportControl &wrapped() { return wraps = true, *this; }
+    ReportControl &wrappedLevelWith(const QString &other) { return levelWith = other, wrapped(); }
     ReportControl &as(Format shown) { return format = shown, *this; }
     ReportControl &in(const QColor &colour) { return ink = colour, *this; }
     ReportControl &on(const QColor &colour) { return ground = colour, *this; }

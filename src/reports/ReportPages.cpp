@@ -4,7 +4,7 @@
 #include "base/safeFile.h"
 #include "ui/Progress.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
@@ -43,14 +43,19 @@ void drawPicture(QPainter &painter, const ReportPages::Item &item)
     const QSizeF size = QSizeF(item.picture.size()).scaled(item.place.size(), Qt::KeepAspectRatio);
     QRectF target(QPointF(), size);
     target.moveCenter(item.place.center());
+    // Into a PDF photographs are packed, codes are not.
+    painter.setRenderHint(QPainter::LosslessImageRendering, item.picture.depth() == 1);
     painter.drawImage(target, item.picture);
 }
 
 } // namespace
 
-QFont ReportPages::font(double pointSize, QFont::Weight weight, bool italic)
+QFont ReportPages::font(double pointSize, QFont::Weight weight, bool italic, const QString &family)
 {
-    QFont font(QStringList{u"Liberation Sans"_s, u"Arial"_s, u"Helvetica"_s, QGuiApplication::font().family()});
+    QStringList families{u"Liberation Sans"_s, u"Arial"_s, u"Helvetica"_s, QGuiApplication::font().family()};
+    if (!family.isEmpty())
+        families.prepend(family);
+    QFont font(families);
     font.setPixelSize(qRound(pointSize * twipsPerPoint));
     font.setWeight(weight);
     font.setItalic(italic);
@@ -107,23 +112,23 @@ ReportPages::Drawn ReportPages::put(QPagedPaintDevice &device, int first, int la
 ReportPages::Drawn ReportPages::savePdf(const QString &path) const
 {
     UnfinishedFile unfinished(path);
-    QFile file(unfinished.name());
-    if (!file.open(QIODevice::WriteOnly))
-        throw RuntimeError(Fault::FileFault, file.errorString(), path);
+    // In memory: a file of the toolkit forgets that an earlier piece could not be written.
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
     Drawn drawn = Drawn::Failed;
     {
-        QPdfWriter writer(&file);
+        QPdfWriter writer(&content);
         writer.setTitle(m_title);
         writer.setCreator(u"Corvane"_s);
         writer.setResolution(pdfResolution);
         writer.setPageLayout(pageLayout());
         drawn = draw(writer);
     }
-    file.close();
     if (drawn == Drawn::Broken)
         return drawn;
-    if (drawn == Drawn::Failed || file.error() != QFile::NoError)
-        throw RuntimeError(Fault::FileFault, file.errorString(), path);
+    if (drawn == Drawn::Failed)
+        throw RuntimeError(Fault::FileFault, u"The pages cannot be drawn."_s, path, Written::Nothing);
+    unfinished.write(content.data());
     unfinished.replace();
     return drawn;
 }

@@ -38,7 +38,8 @@ public:
     using Page = std::vector<Item>;
 
     /// The font of all reports in twips: measured in it, a text is as wide on paper as it was when it was laid out.
-    [[nodiscard]] static QFont font(double pointSize, QFont::Weight weight, bool italic);
+    /// With a `family`, that one, where the machine has it.
+    [[nodiscard]] static QFont font(double pointSize, QFont::Weight weight, bool italic, const QString &family = {});
 
     /// `make` makes the page of an index, counted from 0 up to `count`. `paper` in twips.
     ReportPages(const QString &title, QSize paper, int count, std::function<Page(int index)> make)

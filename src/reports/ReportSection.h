@@ -17,6 +17,7 @@ public:
     [[nodiscard]] const QString &name() const { return m_name; }
     [[nodiscard]] int height() const { return m_height; }
     [[nodiscard]] const std::deque<ReportControl> &controls() const { return m_controls; }
+    [[nodiscard]] std::deque<ReportControl> &controls() { return m_controls; }
 
     /// Adds a control. The reference is good as long as the section. A caption without a name is a label without one.
     ReportControl &label(const QString &name, const QRect &place, const QString &text = {});

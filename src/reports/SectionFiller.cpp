@@ -1,5 +1,6 @@
 #include "reports/SectionFiller.h"
 
+#include "base/RuntimeError.h"
 #include "base/values.h"
 #include "store/Recordset.h"
 
@@ -70,8 +71,16 @@ QString textOf(const ReportControl &control, Recordset *record)
     return formatted(fieldOf(*record, control.text), control.format);
 }
 
+QStringList givenLines(const QString &text)
+{
+    static const QRegularExpression lineEnd(u"\r\n|[\r\n\u2028\u2029]"_s);
+    return text.split(lineEnd);
+}
+
 QStringList broken(const QString &text, const QFont &font, double width)
 {
+    if (text.isEmpty())
+        return {text};
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     QTextLayout layout(text, font);
@@ -133,7 +142,8 @@ SectionFiller::SectionFiller(const ReportSection &section) : m_section(section)
             m_drawn.push_back(&control);
             continue;
         }
-        Text text{&control, ReportPages::font(control.pointSize, control.weight, control.slanted), 0, {}};
+        Text text{
+            &control, ReportPages::font(control.pointSize, control.weight, control.slanted, control.family), 0, {}};
         const QFontMetricsF metrics(text.font);
         text.lineHeight = std::ceil(metrics.height());
         for (size_t code = 0; code < text.advances.size(); ++code)
@@ -152,7 +162,6 @@ ReportBlock SectionFiller::fill(Recordset *record) const
 
 SectionFiller::Set SectionFiller::set(const Text &text, const QString &shown)
 {
-    static const QRegularExpression lineEnd(u"\r\n|[\r\n\u2028\u2029]"_s);
     const double width = text.control->place.width();
     double estimate = 0;
     for (const QChar character : shown) {
@@ -163,7 +172,7 @@ SectionFiller::Set SectionFiller::set(const Text &text, const QString &shown)
         return {text.font, text.lineHeight, {text.control->wraps ? shown.trimmed() : shown}};
 
     Set set{text.font, text.lineHeight, {}};
-    const QStringList given = shown.split(lineEnd);
+    const QStringList given = givenLines(shown);
     if (!text.control->wraps) {
         double widest = 0;
         for (const QString &line : given)
@@ -179,7 +188,29 @@ SectionFiller::Set SectionFiller::set(const Text &text, const QString &shown)
         }
     }
     for (const QString &line : given)
-        set.lines += line.isEmpty() ? QStringList(line) : broken(line, set.font, width);
+        set.lines += broken(line, set.font, width);
+    return set;
+}
+
+SectionFiller::Set SectionFiller::setLevel(const Text &text, Recordset *record) const
+{
+    const auto other = std::ranges::find(
+        m_flowing, text.control->levelWith, [](const Text &flowing) { return flowing.control->name; });
+    if (other == m_flowing.end())
+        throw RuntimeError(Fault::ItemNotFound, m_section.name() + u'.' + text.control->levelWith);
+    const auto linesOf = [record](const Text &column) {
+        QList<QStringList> lines;
+        for (const QString &line : givenLines(textOf(*column.control, record)))
+            lines += broken(line, column.font, column.control->place.width());
+        return lines;
+    };
+    const QList<QStringList> others = linesOf(*other);
+    Set set{text.font, std::max(text.lineHeight, other->lineHeight), {}};
+    QList<QStringList> own = linesOf(text);
+    for (qsizetype i = 0; i < own.size(); ++i) {
+        own[i].resize(std::max(own.at(i).size(), others.value(i).size()));
+        set.lines += own.at(i);
+    }
     return set;
 }
 
@@ -195,7 +226,8 @@ double SectionFiller::run(Recordset *record, std::vector<Item> *items) const
                 items->push_back(itemOf(control, Item::Kind::Picture, place.translated(0, top - place.y())));
             continue;
         }
-        const Set set = SectionFiller::set(text, textOf(control, record));
+        const Set set =
+            control.levelWith.isEmpty() ? SectionFiller::set(text, textOf(control, record)) : setLevel(text, record);
         const double inset = std::max(0.0, (place.height() - set.lineHeight) / 2);
         double y = top + inset;
         for (const QString &line : set.lines) {

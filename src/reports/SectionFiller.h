@@ -43,6 +43,7 @@ private:
 
     double run(Recordset *record, std::vector<ReportPages::Item> *items) const;
     [[nodiscard]] static Set set(const Text &text, const QString &shown);
+    [[nodiscard]] Set setLevel(const Text &text, Recordset *record) const;
 
     const ReportSection &m_section;
     /// Texts and pictures, from the top down; a picture has no font.

@@ -60,7 +60,8 @@ void reportOutput::saveAsPdf(const ReportPages &pages)
     try {
         if (pages.savePdf(path) == ReportPages::Drawn::Whole)
             ShowMessage(u"PDF file has been saved.\r\n"_s + QDir::toNativeSeparators(path));
-    } catch (const RuntimeError &) {
-        ShowMessage(u"The PDF file cannot be written there!\r\n"_s + QDir::toNativeSeparators(path));
+    } catch (const RuntimeError &error) {
+        ShowMessage(
+            u"The PDF file cannot be written there!\r\n"_s + QDir::toNativeSeparators(path) + u"\r\n"_s + error.text());
     }
 }

@@ -75,7 +75,7 @@ ReportSection &sheet::addLines(Report &report, std::span<const Column> columns)
     return line;
 }
 
-void sheet::addPageCount(ReportSection &foot, int top)
+void sheet::addPageCount(ReportSection &foot, int top, int footWidth)
 {
-    foot.caption(u"Page %p of %P"_s, {left, top, width, 240}).points(8).right().in(quiet);
+    foot.caption(u"Page %p of %P"_s, {0, top, footWidth, 240}).points(8).right().in(quiet);
 }

@@ -48,7 +48,7 @@ int addColumnHeads(ReportSection &head, int top, std::span<const Column> columns
 /// A line of the table as the details' section, under `Section1`'s name as all sheets have it.
 ReportSection &addLines(Report &report, std::span<const Column> columns);
 
-/// "Page 1 of 3" at the right of a page foot.
-void addPageCount(ReportSection &foot, int top);
+/// "Page 1 of 3" at the right of a page foot that is `footWidth` wide.
+void addPageCount(ReportSection &foot, int top, int footWidth = left + width);
 
 } // namespace sheet

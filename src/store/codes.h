@@ -31,6 +31,15 @@ inline constexpr int Done = 1;
 
 } // namespace cutting
 
+/// `JOBS.appeared`: what became of the trial of a job card. Each screen has words of its own for it.
+namespace trial {
+
+inline constexpr int NotAppeared = 0;
+inline constexpr int Appeared = 1;
+inline constexpr int Canceled = 2;
+
+} // namespace trial
+
 /// `Accounts.Type`: what a row of the accounts stands for. Every list of the program selects on it.
 namespace accountType {
 

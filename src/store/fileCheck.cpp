@@ -1,6 +1,8 @@
 #include "store/fileCheck.h"
 
+#include "base/FileLock.h"
 #include "base/RuntimeError.h"
+#include "base/safeFile.h"
 #include "base/values.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
@@ -9,10 +11,9 @@
 #include "store/leftBehind.h"
 #include "store/schema.h"
 
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
 #include <QMap>
-#include <QScopeGuard>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -21,6 +22,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int busyMilliseconds = 2000;
 
 QString money(const Currency &amount)
 {
@@ -294,6 +297,18 @@ QStringList damagesOf(Connection &connection)
     return lines;
 }
 
+QString toldBy(const RuntimeError &error)
+{
+    return error.source().isEmpty() ? error.text() : error.text() + u' ' + error.source();
+}
+
+fileCheck::Report unreadable(const QString &why)
+{
+    fileCheck::Report report;
+    report.failure = why;
+    return report;
+}
+
 fileCheck::Report checkInPlace(const QString &path)
 {
     fileCheck::Report report;
@@ -308,7 +323,7 @@ fileCheck::Report checkInPlace(const QString &path)
         report.damages = damages;
         connection.define(u"rollback"_s);
     } catch (const RuntimeError &error) {
-        report.failure = error.source().isEmpty() ? error.text() : error.text() + u' ' + error.source();
+        report.failure = toldBy(error);
     }
     return report;
 }
@@ -322,19 +337,31 @@ fileCheck::Report fileCheck::agreement(Connection &connection)
 
 fileCheck::Report fileCheck::check(const QString &path)
 {
-    if (!leftBehind::isHot(path))
+    if (!QFileInfo::exists(path))
         return checkInPlace(path);
+    const QString file = QFileInfo(path).canonicalFilePath();
     const QTemporaryDir folder;
-    const QString copy = folder.filePath(QFileInfo(path).fileName());
-    for (const QString &suffix : {QString(), u"-journal"_s, u"-wal"_s})
-        QFile::copy(path + suffix, copy + suffix);
+    const QString copy = folder.filePath(QFileInfo(file).fileName());
+    try {
+        const auto lock = FileLock::shared(file, busyMilliseconds);
+        // A journal beside a file in use may be that of a write under way, which the engine waits for.
+        if (!lock->isAlone() || !leftBehind::isHot(file))
+            return checkInPlace(file);
+        if (!folder.isValid())
+            throw RuntimeError(Fault::FileFault, folder.errorString(), QDir::tempPath());
+        // No engine of this process has the file open, either: copying drops the locks that one would have on it.
+        for (const QString &suffix : {QString(), u"-journal"_s, u"-wal"_s}) {
+            if (QFileInfo::exists(file + suffix))
+                safeFile::copyWhole(file + suffix, copy + suffix);
+        }
+    } catch (const RuntimeError &error) {
+        return unreadable(toldBy(error));
+    }
     try {
         // The first opening takes the unfinished write back.
         Connection().open(copy);
     } catch (const RuntimeError &error) {
-        Report report;
-        report.failure = error.text() + u' ' + path;
-        return report;
+        return unreadable(error.text() + u' ' + file);
     }
     Report report = checkInPlace(copy);
     report.remark = u"An unfinished write lies beside the file; this is the file as the next start will make it."_s;

@@ -5,6 +5,8 @@
 #include <QDate>
 #include <QStringList>
 
+#include <optional>
+
 /// One-value lookups, list fills, balances and ratings. Each borrows a shared command object of `DE` for the time of
 /// the call and leaves it closed; a caller in the midst of using the same object loses its rows. Which one is told at
 /// each group.
@@ -14,9 +16,13 @@
 
 /// Through `rsaccounts`. Titles are found without regard to case, over accounts of every type.
 [[nodiscard]] qint32 GetAccountID(const QString &title);
+/// For a title that may be gone since it was chosen: none where it is.
+[[nodiscard]] std::optional<qint32> findAccountID(const QString &title);
 [[nodiscard]] QString GetAccountTitle(int id);
 /// For lists: empty where the account is gone.
 [[nodiscard]] QString titleOrBlank(int id);
+/// Of a client; empty where he has none, and where no client has that number.
+[[nodiscard]] QString mobileOrBlank(int clientID);
 
 /// Through `rsItems2`.
 [[nodiscard]] double GetItemWorkerFees(const QString &name);

@@ -77,6 +77,13 @@ int ListModel::rowOfTag(const QVariant &tag, int near) const
     return nearest;
 }
 
+int ListModel::rowOfText(int column, const QString &text) const
+{
+    const auto found =
+        std::ranges::find_if(m_rows, [&](const ListRow &row) { return row.cells.value(column) == text; });
+    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+}
+
 void ListModel::setTitle(int column, const QString &title)
 {
     m_columns.at(static_cast<size_t>(column)).title = title;

@@ -1,6 +1,7 @@
 #include "ui/RegisterScreen.h"
 
 #include "base/session.h"
+#include "ui/ListFinder.h"
 #include "ui/ListView.h"
 #include "ui/frmMsg.h"
 
@@ -21,6 +22,10 @@ void RegisterScreen::setRegister(ListView *list)
     m_list = list;
     connect(list, &ListView::opened, this, &RegisterScreen::openCurrent);
     connect(list, &ListView::menuWanted, this, &RegisterScreen::openMenu);
+    auto *finder = new ListFinder(*list);
+    onKey(Qt::CTRL | Qt::Key_L, u"Find a text in the list"_s, [finder] { finder->open(); });
+    onKey(
+        Qt::Key_Escape, u"Leave the search"_s, [finder] { finder->leave(); }, [finder] { return finder->isVisible(); });
 }
 
 void RegisterScreen::openRow(const ListRow &) { }

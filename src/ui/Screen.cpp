@@ -1,5 +1,6 @@
 #include "ui/Screen.h"
 
+#include "base/session.h"
 #include "store/DataEnvironment.h"
 #include "ui/DateField.h"
 #include "ui/entryKeys.h"
@@ -33,7 +34,8 @@ QList<Screen *> &shownScreens()
 
 bool keepsEnter(const QWidget *control)
 {
-    return qobject_cast<const QAbstractItemView *>(control) || qobject_cast<const QPlainTextEdit *>(control)
+    const auto *lines = qobject_cast<const QPlainTextEdit *>(control);
+    return qobject_cast<const QAbstractItemView *>(control) || (lines && !lines->isReadOnly())
         || qobject_cast<const QTextEdit *>(control) || control->property(keepsEnterProperty).toBool();
 }
 
@@ -140,9 +142,23 @@ int Screen::exec()
     return answer;
 }
 
+bool Screen::event(QEvent *event)
+{
+    // Also where the user comes back from another program, perhaps this one's second start.
+    if (event->type() == QEvent::WindowActivate)
+        noticeOtherWriters();
+    return QDialog::event(event);
+}
+
+void Screen::noticeOtherWriters()
+{
+    if (DE().CN.othersHaveWritten())
+        session::NeedRefresh = true;
+}
+
 void Screen::comeToFront()
 {
-    DE().CN.noticeOtherWriters();
+    noticeOtherWriters();
     activated();
 }
 

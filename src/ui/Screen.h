@@ -15,8 +15,8 @@ class Screen : public QDialog {
 
 public:
     /// Which keys move through the fields. With `EnterMovesOn` Enter acts as Tab on every control and never reaches a
-    /// default button, a focused one neither; item lists, multi-line boxes and what `keepEnter` names keep it. With
-    /// `PageKeysMove` Page Down and Page Up act as Tab and Shift+Tab everywhere.
+    /// default button, a focused one neither; item lists, multi-line boxes that can be written in and what `keepEnter`
+    /// names keep it. With `PageKeysMove` Page Down and Page Up act as Tab and Shift+Tab everywhere.
     enum EntryKey { NoEntryKeys = 0, EnterMovesOn = 1, PageKeysMove = 2 };
     Q_DECLARE_FLAGS(EntryKeys, EntryKey)
 
@@ -35,6 +35,7 @@ public:
     /// Shows the screen modally above the one in front. When it has closed, activates that one and returns.
     int exec() override;
     void setVisible(bool visible) override;
+    bool event(QEvent *event) override;
 
     /// The screen that takes the input; none before the first is shown.
     [[nodiscard]] static Screen *front();
@@ -66,6 +67,7 @@ private:
     bool preview(QKeyEvent *event);
     [[nodiscard]] const Key *keyFor(const QKeyEvent &event) const;
     void tellKeys();
+    static void noticeOtherWriters();
     void comeToFront();
     void takeRememberedSize();
     void rememberSize();

@@ -2,6 +2,7 @@
 
 #include "ui/InsertedText.h"
 #include "ui/entryKeys.h"
+#include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
 
 namespace {
@@ -17,6 +18,17 @@ void filterBy(kvTextBox *box, Accept accept)
         box, [accept](const QString &text, const QString &beside) { return numberFor(text, beside, accept); });
 }
 
+template <typename Field>
+void actOnEnter(Field *field, const std::function<void()> &act)
+{
+    QObject::connect(field, &Field::keyPress, field, [act](int &key) {
+        if (key != keys::Enter)
+            return;
+        key = keys::Swallowed;
+        act();
+    });
+}
+
 } // namespace
 
 void filterKeys(kvTextBox *box, int (*accept)(int key))
@@ -27,4 +39,14 @@ void filterKeys(kvTextBox *box, int (*accept)(int key))
 void filterKeys(kvTextBox *box, int (*accept)(const QString &text, int key))
 {
     filterBy(box, accept);
+}
+
+void onEnter(kvTextBox *field, const std::function<void()> &act)
+{
+    actOnEnter(field, act);
+}
+
+void onEnter(kvComboBox *field, const std::function<void()> &act)
+{
+    actOnEnter(field, act);
 }

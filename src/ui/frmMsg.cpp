@@ -1,8 +1,5 @@
 #include "ui/frmMsg.h"
 
-#include "base/session.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
 #include "ui/Command.h"
 #include "ui/language.h"
 
@@ -110,20 +107,15 @@ void frmMsg::ShowMessage(const QString &text, int mode, int &result)
 void frmMsg::ShowHindiMessage(const QString &text, int &result)
 {
     Result = 0;
-    Connection language;
-    language.openPlain(session::programPath(u"Lang.mdb"));
-    Recordset messages(language);
-    messages.open(u"Select * from messages where EngMessage='%1'"_s.arg(jetsql::quoted(text)));
-    if (messages.eof()) {
-        SetEngFont(*lblMsg, text);
-        SetEngFont(*cmdOK, u"Ok"_s);
-    } else {
-        SetHindiFont(*lblMsg, messages.textOrEmpty(u"HindiMessage"));
+    if (const auto hindi = LanguageTable().hindi(text)) {
+        SetHindiFont(*lblMsg, *hindi);
         SetHindiFont(*cmdOK, u"Bhd gS"_s);
         SetHindiFont(*cmdYes, u"gk"_s);
         SetHindiFont(*cmdNo, u"ugh"_s);
+    } else {
+        SetEngFont(*lblMsg, text);
+        SetEngFont(*cmdOK, u"Ok"_s);
     }
-    messages.close();
     layOut(Information);
     exec();
     result = Result;

@@ -1,5 +1,7 @@
 #include "ui/platformBox.h"
 
+#include "ui/Screen.h"
+
 #include <QApplication>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -8,6 +10,13 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The window to come up above. While one closes and the one below gets the keyboard back, the desktop knows none that
+/// is active.
+QWidget *inFront()
+{
+    return Screen::front() ? Screen::front() : QApplication::activeWindow();
+}
 
 /// Shows a dialog modally above the window in front, which has the keyboard again afterwards.
 template <typename Dialog>
@@ -23,7 +32,7 @@ int raise(Dialog &dialog)
 
 int raiseBox(QMessageBox::Icon icon, const QString &text, QMessageBox::StandardButtons buttons)
 {
-    QMessageBox box(icon, u"Corvane"_s, text, buttons, QApplication::activeWindow());
+    QMessageBox box(icon, u"Corvane"_s, text, buttons, inFront());
     box.setTextFormat(Qt::PlainText);
     return raise(box);
 }
@@ -47,7 +56,7 @@ bool platformBox::ask(const QString &text)
 
 QString platformBox::askText(const QString &text, const QString &title)
 {
-    QInputDialog box(QApplication::activeWindow());
+    QInputDialog box(inFront());
     box.setWindowTitle(title);
     box.setLabelText(text);
     return raise(box) == QDialog::Accepted ? box.textValue() : QString();

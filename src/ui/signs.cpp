@@ -113,6 +113,24 @@ void drawRing(QPainter &painter, const QColor &)
     painter.drawEllipse(QPointF(8, 8), 5.5, 5.5);
 }
 
+/// The hands of a clock.
+void drawClock(QPainter &painter, const QColor &ink)
+{
+    drawRing(painter, ink);
+    painter.drawPolyline(QPolygonF{{8, 5}, {8, 8}, {10.5, 9.5}});
+}
+
+void drawExclamation(QPainter &painter, const QColor &ink)
+{
+    painter.setBrush(ink);
+    painter.drawPolygon(QPolygonF{{8, 2}, {14.5, 13.5}, {1.5, 13.5}});
+    QPen mark = painter.pen();
+    mark.setColor(ink == Qt::white ? theme::accent() : QColor(Qt::white));
+    painter.setPen(mark);
+    painter.drawLine(QPointF(8, 6.2), QPointF(8, 9));
+    painter.drawPoint(QPointF(8, 11.8));
+}
+
 } // namespace
 
 QIcon signs::stars(int rating)
@@ -159,4 +177,9 @@ QIcon signs::status(Status status)
     case Status::Canceled: return sign(drawCross, theme::warning());
     }
     return {};
+}
+
+QIcon signs::due(Due due)
+{
+    return due == Due::Overdue ? sign(drawExclamation, theme::warning()) : sign(drawClock, theme::accent());
 }

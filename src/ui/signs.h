@@ -20,4 +20,8 @@ void showStars(QLabel &label, int rating);
 enum class Status { Uncompleted, Completed, Delivered, Alteration, Canceled };
 [[nodiscard]] QIcon status(Status status);
 
+/// Before a promised day that is today, or that has passed while what was promised is still open.
+enum class Due { Today, Overdue };
+[[nodiscard]] QIcon due(Due due);
+
 } // namespace signs

@@ -175,6 +175,10 @@ QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color:
 
 QLabel#lblTitle { font-size: 14pt; font-weight: 600; color: #1d5a8a; }
 QFrame#ctlInfo { background: #fffbe6; border: 1px solid #d9c98a; border-radius: 6px; }
+QLabel#notice {
+    background: #fffbe6; color: #16212c; border: 1px solid #d9c98a; border-radius: 6px; padding: 14px 28px;
+    font-weight: 600;
+}
 QToolTip { border: 1px solid #d9c98a; padding: 4px; background: #fffbe6; color: #16212c; }
 )"_s;
 

@@ -42,7 +42,8 @@ private slots:
     void f3OpensACardByItsNumber();
     void commandsLeadToTheirScreens_data();
     void commandsLeadToTheirScreens();
-    void theMastersLeadToTheirLists();
+    void theMenusLeadToTheirScreens_data();
+    void theMenusLeadToTheirScreens();
     void everyCommandHasItsCaption_data();
     void everyCommandHasItsCaption();
     void aboutTellsTheVersions();
@@ -315,21 +316,36 @@ void MainTest::commandsLeadToTheirScreens()
     }));
 }
 
-void MainTest::theMastersLeadToTheirLists()
+void MainTest::theMenusLeadToTheirScreens_data()
 {
-    const std::pair<char, QString> lists[]{
-        {'c', u"frmClients"_s}, {'w', u"frmWorkers"_s}, {'i', u"frmItems"_s}, {'a', u"frmAccountsList"_s}};
+    QTest::addColumn<char>("key");
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QMap<char, QString>>("screens");
+    QTest::newRow("masters") << 'm' << u"frmMasters"_s
+                             << QMap<char, QString>{{'c', u"frmClients"_s}, {'w', u"frmWorkers"_s},
+                                    {'i', u"frmItems"_s}, {'a', u"frmAccountsList"_s}};
+    QTest::newRow("reports") << 's' << u"frmMenu"_s
+                             << QMap<char, QString>{
+                                    {'r', u"frmRatings"_s}, {'t', u"frmTrailDate"_s}, {'v', u"frmDeliveryRegister"_s}};
+}
+
+void MainTest::theMenusLeadToTheirScreens()
+{
+    QFETCH(const char, key);
+    QFETCH(const QString, menu);
+    using Screens = QMap<char, QString>;
+    QFETCH(const Screens, screens);
     ReadyShop shop;
     ModalScript script;
     QVERIFY(runProgram([&](frmMain &) {
-        script.expect(u"frmMasters"_s, [&](QWidget &) {
-            for (const auto &[key, className] : lists) {
-                script.expect(className, [](QWidget &) { press(Qt::Key_Escape); });
-                accessKey(key);
+        script.expect(menu, [&](QWidget &) {
+            for (auto screen = screens.cbegin(); screen != screens.cend(); ++screen) {
+                script.expect(*screen, [](QWidget &) { press(Qt::Key_Escape); });
+                accessKey(screen.key());
             }
             press(Qt::Key_Escape);
         });
-        accessKey('m');
+        accessKey(key);
         QVERIFY(script.isDone());
     }));
 }
@@ -347,7 +363,7 @@ void MainTest::everyCommandHasItsCaption_data()
     QTest::newRow("reports")
         << 's'
         << u"-Command2 D&ues Register|-Command3 &Account Book|-Command7 &Wages Register|-Command6 &Day Book|"
-           "-Command10 Deli&very Register|Command5 &Ratings|-Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
+           "Command10 Deli&very Register|Command5 &Ratings|Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
            "-Command9 &Export Status Report|Command8 Back"_s;
 }
 

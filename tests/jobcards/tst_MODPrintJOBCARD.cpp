@@ -2,20 +2,19 @@
 
 #include "OrderDesk.h"
 #include "base/session.h"
-#include "devices/printer.h"
 #include "jobcards/frmEditJOB.h"
 #include "reports/rptJOBCARD.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
 #include "support/ModalScript.h"
+#include "support/PdfPrinter.h"
 #include "support/expectFault.h"
-#include "support/pdfText.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/kvComboBox.h"
 
 #include <QImage>
-#include <QPdfWriter>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -36,6 +35,7 @@ private slots:
     void theLogoTakesItsPlace();
     void aLogoThatIsGoneFailsThePrint();
     void aCardThatIsGoneFailsThePrint();
+    void aPrintThatHasNoRoomTakesNothingFromTheCard();
     void theSettingDecidesTheWay_data();
     void theSettingDecidesTheWay();
     void theCommandPrintsASavedCardOnly();
@@ -58,28 +58,9 @@ struct PrintDesk : OrderDesk {
         session::ShopAddress3 = u"Jaipur"_s;
         session::ShopContacts = u"0141 555 0142"_s;
         SaveSetting(setting::PrintPreview, u"0"_s);
-        printer::replace([this](const printer::Job &job) {
-            ++jobs;
-            QPdfWriter device(paper());
-            device.setPageLayout(job.layout);
-            return job.draw(device, 1, job.pageCount);
-        });
-    }
-    ~PrintDesk() { printer::replace({}); }
-    PrintDesk(const PrintDesk &) = delete;
-    PrintDesk &operator=(const PrintDesk &) = delete;
-
-    [[nodiscard]] QString paper() const { return folder.filePath(u"paper.pdf"_s); }
-    /// Texts on the printed sheet, blanks put together.
-    [[nodiscard]] QStringList printed() const
-    {
-        QStringList pages = pdfText(paper());
-        for (QString &page : pages)
-            page = page.simplified();
-        return pages;
     }
 
-    int jobs = 0;
+    PdfPrinter printer{folder.filePath(u"paper.pdf"_s)};
 };
 
 } // namespace
@@ -106,7 +87,7 @@ void PrintJobCardTest::theScratchTablesHoldTheCard()
     PrintJobCard(8);
     QCOMPARE(desk.lines(headStatement), QStringList{u"10-Apr-2011|8|Asha Rao|17-Apr-2011|12-Apr-2011|1600|0|1600"_s});
     QCOMPARE(desk.lines(bodyStatement), QStringList{u"8|2|Coat|Wool|400|800"_s});
-    QCOMPARE(desk.jobs, 3);
+    QCOMPARE(desk.printer.jobs(), 3);
 }
 
 void PrintJobCardTest::theSheetShowsCardAndShop()
@@ -116,7 +97,7 @@ void PrintJobCardTest::theSheetShowsCardAndShop()
     SaveSetting(setting::FootNote, u"No return after 30 days"_s);
     static_cast<void>(desk.book(u"7"_s));
     PrintJobCard(7);
-    const QStringList pages = desk.printed();
+    const QStringList pages = desk.printer.printed();
     QCOMPARE(pages.size(), 1);
     for (const QString &text :
         {u"Kovrel Tailors"_s, u"12 Station Road"_s, u"Opposite Clock Tower"_s, u"Jaipur"_s, u"0141 555 0142"_s,
@@ -139,7 +120,7 @@ void PrintJobCardTest::aCardOverManyPagesIsPrintedWhole()
     JobCardStore store;
     store.SaveNew(desk.card(u"7"_s), rows);
     PrintJobCard(7);
-    const QStringList pages = desk.printed();
+    const QStringList pages = desk.printer.printed();
     QVERIFY(pages.size() >= 3);
     for (int i = 0; i < pages.size(); ++i) {
         QVERIFY(pages.at(i).contains(u"Job Card # 7"_s));
@@ -163,7 +144,7 @@ void PrintJobCardTest::anOverpaidCardPrintsInBrackets()
     JobCardStore().SaveNew(card, rows);
     PrintJobCard(7);
     QVERIFY(desk.lines(headStatement).first().endsWith(u"|-1250.2"_s));
-    QVERIFY(desk.printed().first().contains(u"Amount Due (1,250.20)"_s));
+    QVERIFY(desk.printer.printed().first().contains(u"Amount Due (1,250.20)"_s));
 }
 
 void PrintJobCardTest::theLogoTakesItsPlace()
@@ -192,7 +173,7 @@ void PrintJobCardTest::theLogoTakesItsPlace()
     static_cast<void>(desk.book(u"7"_s));
     SaveSetting(setting::LogoFile, file);
     PrintJobCard(7);
-    QCOMPARE(desk.jobs, 1);
+    QCOMPARE(desk.printer.jobs(), 1);
 }
 
 void PrintJobCardTest::aLogoThatIsGoneFailsThePrint()
@@ -201,19 +182,54 @@ void PrintJobCardTest::aLogoThatIsGoneFailsThePrint()
     static_cast<void>(desk.book(u"7"_s));
     SaveSetting(setting::LogoFile, desk.folder.filePath(u"gone.png"_s));
     EXPECT_FAULT(Fault::FileNotFound, PrintJobCard(7));
-    QCOMPARE(desk.jobs, 0);
+    QCOMPARE(desk.printer.jobs(), 0);
     QCOMPARE(desk.count(u"JOBS"_s), 1);
     // The shop can print again as soon as the logo is set right.
     SaveSetting(setting::LogoFile, {});
     PrintJobCard(7);
-    QCOMPARE(desk.jobs, 1);
+    QCOMPARE(desk.printer.jobs(), 1);
 }
 
 void PrintJobCardTest::aCardThatIsGoneFailsThePrint()
 {
     PrintDesk desk;
-    EXPECT_FAULT(Fault::NoCurrentRecord, PrintJobCard(9));
-    QCOMPARE(desk.jobs, 0);
+    try {
+        PrintJobCard(9);
+        QFAIL("it was printed");
+    } catch (const RuntimeError &error) {
+        QCOMPARE(error.fault(), Fault::NoCurrentRecord);
+        QVERIFY(error.canGoOn());
+    }
+    QCOMPARE(desk.printer.jobs(), 0);
+}
+
+void PrintJobCardTest::aPrintThatHasNoRoomTakesNothingFromTheCard()
+{
+    PrintDesk desk;
+    SaveSetting(setting::PrintAfterSave, u"1"_s);
+    ModalScript script;
+    script.expect(u"frmEditJOB"_s, [&](QWidget &screen) {
+        control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
+        script.expect(u"frmAddItem"_s, [](QWidget &item) {
+            driver::type(u"coat"_s);
+            press(Qt::Key_Return);
+            control<QLineEdit>(item, "txtRemark").setText(QString(50000, u'x'));
+            accessKey('o');
+        });
+        accessKey('a');
+        script.expect(u"frmMsg"_s, [&desk](QWidget &) {
+            desk.connection.define(u"PRAGMA max_page_count = "_s + desk.lines(u"PRAGMA page_count"_s).first());
+            press(Qt::Key_Return);
+        });
+        script.expectBox(u"There is not enough space on the disk.\n\n"_s + desk.path());
+        accessKey('s');
+        QCOMPARE(screen.windowTitle(), u"Edit JOB Card"_s);
+        press(Qt::Key_Escape);
+    });
+    frmEditJOB().ShowAddNew();
+    QVERIFY(script.isDone());
+    QCOMPARE(desk.printer.jobs(), 0);
+    QCOMPARE(desk.count(u"JOBS"_s), 1);
 }
 
 void PrintJobCardTest::theSettingDecidesTheWay_data()
@@ -243,7 +259,7 @@ void PrintJobCardTest::theSettingDecidesTheWay()
         script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
     PrintJobCard(7);
     QVERIFY(script.isDone());
-    QCOMPARE(desk.jobs, jobs);
+    QCOMPARE(desk.printer.jobs(), jobs);
 }
 
 void PrintJobCardTest::theCommandPrintsASavedCardOnly()
@@ -253,13 +269,13 @@ void PrintJobCardTest::theCommandPrintsASavedCardOnly()
     ModalScript script;
     script.expect(u"frmEditJOB"_s, [&desk](QWidget &) {
         accessKey('p');
-        QCOMPARE(desk.jobs, 0);
+        QCOMPARE(desk.printer.jobs(), 0);
         press(Qt::Key_Escape);
     });
     frmEditJOB().ShowAddNew();
     script.expect(u"frmEditJOB"_s, [&desk](QWidget &) {
         accessKey('p');
-        QCOMPARE(desk.jobs, 1);
+        QCOMPARE(desk.printer.jobs(), 1);
         press(Qt::Key_Escape);
     });
     bool deleted = false;
@@ -281,7 +297,7 @@ void PrintJobCardTest::aNewCardIsPrintedAfterItsSaveIfWanted()
     bool deleted = false;
     frmEditJOB().ShowEdit(7, deleted);
     // An edit never prints by itself.
-    QCOMPARE(desk.jobs, 0);
+    QCOMPARE(desk.printer.jobs(), 0);
 
     script.expect(u"frmEditJOB"_s, [](QWidget &screen) {
         control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
@@ -296,7 +312,7 @@ void PrintJobCardTest::aNewCardIsPrintedAfterItsSaveIfWanted()
     });
     script.expectMessage(u"New Job Created."_s);
     frmEditJOB().ShowAddNew();
-    QCOMPARE(desk.jobs, 1);
+    QCOMPARE(desk.printer.jobs(), 1);
     QCOMPARE(desk.lines(u"Select JobID from tmpHead"_s), QStringList{u"8"_s});
 }
 

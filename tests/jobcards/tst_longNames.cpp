@@ -7,6 +7,7 @@
 #include "masters/frmEditWorker.h"
 #include "masters/frmSearchClient.h"
 #include "production/frmDDP.h"
+#include "production/frmEditWorkerAssign.h"
 #include "store/lookups.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
@@ -28,6 +29,7 @@ namespace {
 
 constexpr int client = 5;
 constexpr int worker = 6;
+constexpr int assignedRow = 2;
 
 using Opener = void (*)(ModalScript &script, const ModalScript::Action &look);
 
@@ -61,6 +63,12 @@ void editRow(ModalScript &script, const ModalScript::Action &look)
     frmAddItem().EditItemDetails(rows, client, 1, cancelled);
 }
 
+void assign(ModalScript &script, const ModalScript::Action &look)
+{
+    script.expect(u"frmEditWorkerAssign"_s, look);
+    frmEditWorkerAssign().ShowEdit(assignedRow);
+}
+
 void editCard(ModalScript &script, const ModalScript::Action &look)
 {
     onCard(script, 1, look);
@@ -83,6 +91,7 @@ void LongNamesTest::noScreenIsWidenedByANameThatItShows_data()
     QTest::newRow("forecast") << Opener(showList<frmDDP>);
     QTest::newRow("row") << Opener(editRow);
     QTest::newRow("card") << Opener(editCard);
+    QTest::newRow("assignment") << Opener(assign);
 }
 
 void LongNamesTest::noScreenIsWidenedByANameThatItShows()

@@ -47,23 +47,7 @@ struct Workshop : TestShop {
         addAccount(u"Mohan"_s, {}, 1);
         addAccount(u"Sita"_s, {}, 1);
         addItem(u"Coat"_s, u"Chest"_s, 900, 300);
-        addJob(1);
-    }
-
-    void addJob(int number)
-    {
-        Recordset jobs(connection);
-        jobs.open(u"Select * from JOBS"_s);
-        jobs.addNew();
-        jobs.set(u"Id", number);
-        jobs.set(u"ClintID", client);
-        for (const QStringView date : {u"DATE", u"DeliveryDate", u"TrialDate", u"ClientDeliveryDate"})
-            jobs.set(date, booked);
-        for (const QStringView column : {u"AmountDue", u"AmountPaid", u"JobFinished", u"Status"})
-            jobs.set(column, 0);
-        for (const QStringView text : {u"ClintName", u"Remark", u"CancelReason"})
-            jobs.set(text, QString());
-        jobs.update();
+        addJob({.number = 1});
     }
 
     [[nodiscard]] QString row(int number)
@@ -183,7 +167,7 @@ void AssignmentTest::theLastDeliveryClosesTheJob()
     shop.addJobRow({.client = client});
     if (stockBeside)
         shop.addJobRow({.client = client, .status = stockStatus, .inventory = true});
-    shop.addJob(2);
+    shop.addJob({.number = 2});
     shop.addJobRow({.job = 2, .client = client});
     const QString open = u"01-Apr-2011|01-Apr-2011|0"_s;
     if (!stockBeside) {
@@ -199,7 +183,7 @@ void AssignmentTest::theLastDeliveryClosesTheJob()
     QCOMPARE(shop.job(2), open);
 
     // A job of bought goods alone: none is to be made and none delivered.
-    shop.addJob(3);
+    shop.addJob({.number = 3});
     shop.addJobRow({.job = 3, .client = client, .inventory = true});
     const int last = shop.count(u"Jobs_Detail"_s);
     QCOMPARE(assignment::save(last, given(assignment::noWorker(), 0)), Saved::Yes);

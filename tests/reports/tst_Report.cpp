@@ -340,6 +340,8 @@ void ReportTest::aPdfHoldsTheTextsAndIsWrittenWholeOrNotAtAll()
     const ReportPages pages = *layOut(report, desk.source);
     const QString file = desk.folder.filePath(u"report.pdf"_s);
     QCOMPARE(pages.savePdf(file), ReportPages::Drawn::Whole);
+    constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QCOMPARE(QFile::permissions(file) & others, QFile::Permissions());
     const QStringList read = pdfText(file);
     QCOMPARE(read.size(), 2);
     QVERIFY(read.first().contains(u"Client 1\n"_s));

@@ -1,5 +1,6 @@
 #include "reports/ReportPreview.h"
 
+#include "base/safeFile.h"
 #include "devices/printer.h"
 #include "reports/PageView.h"
 #include "reports/reportOutput.h"
@@ -192,6 +193,16 @@ void ReportPreviewTest::aPdfIsSavedWhereTheUserSays()
     {
         ModalScript script;
         script.expect(u"QFileDialog"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        accessKey('s');
+    }
+    {
+        const UnfinishedFile other(folder.filePath(u"taken.pdf"_s));
+        ModalScript script;
+        script.expect(u"QFileDialog"_s, answerWith(folder.filePath(u"taken"_s)));
+        QVERIFY(driver::waitActive(preview));
+        script.expectMessage(u"The PDF file cannot be written there!\r\n"_s
+            + QDir::toNativeSeparators(folder.filePath(u"taken.pdf"_s))
+            + u"\r\nThe file is in use by another program."_s);
         accessKey('s');
     }
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);

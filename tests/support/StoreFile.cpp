@@ -89,6 +89,23 @@ void StoreFile::addJobRow(const JobRow &row)
     rows.update();
 }
 
+void StoreFile::addJob(const Job &job)
+{
+    Recordset jobs(connection);
+    jobs.open(u"Select * from JOBS where id=0"_s);
+    jobs.addNew();
+    jobs.set(u"Id", job.number);
+    jobs.set(u"ClintID", job.client);
+    jobs.set(u"appeared", job.appeared);
+    for (const QStringView date : {u"DATE", u"DeliveryDate", u"TrialDate", u"ClientDeliveryDate"})
+        jobs.set(date, job.date);
+    for (const QStringView number : {u"AmountDue", u"AmountPaid", u"JobFinished", u"Status"})
+        jobs.set(number, 0);
+    for (const QStringView text : {u"ClintName", u"Remark", u"CancelReason"})
+        jobs.set(text, QString());
+    jobs.update();
+}
+
 QStringList StoreFile::lines(const QString &statement)
 {
     QStringList lines;

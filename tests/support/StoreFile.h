@@ -29,6 +29,14 @@ struct StoreFile {
         bool inventory = false;
     };
     void addJobRow(const JobRow &row);
+    /// What a test needs to say of a job card. All that is dated on it is so on that day.
+    struct Job {
+        int number = 1;
+        int client = 5;
+        QDate date = {2011, 4, 1};
+        int appeared = 0;
+    };
+    void addJob(const Job &job);
     /// Each row of a statement as one text, columns joined by "|"; Null is empty.
     [[nodiscard]] QStringList lines(const QString &statement);
     [[nodiscard]] int count(const QString &table);

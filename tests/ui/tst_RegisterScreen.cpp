@@ -88,6 +88,7 @@ private slots:
     void theRowIsTheOneBeforeTheQuestion();
     void aRowWithoutATagAnswersToNothing();
     void theMenuOfARowOpensByMouseAndKey();
+    void aTextIsFoundInAnyColumn();
     void whatTheUserLooksAtStays();
     void listsFillThemselvesWhenTold_data();
     void listsFillThemselvesWhenTold();
@@ -138,6 +139,43 @@ void RegisterTest::aRowWithoutATagAnswersToNothing()
         QVERIFY(!(ListRow{.tag = none}.hasTag()));
     for (const QVariant &some : {QVariant(7), QVariant(u"12|1"_s), QVariant(u"0"_s)})
         QVERIFY((ListRow{.tag = some}.hasTag()));
+}
+
+void RegisterTest::aTextIsFoundInAnyColumn()
+{
+    GarmentScreen screen;
+    QVERIFY(driver::show(screen));
+    // Garments 25 to 1, the odd ones completed, and the closing rows.
+    screen.fillTo(25, GarmentScreen::Keep::First);
+    screen.list.setFocus();
+    const auto found = [&screen] { return screen.list.currentTag().toInt(); };
+    const auto told = [&screen] { return screen.findChild<QWidget *>(u"lblFound"_s)->isVisible(); };
+    driver::press(Qt::Key_L, Qt::ControlModifier);
+    driver::type(u"DELI"_s);
+    QCOMPARE(found(), 24);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(found(), 22);
+    driver::press(Qt::Key_Up);
+    driver::press(Qt::Key_Up);
+    QCOMPARE(found(), 2);
+    QVERIFY(!told());
+    driver::type(u"x"_s);
+    QVERIFY(told());
+    QCOMPARE(found(), 2);
+    // Escape leaves the search first, and the list goes on from the line found.
+    driver::press(Qt::Key_Escape);
+    QVERIFY(screen.isVisible());
+    QVERIFY(screen.list.hasFocus());
+    driver::press(Qt::Key_L, Qt::ControlModifier);
+    driver::type(u"garment 1"_s);
+    QCOMPARE(found(), 1);
+    driver::press(Qt::Key_Down);
+    QCOMPARE(found(), 19);
+    driver::press(Qt::Key_Escape);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(screen.noted, QStringList{u"opened 19"_s});
+    driver::press(Qt::Key_Escape);
+    QVERIFY(!screen.isVisible());
 }
 
 void RegisterTest::theMenuOfARowOpensByMouseAndKey()

@@ -2,6 +2,7 @@
 #include "base/session.h"
 #include "support/ModalScript.h"
 #include "support/expectFault.h"
+#include "support/languageFile.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/Command.h"
@@ -17,8 +18,6 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTreeView>
-
-#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -124,12 +123,7 @@ void MessageTest::hindiIsLookedUpByTheEnglishText()
 {
     const QTemporaryDir folder;
     session::ProgramFolder = folder.path();
-    sqlite3 *file = nullptr;
-    QCOMPARE(sqlite3_open(qPrintable(folder.filePath(u"Lang.mdb"_s)), &file), SQLITE_OK);
-    const char *const content = "create table messages (EngMessage, HindiMessage);"
-                                "insert into messages values ('Cant''t Delete!', 'gVk;k ugha tk ldrk')";
-    QCOMPARE(sqlite3_exec(file, content, nullptr, nullptr, nullptr), SQLITE_OK);
-    sqlite3_close(file);
+    writeLanguageFile(folder.path(), {{u"Cant't Delete!"_s, u"gVk;k ugha tk ldrk"_s}});
 
     const auto shown = [](const QString &text, const QString &expected, const QString &font, const QString &ok) {
         ModalScript script;

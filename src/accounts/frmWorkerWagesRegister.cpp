@@ -1,0 +1,242 @@
+#include "accounts/frmWorkerWagesRegister.h"
+
+#include "accounts/payrolls.h"
+#include "accounts/wagesList.h"
+#include "base/session.h"
+#include "base/values.h"
+#include "production/frmEditWorkerAssign.h"
+#include "store/DataEnvironment.h"
+#include "store/codes.h"
+#include "store/itemRows.h"
+#include "store/lookups.h"
+#include "ui/Command.h"
+#include "ui/ListView.h"
+#include "ui/PeriodFields.h"
+#include "ui/accountCombo.h"
+#include "ui/complain.h"
+#include "ui/entryKeys.h"
+#include "ui/formFields.h"
+#include "ui/frmMsg.h"
+#include "ui/kvComboBox.h"
+#include "ui/modAutoSearch.h"
+#include "ui/platformBox.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int workerLetters = 22;
+
+QRadioButton *option(const QString &name, const QString &caption)
+{
+    auto *button = new QRadioButton(caption);
+    button->setObjectName(name);
+    return button;
+}
+
+double amountIn(const ListRow &row, wagesList::Column column)
+{
+    return Val(row.cells.at(column));
+}
+
+} // namespace
+
+frmWorkerWagesRegister::frmWorkerWagesRegister()
+    : RegisterScreen(u"frmWorkerWagesRegister"_s, u"WAGES REGISTER"_s, Refresh::WhenNeeded)
+{
+    buildForm();
+    connectCommands();
+    m_period->setShopDefault();
+    fillWithTitles(*cmbClient, u" where type="_s + QString::number(accountType::Worker));
+    session::NeedRefresh = true;
+}
+
+void frmWorkerWagesRegister::buildForm()
+{
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(buildQuery());
+    whole->addLayout(buildLists(), 1);
+    whole->addLayout(buildCommands());
+    resize(1140, 640);
+
+    chainTabs(QList<QWidget *>{cmbClient} + m_period->fields()
+        + QList<QWidget *>{op1, op2, op3, cmdView, lvSummary, lvDetails, Image1, cmdDetails, cmdPrint, cmdPayroll});
+}
+
+QLayout *frmWorkerWagesRegister::buildQuery()
+{
+    cmbClient = accountCombo(u"cmbClient"_s);
+    cmbClient->setMinimumContentsLength(workerLetters);
+    m_period = new PeriodFields;
+    op1 = option(u"op1"_s, u"View : All"_s);
+    op2 = option(u"op2"_s, u"View : Paid"_s);
+    op3 = option(u"op3"_s, u"View : Unpaid"_s);
+    op1->setChecked(true);
+    cmdView = new Command(u"cmdView"_s, u"&View"_s);
+    cmdView->setDefault(true);
+    auto *row = new QHBoxLayout;
+    row->addWidget(captionOf(cmbClient, u"&Worker :"_s));
+    row->addWidget(cmbClient);
+    row->addSpacing(12);
+    row->addWidget(m_period);
+    row->addSpacing(12);
+    for (QRadioButton *button : {op1, op2, op3})
+        row->addWidget(button);
+    row->addStretch();
+    row->addWidget(cmdView);
+    return row;
+}
+
+QLayout *frmWorkerWagesRegister::buildLists()
+{
+    lvSummary = new ListView(u"lvSummary"_s, wagesList::columns(u"Qty"_s));
+    lvSummary->setAccessibleName(windowTitle());
+    setRegister(lvSummary);
+    lvDetails = new ListView(u"lvDetails"_s, {{u"Name of Item"_s, 70}, {u"QNT"_s, 30, true}});
+    lvDetails->setAccessibleName(u"Pieces of each item"_s);
+    Image1 = new Command(u"Image1"_s, u"Hide Details"_s);
+    picDetails = new QWidget;
+    picDetails->setObjectName(u"picDetails"_s);
+    picDetails->setFixedWidth(280);
+    auto *panel = new QVBoxLayout(picDetails);
+    panel->setContentsMargins({});
+    panel->addWidget(lvDetails, 1);
+    panel->addWidget(Image1, 0, Qt::AlignRight);
+    picDetails->hide();
+    auto *row = new QHBoxLayout;
+    row->addWidget(lvSummary, 1);
+    row->addWidget(picDetails);
+    return row;
+}
+
+QLayout *frmWorkerWagesRegister::buildCommands()
+{
+    cmdDetails = new Command(u"cmdDetails"_s, u"Details"_s);
+    lblPayroll = new QLabel;
+    lblPayroll->setObjectName(u"lblPayroll"_s);
+    cmdPrint = new Command(u"cmdPrint"_s, u"&Print Report"_s);
+    cmdPayroll = new Command(u"cmdPayroll"_s, u"&Create Payroll"_s);
+    auto *row = new QHBoxLayout;
+    row->addWidget(cmdDetails);
+    row->addSpacing(12);
+    row->addWidget(lblPayroll, 1);
+    row->addWidget(cmdPrint);
+    row->addWidget(cmdPayroll);
+    return row;
+}
+
+void frmWorkerWagesRegister::connectCommands()
+{
+    connect(cmbClient, &kvComboBox::keyPress, this, [this](int &key) {
+        if (key != keys::Enter)
+            return;
+        key = keys::Swallowed;
+        cmdView->trigger();
+    });
+    connect(cmdView, &Command::clicked, this, &frmWorkerWagesRegister::view);
+    connect(cmdPayroll, &Command::clicked, this, &frmWorkerWagesRegister::createPayroll);
+    connect(cmdPrint, &Command::clicked, this,
+        [this] { wagesList::print(lvSummary->list(), cmbClient->Text(), u" x  "_s); });
+    connect(cmdDetails, &Command::clicked, this, [this] {
+        picDetails->show();
+        lvDetails->setFocus(Qt::OtherFocusReason);
+    });
+    connect(Image1, &Command::clicked, this, [this] {
+        lvSummary->setFocus(Qt::OtherFocusReason);
+        picDetails->hide();
+    });
+}
+
+void frmWorkerWagesRegister::view()
+{
+    if (!m_period->isUsable())
+        return;
+    session::NeedRefresh = true;
+    ExecuteSQL();
+}
+
+void frmWorkerWagesRegister::ExecuteSQL()
+{
+    const bool isChosen = SelectComboEntry(*cmbClient) >= 0;
+    const auto worker = isChosen ? findAccountID(cmbClient->Text()) : std::nullopt;
+    if (!worker) {
+        showRows({}, Keep::First);
+        return tellWhatAPayrollPosts();
+    }
+    buildStatement(*worker);
+    showRows(wagesList::read(WagesSQL), Keep::Place);
+    session::NeedRefresh = false;
+    m_pieces = itemRows::quantityByItem(DE().CN, *worker, m_period->from(), m_period->to(), true);
+    fillDetails();
+    tellWhatAPayrollPosts();
+}
+
+void frmWorkerWagesRegister::buildStatement(qint32 worker)
+{
+    ViewIsUnpaid = op3->isChecked();
+    const QString head = op1->isChecked() ? u"Select * from JOBS_Detail where WorkerID="_s
+        : op2->isChecked()                ? u"Select * from JOBS_Detail where MarkAsPaid>0 and WorkerID="_s
+                                          : u"Select * from JOBS_Detail where MarkAsPaid=0 and WorkerID="_s;
+    WagesSQL = head + QString::number(worker) + u"and date "_s + m_period->between()
+        + u" and  DoneByWorker>0  order by date,id"_s;
+}
+
+void frmWorkerWagesRegister::fillDetails()
+{
+    std::vector<ListRow> rows;
+    Recordset &items = DE().rsITEMS;
+    items.reopen(u"Select * from Items order by Name"_s);
+    for (; !items.eof(); items.moveNext()) {
+        const qint32 pieces = GetItemWiseDetails(Int16(items.integer(u"ID")));
+        if (pieces > 0)
+            rows.push_back({.cells = {items.text(u"Name"), QString::number(pieces)}});
+    }
+    items.close();
+    lvDetails->list().setRows(std::move(rows));
+}
+
+qint32 frmWorkerWagesRegister::GetItemWiseDetails(qint16 itemID) const
+{
+    return Int32(static_cast<double>(m_pieces.value(itemID)));
+}
+
+void frmWorkerWagesRegister::tellWhatAPayrollPosts()
+{
+    const std::vector<ListRow> &rows = lvSummary->list().rows();
+    if (!ViewIsUnpaid || rows.empty())
+        return lblPayroll->clear();
+    lblPayroll->setText(
+        u"A payroll pays these %1 jobs. Their wages come to %2; it posts %3, the last one's."_s.arg(rows.size())
+            .arg(rows.back().cells.at(wagesList::Balance), rows.back().cells.at(wagesList::Wages)));
+}
+
+void frmWorkerWagesRegister::openRow(const ListRow &row)
+{
+    frmEditWorkerAssign().ShowEdit(row.tag.toInt());
+}
+
+void frmWorkerWagesRegister::createPayroll()
+{
+    if (!ViewIsUnpaid)
+        return ShowMessage(u"Select Unpaid jobs only!"_s);
+    if (!m_period->isUsable() || !requireEntry(*cmbClient, u"Please select Worker!"_s))
+        return;
+    const std::vector<ListRow> &rows = lvSummary->list().rows();
+    if (rows.empty())
+        return ShowMessage(u"No job found to make payroll for this worker!"_s);
+    if (amountIn(rows.back(), wagesList::Balance) == 0)
+        return platformBox::show(u"Balance is 0"_s);
+    payrolls::Payroll payroll{.worker = cmbClient->Text(),
+        .amount = amountIn(rows.back(), wagesList::Wages),
+        .from = m_period->from(),
+        .to = m_period->to()};
+    for (const ListRow &row : rows)
+        payroll.rowIDs.push_back(row.tag.toInt());
+    payrolls::create(payroll);
+    ExecuteSQL();
+    platformBox::show(u"Payroll Created."_s);
+}

@@ -1,0 +1,72 @@
+#include "production/printAssignment.h"
+
+#include "base/RuntimeError.h"
+#include "base/session.h"
+#include "production/rowGone.h"
+#include "reports/ReportFlow.h"
+#include "reports/ReportPreview.h"
+#include "reports/qrCode.h"
+#include "reports/rptLabel.h"
+#include "reports/rptWorkerJobCard.h"
+#include "store/DataEnvironment.h"
+#include "store/settings.h"
+#include "ui/frmMsg.h"
+#include "ui/language.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isHindiSlip()
+{
+    return GetSetting(setting::Language) == u"Hindi" && GetSetting(setting::HindiSlip) == u"Yes";
+}
+
+void putInHindi(ReportSection &section)
+{
+    try {
+        LanguageTable table;
+        for (ReportControl &control : section.controls()) {
+            if (control.kind != ReportControl::Kind::Label)
+                continue;
+            if (const auto hindi = table.hindi(control.text)) {
+                control.text = *hindi;
+                control.family = hindiFamily();
+            }
+        }
+    } catch (const RuntimeError &error) {
+        ShowMessage(error.text() + u"\r\n"_s + error.source());
+    }
+}
+
+void preview(Report report, QStringView companySection, qint32 rowID)
+{
+    Recordset &row = DE().rsJOBS_DETAIL;
+    row.reopen(u"Select * from JOBS_DETAIL where id="_s + QString::number(rowID));
+    if (row.eof()) {
+        row.close();
+        return tellRowGone();
+    }
+    report.section(companySection).setText(u"lblCompany", session::ShopName);
+    report.section(u"Section1").control(u"code").picture =
+        qrCode(u"%1/%2"_s.arg(row.integer(u"JobID")).arg(row.integer(u"ItemSr")));
+    const auto pages = layOut(report, row);
+    row.close();
+    if (pages)
+        ReportPreview(*pages).exec();
+}
+
+} // namespace
+
+void printAssignment::slip(qint32 rowID)
+{
+    Report report = rptWorkerJobCard();
+    if (isHindiSlip())
+        putInHindi(report.section(u"Section1"));
+    preview(std::move(report), u"Section2", rowID);
+}
+
+void printAssignment::label(qint32 rowID)
+{
+    preview(rptLabel(), u"Section1", rowID);
+}

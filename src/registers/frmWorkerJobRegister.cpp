@@ -1,0 +1,575 @@
+#include "registers/frmWorkerJobRegister.h"
+
+#include "accounts/frmAccountBook.h"
+#include "base/balanceText.h"
+#include "base/session.h"
+#include "base/values.h"
+#include "comms/modSMS.h"
+#include "masters/frmSearchClient.h"
+#include "production/assignment.h"
+#include "production/frmEditWorkerAssign.h"
+#include "production/frmWorkerReport2.h"
+#include "production/itemRowMarks.h"
+#include "registers/dueLook.h"
+#include "registers/itemRowCells.h"
+#include "registers/openJobCard.h"
+#include "store/DataEnvironment.h"
+#include "store/codes.h"
+#include "store/itemRows.h"
+#include "store/lookups.h"
+#include "ui/Command.h"
+#include "ui/ListView.h"
+#include "ui/NameLabel.h"
+#include "ui/PeriodFields.h"
+#include "ui/accountCombo.h"
+#include "ui/boxType.h"
+#include "ui/complain.h"
+#include "ui/entryKeys.h"
+#include "ui/formFields.h"
+#include "ui/frmMsg.h"
+#include "ui/kvComboBox.h"
+#include "ui/kvTextBox.h"
+#include "ui/listFilter.h"
+#include "ui/modAutoSearch.h"
+#include "ui/platformBox.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+namespace column {
+enum { Date, Job, Client, Quantity, Item, Remark, Delivery, Worker, Cutting, Status, Location, Balance, Count };
+}
+
+const auto all = u"*All"_s;
+const auto assigned = u"Assigned"_s;
+const auto notAssigned = u"Not Assigned"_s;
+const auto cuttingDone = u"Cutting Done"_s;
+const auto cuttingNotDone = u"Cutting Not Done"_s;
+const auto nobody = u"-1000"_s;
+const auto noWorkerChosen = u"Please Select Worker Name!"_s;
+const auto rowGone = u"This item is no longer on its job card!"_s;
+const auto cardGone = u"Job Card not found!"_s;
+constexpr size_t closingRows = 2;
+
+QStringList conditions()
+{
+    QStringList words{all};
+    for (const int status : {rowStatus::Completed, rowStatus::Uncompleted, rowStatus::Delivered, rowStatus::Alteration,
+             rowStatus::Canceled})
+        words += rowStatus::word(status);
+    return words + QStringList{assigned, notAssigned, cuttingDone, cuttingNotDone};
+}
+
+std::vector<ListColumn> columns()
+{
+    return {{u"Date"_s, 8.2}, {u"JOB ID"_s, 5.2}, {u"Client Name"_s, 11}, {u"Qty"_s, 3.4, true}, {u"Item Name"_s, 9},
+        {u"Remark"_s, 6.6}, {u"Del. Date"_s, 14.8}, {u"Worker Name"_s, 9.2}, {u"Cutting"_s, 6.6}, {u"Status"_s, 11},
+        {u"Location"_s, 6.4}, {u"Balance"_s, 8.6, true}};
+}
+
+void closeWithTotal(std::vector<ListRow> &rows)
+{
+    closeWithCount(rows,
+        {.columns = column::Count,
+            .column = column::Client,
+            .words = u"Total JOBS : "_s,
+            .looks = {{column::Client, {.bold = true}}}});
+}
+
+void keepStatus(std::vector<ListRow> &rows, const QString &word)
+{
+    keepRows(rows, column::Status, [&word](const QString &text) { return text == word; });
+    closeWithTotal(rows);
+}
+
+void keepCutting(std::vector<ListRow> &rows, const QString &word)
+{
+    const QString kept = cutting::word(word == cuttingDone ? cutting::Done : cutting::NotDone);
+    keepRows(rows, column::Cutting, [&kept](const QString &text) { return text == kept; });
+    closeWithTotal(rows);
+}
+
+void keepAssigned(std::vector<ListRow> &rows, const QString &word)
+{
+    const bool wanted = word == assigned;
+    keepRows(
+        rows, column::Worker, [wanted](const QString &worker) { return (worker != assignment::noWorker()) == wanted; });
+    keepRows(rows, column::Job, [](const QString &job) { return job != u" "_s; });
+    closeWithTotal(rows);
+}
+
+void keepCondition(std::vector<ListRow> &rows, const QString &word)
+{
+    if (word == all)
+        return;
+    if (word == assigned || word == notAssigned)
+        return keepAssigned(rows, word);
+    if (word == cuttingDone || word == cuttingNotDone)
+        return keepCutting(rows, word);
+    keepStatus(rows, word);
+}
+
+QRadioButton *option(const QString &name, const QString &caption)
+{
+    auto *button = new QRadioButton(caption);
+    button->setObjectName(name);
+    return button;
+}
+
+/// Two options of which one is on, the first to begin with.
+QLayout *eitherOf(QRadioButton *first, QRadioButton *second)
+{
+    auto *group = new QButtonGroup(first);
+    group->addButton(first);
+    group->addButton(second);
+    first->setChecked(true);
+    auto *row = new QHBoxLayout;
+    row->addWidget(first);
+    row->addWidget(second);
+    return row;
+}
+
+/// No account's number.
+constexpr qint32 nobodysID = -1;
+
+QString contactOfRow(const ListRow &row, const QString &column)
+{
+    Recordset record(DE().CN);
+    record.open(u"Select * from JOBS_DETAIL where id="_s + QString::number(row.tag.toInt()));
+    return record.eof() ? QString() : GetContactLine(Int16(record.integer(column)));
+}
+
+/// "10-Apr-2011 (-3 D)".
+QString daysLeft(QDate promised)
+{
+    return u"%1 (%2 D)"_s.arg(DayMonthYear(promised)).arg(session::CurrentDate.daysTo(promised));
+}
+
+QString cuttingWord(const Recordset &record)
+{
+    return record.isNull(u"CuttingStatus") ? QString() : cutting::word(record.integer(u"CuttingStatus"));
+}
+
+/// Balances of clients at the working date, each worked out once.
+class Balances {
+public:
+    const QString &of(int client)
+    {
+        auto known = m_texts.find(client);
+        if (known == m_texts.end())
+            known = m_texts.insert(client, balanceText::inRegister(GetAccountBalance(client, session::CurrentDate)));
+        return *known;
+    }
+
+private:
+    QHash<int, QString> m_texts;
+};
+
+ListRow rowOf(const Recordset &record, Balances &balances)
+{
+    const int client = record.integer(u"ClintID");
+    const int status = record.integer(u"DoneByWorker");
+    const QDate promised = record.date(u"JobDelDate");
+    ListRow row;
+    row.tag = record.integer(u"Id");
+    row.cells.reserve(column::Count);
+    row.cells << DayMonthYear(record.date(u"Date")) << itemRowCells::job(record) << titleOrBlank(client)
+              << QString::number(record.integer(u"QNT")) << itemNameOrBlank(record.integer(u"ItemID"))
+              << record.textOrEmpty(u"Remarks") << daysLeft(promised)
+              << itemRowCells::worker(record.integer(u"WorkerID")) << cuttingWord(record) << rowStatus::word(status)
+              << (record.isNull(u"Loc") ? u" "_s : record.text(u"Loc")) << balances.of(client);
+    if (itemRowCells::isOpen(status))
+        row.looks.emplace_back(column::Delivery, dueLook(promised));
+    row.looks.emplace_back(column::Status, CellLook{.icon = itemRowCells::statusSign(status)});
+    return row;
+}
+
+int jobNumber(const ListRow &row)
+{
+    return Int32(Val(row.cells.value(column::Job)));
+}
+
+} // namespace
+
+frmWorkerJobRegister::frmWorkerJobRegister()
+    : RegisterScreen(u"frmWorkerJobRegister"_s, u"JOB Register"_s, Refresh::WhenNeeded), mode(u"C"_s)
+{
+    buildForm();
+    connectCommands();
+    setMarks();
+    m_period->setShopDefault();
+    fillWorkers();
+    setComboText(*cmbClient, all);
+    ExecuteSQL();
+    lvSummary->setFocus();
+}
+
+void frmWorkerJobRegister::buildForm()
+{
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(buildQuery());
+    whole->addLayout(buildSearch());
+    whole->addLayout(buildLists(), 1);
+    whole->addLayout(buildCommands());
+    resize(1320, 680);
+
+    chainTabs(m_period->fields()
+        + QList<QWidget *>{opDt1, opDt2, OpInc, OpDesc, cmbClient, cmbCondition, txtSearchID, lvSummary, lvDetails,
+            Image1, Command1, Command3, Command8, Command4});
+}
+
+QLayout *frmWorkerJobRegister::buildQuery()
+{
+    m_period = new PeriodFields;
+    opDt1 = option(u"opDt1"_s, u"Find Range : Job Date"_s);
+    opDt2 = option(u"opDt2"_s, u"Find Range : Delivery  Date"_s);
+    OpInc = option(u"OpInc"_s, u"Increasing order"_s);
+    OpDesc = option(u"OpDesc"_s, u"Decreasing order"_s);
+    auto *row = new QHBoxLayout;
+    row->addWidget(m_period);
+    row->addSpacing(18);
+    row->addLayout(eitherOf(opDt1, opDt2));
+    row->addSpacing(18);
+    row->addLayout(eitherOf(OpInc, OpDesc));
+    row->addStretch();
+    return row;
+}
+
+QLayout *frmWorkerJobRegister::buildSearch()
+{
+    cmbClient = accountCombo(u"cmbClient"_s);
+    cmbClient->setMinimumContentsLength(20);
+    cmbCondition = new kvComboBox(u"cmbCondition"_s);
+    cmbCondition->setEditable(false);
+    cmbCondition->addItems(conditions());
+    txtSearchID = new kvTextBox(u"txtSearchID"_s, boxType::Plain);
+    txtSearchID->setAutoTab(false);
+    txtSearchID->setMaximumWidth(120);
+    lblListed = new NameLabel(u"lblListed"_s);
+    auto *row = new QHBoxLayout;
+    row->addWidget(captionOf(cmbClient, u"&Worker :"_s));
+    row->addWidget(cmbClient);
+    row->addSpacing(18);
+    row->addWidget(captionOf(cmbCondition, u"&Sort :"_s));
+    row->addWidget(cmbCondition);
+    row->addSpacing(18);
+    row->addWidget(captionOf(txtSearchID, u"&Job ID #"_s));
+    row->addWidget(txtSearchID);
+    row->addSpacing(18);
+    row->addWidget(lblListed, 1);
+    return row;
+}
+
+QLayout *frmWorkerJobRegister::buildLists()
+{
+    lvSummary = new ListView(u"lvSummary"_s, columns());
+    lvSummary->setAccessibleName(windowTitle());
+    lvSummary->list().setToolTips([](const ListRow &row, int cell) {
+        return cell == column::Client ? contactOfRow(row, u"ClintID"_s)
+            : cell == column::Worker  ? contactOfRow(row, u"WorkerID"_s)
+                                      : QString();
+    });
+    setRegister(lvSummary);
+
+    lvDetails = new ListView(u"lvDetails"_s, {{u"Name of Item"_s, 70}, {u"Qty"_s, 30, true}});
+    lvDetails->setAccessibleName(u"Pieces of each item"_s);
+    Image1 = new Command(u"Image1"_s, u"Hide Details"_s);
+    picDetails = new QWidget;
+    picDetails->setObjectName(u"picDetails"_s);
+    picDetails->setFixedWidth(280);
+    auto *panel = new QVBoxLayout(picDetails);
+    panel->setContentsMargins({});
+    panel->addWidget(lvDetails, 1);
+    panel->addWidget(Image1, 0, Qt::AlignRight);
+    picDetails->hide();
+
+    auto *row = new QHBoxLayout;
+    row->addWidget(lvSummary, 1);
+    row->addWidget(picDetails);
+    return row;
+}
+
+QLayout *frmWorkerJobRegister::buildCommands()
+{
+    Command1 = new Command(u"Command1"_s, u"&Details"_s);
+    Command3 = new Command(u"Command3"_s, u"&Overview"_s);
+    Command8 = new Command(u"Command8"_s, u"&Quick Find"_s);
+    Command4 = new Command(u"Command4"_s, u"&View"_s);
+    Command4->setDefault(true);
+    auto *row = new QHBoxLayout;
+    row->addWidget(Command1);
+    row->addWidget(Command3);
+    row->addStretch();
+    row->addWidget(Command8);
+    row->addWidget(Command4);
+    return row;
+}
+
+void frmWorkerJobRegister::connectCommands()
+{
+    const auto onEnter = [this](auto *field, void (frmWorkerJobRegister::*act)()) {
+        connect(field, &std::remove_pointer_t<decltype(field)>::keyPress, this, [this, act](int &key) {
+            if (key != keys::Enter)
+                return;
+            key = keys::Swallowed;
+            (this->*act)();
+        });
+    };
+    onEnter(cmbClient, &frmWorkerJobRegister::view);
+    onEnter(txtSearchID, &frmWorkerJobRegister::searchJob);
+    connect(txtSearchID, &kvTextBox::changed, this, [this] {
+        if (txtSearchID->Text().isEmpty())
+            mode = u"C"_s;
+    });
+    connect(cmbCondition, &QComboBox::activated, this, &frmWorkerJobRegister::filterChosen);
+    connect(Command4, &Command::clicked, this, &frmWorkerJobRegister::view);
+    connect(Command8, &Command::clicked, this, &frmWorkerJobRegister::quickFind);
+    connect(Command1, &Command::clicked, this, &frmWorkerJobRegister::showDetails);
+    connect(Command3, &Command::clicked, this, &frmWorkerJobRegister::overview);
+    connect(Image1, &Command::clicked, this, [this] {
+        lvSummary->setFocus(Qt::OtherFocusReason);
+        picDetails->hide();
+    });
+    onKey(Qt::CTRL | Qt::Key_D, u"Details"_s, [this] { Command1->trigger(); });
+    onKey(Qt::CTRL | Qt::Key_F, u"Quick Find"_s, [this] { Command8->trigger(); });
+}
+
+void frmWorkerJobRegister::setMarks()
+{
+    const auto markWithLocation = [this](int status) {
+        return [this, status](const ListRow &row) {
+            const QString location = platformBox::askText(u"Please specify location!"_s, u"Kovrel"_s);
+            afterMark(itemRowMarks::status(row.tag.toInt(), status, session::CurrentDate, location), rowGone);
+        };
+    };
+    setRowActions({
+        {u"Mark Item as Cutting Done"_s, Qt::Key_F6, u"Mark Item as Cutting Done?"_s,
+            [this](const ListRow &row) { afterMark(itemRowMarks::cuttingDone(row.tag.toInt()), rowGone); }},
+        {u"Mark Item as Completed"_s, Qt::Key_F7, u"Mark Item as Completed?"_s, markWithLocation(rowStatus::Completed)},
+        {u"Mark Item as Alteration"_s, Qt::Key_unknown, u"Mark Item as Alteration?"_s,
+            markWithLocation(rowStatus::Alteration)},
+        {u"Mark Item as Delivered to Client"_s, Qt::Key_F8, u"Mark Item as Delivered to Client?"_s,
+            [this](const ListRow &row) {
+                afterMark(itemRowMarks::status(row.tag.toInt(), rowStatus::Delivered, session::CurrentDate), rowGone);
+            }},
+        {u"Job Card as Delivered to Client"_s, Qt::Key_unknown, u"Job Card as Delivered to Client?"_s,
+            [this](const ListRow &row) {
+                afterMark(itemRowMarks::jobDelivered(jobNumber(row), session::CurrentDate), cardGone);
+            }},
+        {},
+        {u"Open Job Card"_s, Qt::Key_F3, {}, [](const ListRow &row) { openJobCard(jobNumber(row)); }},
+        {u"Open Client Account"_s, Qt::Key_F2, {}, [this](const ListRow &row) { openAccount(row); }},
+    });
+}
+
+void frmWorkerJobRegister::ExecuteSQL()
+{
+    showRows(readRows(), Keep::First);
+}
+
+void frmWorkerJobRegister::RemoveUnwanted(const QString &word)
+{
+    keepFiltered([&word](std::vector<ListRow> &rows) { keepStatus(rows, word); });
+}
+
+void frmWorkerJobRegister::RemoveUnwanted2(const QString &word)
+{
+    keepFiltered([&word](std::vector<ListRow> &rows) { keepCutting(rows, word); });
+}
+
+void frmWorkerJobRegister::RemoveUnwanted3(const QString &word)
+{
+    keepFiltered([&word](std::vector<ListRow> &rows) { keepAssigned(rows, word); });
+}
+
+qint32 frmWorkerJobRegister::GetItemWiseDetails(qint16 itemID) const
+{
+    return Int32(static_cast<double>(m_pieces.value(itemID)));
+}
+
+qint32 frmWorkerJobRegister::GetItemWiseDetails2(qint16 itemID) const
+{
+    return GetItemWiseDetails(itemID);
+}
+
+void frmWorkerJobRegister::refill()
+{
+    filterChosen();
+}
+
+void frmWorkerJobRegister::filterChosen()
+{
+    std::vector<ListRow> rows = readRows();
+    keepCondition(rows, cmbCondition->currentText());
+    showRows(std::move(rows), Keep::Place);
+}
+
+void frmWorkerJobRegister::keepFiltered(const std::function<void(std::vector<ListRow> &rows)> &filter)
+{
+    std::vector<ListRow> rows = lvSummary->list().rows();
+    filter(rows);
+    showRows(std::move(rows), Keep::Tag);
+}
+
+void frmWorkerJobRegister::fillWorkers()
+{
+    fillWithTitles(*cmbClient, u" where type="_s + QString::number(accountType::Worker), all);
+}
+
+QString frmWorkerJobRegister::statement() const
+{
+    const QString rows = u"Select * from JOBS_Detail where isInventory=0 and "_s;
+    const QString order = u" order by "_s + dateColumn + u' ' + sortOrder + u", JobID"_s;
+    const QString period = m_period->between() + order;
+    if (mode == u"SID"_s)
+        return rows + u"JOBid="_s + NumberText(Val(txtSearchID->Text()));
+    if (mode == u"S"_s)
+        return rows + u"WorkerID="_s + QString::number(m_account) + u" and "_s + dateColumn + u"  "_s + period;
+    if (mode == u"CUST"_s)
+        return rows + u"ClintID="_s + QString::number(m_account) + u" and "_s + dateColumn + u' ' + period;
+    if (mode == u"CUSTUNDEL"_s)
+        return u"Select * from JOBS_Detail where  isInventory=0 and ClintID="_s + QString::number(m_account) + u' '
+            + order;
+    return rows + dateColumn + u' ' + period;
+}
+
+std::vector<ListRow> frmWorkerJobRegister::readRows()
+{
+    m_period->raiseLastToFirst();
+    dateColumn = opDt1->isChecked() ? u"Date"_s : u"JobDelDate"_s;
+    sortOrder = OpInc->isChecked() ? u"ASC"_s : u"DESC"_s;
+    m_account = findAccountID(mode == u"S"_s ? cmbClient->Text() : m_client).value_or(nobodysID);
+
+    Recordset &records = DE().rsJOBS_DETAIL;
+    records.reopen(statement());
+    std::vector<ListRow> rows;
+    rows.reserve(static_cast<size_t>(records.recordCount()) + closingRows);
+    Balances balances;
+    for (; !records.eof(); records.moveNext())
+        rows.push_back(rowOf(records, balances));
+    records.close();
+    closeWithTotal(rows);
+    fillDetails();
+    tellWhatIsListed();
+    session::NeedRefresh = false;
+    return rows;
+}
+
+void frmWorkerJobRegister::fillDetails()
+{
+    m_pieces.clear();
+    std::vector<ListRow> rows;
+    const bool isOfWorker = mode == u"S"_s;
+    if (isOfWorker || mode == u"C"_s) {
+        m_pieces = itemRows::quantityByItem(
+            DE().CN, isOfWorker ? std::optional(m_account) : std::nullopt, m_period->from(), m_period->to(), false);
+        Recordset &items = DE().rsITEMS;
+        items.reopen(u"Select * from Items order by Name"_s);
+        for (; !items.eof(); items.moveNext()) {
+            const qint16 id = Int16(items.integer(u"ID"));
+            const qint32 pieces = isOfWorker ? GetItemWiseDetails(id) : GetItemWiseDetails2(id);
+            if (pieces > 0)
+                rows.push_back({.cells = {items.text(u"Name"), QString::number(pieces)}});
+        }
+        items.close();
+    }
+    lvDetails->list().setRows(std::move(rows));
+}
+
+void frmWorkerJobRegister::tellWhatIsListed()
+{
+    const QString period = u", %1 %2 to %3"_s.arg(opDt1->isChecked() ? u"booked"_s : u"promised for"_s,
+        DayMonthYear(m_period->from()), DayMonthYear(m_period->to()));
+    if (mode == u"SID"_s)
+        lblListed->setText(u"Job "_s + txtSearchID->Text());
+    else if (mode == u"CUSTUNDEL"_s)
+        lblListed->setText(m_client + u", all jobs"_s);
+    else if (mode == u"CUST"_s)
+        lblListed->setText(m_client + period);
+    else
+        lblListed->setText((mode == u"S"_s ? cmbClient->Text() : u"All workers"_s) + period);
+}
+
+void frmWorkerJobRegister::view()
+{
+    if (!m_period->isUsable() || !requireEntry(*cmbClient, noWorkerChosen))
+        return;
+    const bool isOfAll = cmbClient->Text() == all;
+    if (!isOfAll && !findAccountID(cmbClient->Text())) {
+        fillWorkers();
+        return complain(noWorkerChosen, cmbClient);
+    }
+    mode = isOfAll ? u"C"_s : u"S"_s;
+    filterChosen();
+}
+
+void frmWorkerJobRegister::searchJob()
+{
+    mode = u"SID"_s;
+    ExecuteSQL();
+    // A scanned garment is the one that a mark is meant for.
+    const ListModel &list = lvSummary->list();
+    for (int row = 0; row < list.rowCount(); ++row) {
+        if (list.cell(row, column::Job) == txtSearchID->Text().trimmed())
+            lvSummary->setCurrentRow(row);
+    }
+    txtSearchID->selectAll();
+}
+
+void frmWorkerJobRegister::quickFind()
+{
+    if (hasRefusedDate(*this))
+        return;
+    bool allJobs = false;
+    const QString client = frmSearchClient().SearchClient2(allJobs);
+    if (client.isEmpty())
+        return;
+    m_client = client;
+    mode = allJobs ? u"CUSTUNDEL"_s : u"CUST"_s;
+    ExecuteSQL();
+    lvSummary->setFocus(Qt::OtherFocusReason);
+}
+
+void frmWorkerJobRegister::showDetails()
+{
+    picDetails->show();
+    lvDetails->setFocus(Qt::OtherFocusReason);
+}
+
+void frmWorkerJobRegister::overview()
+{
+    if (hasRefusedDate(*this))
+        return;
+    using itemRows::Dated;
+    QString worker;
+    frmWorkerReport2().ShowWorkerOverView(
+        dateColumn == u"Date"_s ? Dated::Booked : Dated::Promised, m_period->from(), m_period->to(), worker);
+    if (worker == nobody)
+        return;
+    setComboText(*cmbClient, worker);
+    view();
+}
+
+void frmWorkerJobRegister::openRow(const ListRow &row)
+{
+    frmEditWorkerAssign().ShowEdit(row.tag.toInt());
+}
+
+void frmWorkerJobRegister::openAccount(const ListRow &row)
+{
+    frmAccountBook().ShowAccount(row.cells.value(column::Client));
+    filterChosen();
+}
+
+void frmWorkerJobRegister::afterMark(bool isThere, const QString &ifGone)
+{
+    if (!isThere)
+        ShowMessage(ifGone);
+    filterChosen();
+}

@@ -1,0 +1,206 @@
+#include "production/printAssignment.h"
+
+#include "AssignmentDesk.h"
+#include "base/session.h"
+#include "reports/qrCode.h"
+#include "reports/rptLabel.h"
+#include "reports/rptWorkerJobCard.h"
+#include "store/settings.h"
+#include "support/PdfPrinter.h"
+#include "support/languageFile.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/// The worker's slip and the label, from the screen to the text on paper.
+class PrintAssignmentTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theSlipTellsTheWorkerWhatToMake();
+    void measurementsStayBesideTheirNames();
+    void theLabelFitsItsPaper();
+    void theCodeNamesTheGarment_data();
+    void theCodeNamesTheGarment();
+    void theSlipIsInHindiWhereTheShopWantsIt_data();
+    void theSlipIsInHindiWhereTheShopWantsIt();
+    void aTableOfTranslationsThatCannotBeReadIsTold_data();
+    void aTableOfTranslationsThatCannotBeReadIsTold();
+};
+
+namespace {
+
+struct PrintDesk : AssignmentDesk {
+    PrintDesk() { set(u"WorkerID=6, WorkerName='Mohan'"_s); }
+
+    /// Prints the garment by a key of its screen, through the preview, and returns the pages' texts.
+    QStringList print(Qt::Key key, Qt::KeyboardModifier modifier, const QString &toldBefore = {})
+    {
+        ModalScript script;
+        onGarment(script, [&](QWidget &) {
+            if (!toldBefore.isEmpty())
+                script.expectMessage(toldBefore);
+            script.expect(u"ReportPreview"_s, [](QWidget &preview) {
+                QCOMPARE(preview.windowTitle(), u"Print Preview"_s);
+                driver::accessKey('p');
+                driver::press(Qt::Key_Escape);
+            });
+            driver::press(key, modifier);
+        });
+        return printer.printed();
+    }
+    QStringList slip(const QString &toldBefore = {}) { return print(Qt::Key_P, Qt::ControlModifier, toldBefore); }
+    QStringList label() { return print(Qt::Key_L, Qt::AltModifier); }
+
+    PdfPrinter printer{folder.filePath(u"paper.pdf"_s)};
+};
+
+void compareTexts(const QStringList &pages, const QStringList &texts)
+{
+    QCOMPARE(pages.size(), 1);
+    for (const QString &text : texts)
+        QVERIFY2(pages.first().contains(text), qPrintable(text + u" is not in "_s + pages.first()));
+}
+
+} // namespace
+
+void PrintAssignmentTest::theSlipTellsTheWorkerWhatToMake()
+{
+    PrintDesk desk;
+    // The setting by which job cards are printed without a preview is not about slips.
+    SaveSetting(setting::PrintPreview, u"0"_s);
+    compareTexts(desk.slip(),
+        {u"Kovrel Tailors"_s, u"JobID: 321 / 2"_s, u"DATE: 01-Apr-2011"_s, u"Delivery Date: 20-Apr-2011"_s,
+            u"Worker Name: Mohan"_s, u"Client Name: Asha Rao"_s, u"Item Name: Coat"_s, u"QNT: 2"_s,
+            u"Specifications Chest 40 Waist 36 1/2"_s, u"Remark: Grey wool"_s, u"Client Note : Loose"_s});
+    QCOMPARE(desk.printer.title(), u"Job Order"_s);
+    QCOMPARE(desk.printer.jobs(), 1);
+}
+
+void PrintAssignmentTest::measurementsStayBesideTheirNames()
+{
+    PrintDesk desk;
+    const QString longName = u"The length from the collar over the shoulder to the wrist"_s;
+    const QString longValue = u"25 with the cuff turned twice, and two fingers more to let out later on"_s;
+    desk.set(
+        u"ItemDetails='Chest\r\n%1\r\nWaist\r\nHem\r\n\r\nCuff', ItemDetailsValue='40\r\n25\r\n%2\r\n31\r\n\r\n9'"_s
+            .arg(longName, longValue));
+    compareTexts(desk.slip(), {u"Chest 40 The length"_s, u"25 with the cuff"_s, u"Hem 31 Cuff 9"_s});
+}
+
+void PrintAssignmentTest::theLabelFitsItsPaper()
+{
+    PrintDesk desk;
+    const QString name = u"Maharaja Sawai "_s.repeated(3).trimmed();
+    desk.set(
+        u"ClintName='%1', WorkerName='%1', ItemName='%1', Remarks='Maroon silk with cream lining, %1'"_s.arg(name));
+    compareTexts(desk.label(),
+        {u"Kovrel Tailors"_s, u"Job Card #: 321 / 2"_s, u"Date : 01-Apr-11"_s, u"Client Name: Maharaja"_s,
+            u"Worker Name: Maharaja"_s, u"Item Name: Maharaja"_s,
+            u"Remark: Maroon silk with cream lining, Maharaja"_s});
+    QCOMPARE(desk.printer.title(), u"Print Label"_s);
+    QProcess info;
+    info.start(u"pdfinfo"_s, {desk.folder.filePath(u"paper.pdf"_s)});
+    QVERIFY(info.waitForFinished());
+    // 100 by 50 millimetres in points.
+    QVERIFY(info.readAllStandardOutput().contains("Page size:       283 x 142 pts"));
+}
+
+void PrintAssignmentTest::theCodeNamesTheGarment_data()
+{
+    QTest::addColumn<bool>("isLabel");
+    QTest::newRow("slip") << false;
+    QTest::newRow("label") << true;
+}
+
+/// The paper is looked at dot by dot where the layout has the code.
+void PrintAssignmentTest::theCodeNamesTheGarment()
+{
+    QFETCH(const bool, isLabel);
+    PrintDesk desk;
+    isLabel ? desk.label() : desk.slip();
+    constexpr int resolution = 288;
+    const QString paper = desk.folder.filePath(u"paper.pdf"_s);
+    QProcess::execute(u"pdftoppm"_s, {u"-r"_s, QString::number(resolution), u"-png"_s, u"-singlefile"_s, paper, paper});
+    const QImage page(paper + u".png"_s);
+
+    Report report = isLabel ? rptLabel() : rptWorkerJobCard();
+    const int headHeight = isLabel ? 0 : report.section(u"Section2").height();
+    const QRect place = report.section(u"Section1")
+                            .control(u"code")
+                            .place.translated(report.paper().left, report.paper().top + headHeight);
+    const QImage code = qrCode(u"321/2"_s);
+    // With the quiet margin of four modules around the 21 of so short a text.
+    constexpr int modules = 29;
+    int differing = 0;
+    for (int module = 0; module < modules * modules; ++module) {
+        const QPointF share((module % modules + 0.5) / modules, (module / modules + 0.5) / modules);
+        const QPointF onPaper =
+            QPointF(place.topLeft()) + QPointF(share.x() * place.width(), share.y() * place.height());
+        const bool printed = qGray(page.pixel((onPaper * resolution / 1440).toPoint())) < 128;
+        const bool given = qGray(code.pixel((share * code.width()).toPoint())) < 128;
+        differing += printed != given;
+    }
+    QCOMPARE(differing, 0);
+}
+
+void PrintAssignmentTest::theSlipIsInHindiWhereTheShopWantsIt_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("wanted");
+    QTest::addColumn<bool>("isHindi");
+    QTest::newRow("Hindi") << u"Hindi"_s << u"Yes"_s << true;
+    QTest::newRow("Hindi, slips in English") << u"Hindi"_s << u"No"_s << false;
+    QTest::newRow("Hindi, never asked for") << u"Hindi"_s << QString() << false;
+    QTest::newRow("English") << u"English"_s << u"Yes"_s << false;
+}
+
+void PrintAssignmentTest::theSlipIsInHindiWhereTheShopWantsIt()
+{
+    QFETCH(const QString, language);
+    QFETCH(const QString, wanted);
+    QFETCH(const bool, isHindi);
+    PrintDesk desk;
+    SaveSetting(setting::Language, language);
+    if (!wanted.isNull())
+        SaveSetting(setting::HindiSlip, wanted);
+    writeLanguageFile(
+        desk.folder.path(), {{u"Worker Name:"_s, u"dkjhxj"_s}, {u"Remark:"_s, u"fVIi.kh"_s}, {u"Coat"_s, u"dksV"_s}});
+    // What the table lacks, and what is no caption, stays.
+    compareTexts(desk.slip(),
+        {(isHindi ? u"dkjhxj"_s : u"Worker Name:"_s) + u" Mohan"_s,
+            (isHindi ? u"fVIi.kh"_s : u"Remark:"_s) + u" Grey"_s, u"Client Name: Asha Rao"_s, u"Item Name: Coat"_s});
+}
+
+void PrintAssignmentTest::aTableOfTranslationsThatCannotBeReadIsTold_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("not there") << QByteArray() << u"File not found"_s;
+    QTest::newRow("a text") << QByteArray("no database ").repeated(100)
+                            << u"The file is not a database of this program, or its password differs."_s;
+}
+
+void PrintAssignmentTest::aTableOfTranslationsThatCannotBeReadIsTold()
+{
+    QFETCH(const QByteArray, content);
+    QFETCH(const QString, told);
+    PrintDesk desk;
+    SaveSetting(setting::Language, u"Hindi"_s);
+    SaveSetting(setting::HindiSlip, u"Yes"_s);
+    QFile file(session::programPath(u"Lang.mdb"));
+    if (!content.isEmpty()) {
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        file.close();
+    }
+    compareTexts(desk.slip(told + u"\r\n"_s + file.fileName()), {u"Worker Name: Mohan"_s, u"Remark: Grey wool"_s});
+}
+
+CORVANE_TEST(PrintAssignmentTest)
+#include "tst_printAssignment.moc"
