@@ -103,9 +103,9 @@ public:
                   << record.textOrEmpty(u"Remarks") << itemRowCells::worker(record.integer(u"WorkerID"))
                   << statusWord(status);
         row.looks = statusLook(status);
-        if (itemRowCells::isOverdue(status, promised)) {
-            row.looks.emplace_back(PromisedColumn, dueLook(promised));
-            row.looks.emplace_back(DaysColumn, itemRowCells::overdueLook());
+        if (const CellLook due = dueLook(promised); due.bold && itemRowCells::isOpen(status)) {
+            row.looks.emplace_back(PromisedColumn, due);
+            row.looks.emplace_back(DaysColumn, CellLook{.bold = true, .ink = due.ink});
         }
         return row;
     }

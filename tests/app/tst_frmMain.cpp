@@ -356,13 +356,13 @@ void MainTest::everyCommandHasItsCaption_data()
     QTest::addColumn<QString>("captions");
     QTest::newRow("main screen")
         << ' '
-        << u"cmdCreateJOB &New Job Card|cmdCreateNewClint &Masters|-Command2 JOB &Register|Command8 Report&s|"
+        << u"cmdCreateJOB &New Job Card|cmdCreateNewClint &Masters|Command2 JOB &Register|Command8 Report&s|"
            "-Command5 Shop Info|-Command7 Settings|Command4 &About Corvane"_s;
     QTest::newRow("masters")
         << 'm' << u"cmdCreateNewClint &Clients|Command1 &Workers|Command3 &Items|Command2 &Accounts|Command8 Back"_s;
     QTest::newRow("reports")
         << 's'
-        << u"-Command2 D&ues Register|-Command3 &Account Book|-Command7 &Wages Register|-Command6 &Day Book|"
+        << u"Command2 D&ues Register|Command3 &Account Book|Command7 &Wages Register|Command6 &Day Book|"
            "Command10 Deli&very Register|Command5 &Ratings|Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
            "-Command9 &Export Status Report|Command8 Back"_s;
 }

@@ -173,14 +173,16 @@ void DeliveryRegisterTest::aRowTellsAllOfItsGarment()
     for (const ListColumn &column : screen.list().list().columns())
         heads += column.title;
     QCOMPARE(heads.join(u'|'), u"Del. Date|Date|Days|JOB ID|Client Name|Item Name|Remark|Worker Name|Status"_s);
-    // A sign beside each word; what is overdue stands out, what is handed over or cancelled is not overdue.
+    // A sign beside each word; what is due stands out, what is handed over or cancelled is not due.
     for (int row = 0; row < 4; ++row) {
+        const bool isDue = row == 0 || row == 3;
         QCOMPARE(hasSign(screen.list(), row, statusColumn), row != 2);
-        QCOMPARE(hasSign(screen.list(), row, 0), row == 0);
+        QCOMPARE(hasSign(screen.list(), row, 0), isDue);
         const QModelIndex days = screen.list().model()->index(row, daysColumn);
-        QCOMPARE(days.data(Qt::FontRole).value<QFont>().bold(), row == 0);
+        QCOMPARE(days.data(Qt::FontRole).value<QFont>().bold(), isDue);
     }
     QCOMPARE(said(screen.list(), 0, 0), u"Overdue, 07-Apr-2011"_s);
+    QCOMPARE(said(screen.list(), 3, 0), u"Today, 10-Apr-2011"_s);
     const QPoint first = screen.list().visualRect(screen.list().model()->index(0, 0)).center();
     QContextMenuEvent clicked(QContextMenuEvent::Mouse, first, screen.list().viewport()->mapToGlobal(first));
     QCoreApplication::sendEvent(screen.list().viewport(), &clicked);
