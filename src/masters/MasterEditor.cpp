@@ -48,8 +48,7 @@ QLabel *MasterEditor::hint(const QString &text)
 void MasterEditor::addField(QGridLayout *grid, const QString &caption, QWidget *field, const QString &hintText)
 {
     const int row = grid->rowCount();
-    grid->addWidget(captionOf(field, caption), row, 0);
-    grid->addWidget(field, row, 1);
+    ::addField(*grid, row, caption, field);
     if (hintText.isEmpty())
         return;
     // Close under its field.

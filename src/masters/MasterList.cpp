@@ -11,6 +11,7 @@
 #include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
+#include "ui/accountCombo.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
 #include "ui/entryFilters.h"
@@ -23,15 +24,6 @@
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QStringList titlesOfType(const QString &condition)
-{
-    return FillCombo(u"Title"_s, u"Accounts"_s, condition, DE().rsaccounts);
-}
-
-} // namespace
 
 struct MasterList::Kind {
     QString screen;
@@ -54,7 +46,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where Type="_s + QString::number(accountType::Client)); },
+            .names = [] { return accountTitles(u" where Type="_s + QString::number(accountType::Client)); },
             .addNew = [] { frmEditClients().AddNew(); },
             .edit = [](int id) { frmEditClients().Edit(id); },
             .controlAAdds = true},
@@ -63,7 +55,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where Type="_s + QString::number(accountType::Worker)); },
+            .names = [] { return accountTitles(u" where Type="_s + QString::number(accountType::Worker)); },
             .addNew = [] { frmEditWorker().AddNew(); },
             .edit = [](int id) { frmEditWorker().Edit(id); }},
         {.screen = u"frmItems"_s,
@@ -79,7 +71,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where type="_s + QString::number(accountType::Ledger)); },
+            .names = [] { return accountTitles(u" where type="_s + QString::number(accountType::Ledger)); },
             .addNew = [] { frmEditAccount().ShowAddNew(); },
             .edit = [](int id) { frmEditAccount().ShowEdit(id); },
             .backCaption = u"Back"_s},

@@ -3,6 +3,7 @@
 #include "store/codes.h"
 #include "ui/Command.h"
 #include "ui/complain.h"
+#include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
@@ -29,7 +30,7 @@ void frmEditAccount::buildForm()
     stretch(fields);
     buildFrame(fields);
     resize(460, sizeHint().height());
-    setTabOrder(Command1, Command2);
+    chainTabs({Command1, Command2});
 }
 
 void frmEditAccount::startNew()

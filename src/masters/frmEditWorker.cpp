@@ -2,6 +2,7 @@
 
 #include "store/codes.h"
 #include "ui/Command.h"
+#include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
@@ -24,7 +25,7 @@ void frmEditWorker::buildForm()
     stretch(fields);
     buildFrame(fields);
     resize(500, sizeHint().height());
-    setTabOrder(Command1, Command2);
+    chainTabs({Command1, Command2});
 }
 
 void frmEditWorker::startNew()

@@ -16,6 +16,19 @@ namespace {
 constexpr double twipsPerInch = 1440;
 constexpr double twipsPerPoint = 20;
 constexpr int pdfResolution = 1200;
+const QString onPaper = u"The pages are put on paper..."_s;
+/// So many are drawn before the user could break off.
+constexpr int pagesAtOnce = 5;
+
+/// Keeps nothing of what is written.
+class Nowhere : public QIODevice {
+public:
+    Nowhere() { open(WriteOnly); }
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *, qint64 size) override { return size; }
+};
 
 QPen penOf(const ReportPages::Item &item)
 {
@@ -64,10 +77,28 @@ QPageLayout ReportPages::pageLayout() const
 
 ReportPages::Drawn ReportPages::draw(QPagedPaintDevice &device, int first, int last) const
 {
+    Progress progress(onPaper);
+    return put(device, first, last, progress);
+}
+
+ReportPages::Drawn ReportPages::drawWhole(QPagedPaintDevice &device, int first, int last) const
+{
+    if (last - first >= pagesAtOnce) {
+        Nowhere nowhere;
+        QPdfWriter trial(&nowhere);
+        trial.setPageLayout(pageLayout());
+        if (const Drawn drawn = draw(trial, first, last); drawn != Drawn::Whole)
+            return drawn;
+    }
+    Progress progress(onPaper, Progress::WayOut::None);
+    return put(device, first, last, progress);
+}
+
+ReportPages::Drawn ReportPages::put(QPagedPaintDevice &device, int first, int last, Progress &progress) const
+{
     QPainter painter;
     if (!painter.begin(&device))
         return Drawn::Failed;
-    Progress progress(u"The pages are put on paper..."_s);
     for (int number = first; number <= last; ++number) {
         if (!progress.at(number - first, last - first + 1))
             return Drawn::Broken;

@@ -29,7 +29,7 @@ void printBy(const ReportPages &pages, Way way)
     const QPageLayout layout = pages.pageLayout();
     tell(way(
         printer::Job{pages.title(), pages.count(), layout, [&pages](QPagedPaintDevice &device, int first, int last) {
-                         switch (pages.draw(device, first, last)) {
+                         switch (pages.drawWhole(device, first, last)) {
                          case ReportPages::Drawn::Whole: return printer::Outcome::Printed;
                          case ReportPages::Drawn::Broken: return printer::Outcome::Cancelled;
                          case ReportPages::Drawn::Failed: break;

@@ -7,6 +7,7 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/RowSet.h"
+#include "store/codes.h"
 #include "store/leftBehind.h"
 #include "store/schema.h"
 
@@ -23,8 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int busyMilliseconds = 2000;
-constexpr int cardDocument = 1;
-constexpr int voucherDocument = 2;
 
 QString money(const Currency &amount)
 {
@@ -38,7 +37,7 @@ struct Leg {
     qint32 otherSide = 0;
     Currency amount;
     QDate date;
-    int status = 0;
+    int status = postingStatus::Live;
 
     bool operator==(const Leg &) const = default;
 };
@@ -48,7 +47,7 @@ QString described(const Leg &leg)
     return u"%1 of %2 on account %3 against %4, %5%6"_s.arg(leg.particulars, money(leg.amount))
         .arg(leg.account)
         .arg(leg.otherSide)
-        .arg(DateText(leg.date), leg.status == 0 ? QString() : u", out of the books"_s);
+        .arg(DateText(leg.date), leg.status == postingStatus::Live ? QString() : u", out of the books"_s);
 }
 
 struct Row {
@@ -114,12 +113,12 @@ private:
             const Leg leg{all.value(2).toInt(), all.value(3).toText(), all.value(4).toInt(), all.value(5).toInt(),
                 all.value(6).toCurrency(), all.value(7).toDate(), all.value(8).toInt()};
             sum += leg.amount;
-            if (leg.status == 0)
+            if (leg.status == postingStatus::Live)
                 liveSum += leg.amount;
             const int kind = all.value(1).toInt();
-            if (kind == cardDocument)
+            if (kind == documentKind::JobCard)
                 m_cardLegs[all.value(0).toInt()].push_back(leg);
-            else if (kind == voucherDocument)
+            else if (kind == documentKind::Voucher)
                 m_voucherLegs[all.value(0).toInt()].push_back(leg);
             else
                 differ(u"Journal"_s, u"a posting of the unknown kind %1."_s.arg(kind));

@@ -65,8 +65,8 @@ public:
     [[nodiscard]] QString cell(int row, int column) const { return at(row).cells.value(column); }
     [[nodiscard]] QVariant tag(int row) const { return at(row).tag; }
 
-    /// The first row with that tag, or -1.
-    [[nodiscard]] int rowOfTag(const QVariant &tag) const;
+    /// The row with that tag, or -1; of several the one nearest to the place `near`, by default the first.
+    [[nodiscard]] int rowOfTag(const QVariant &tag, int near = 0) const;
     /// The first row that reads so in `column`, or -1.
     [[nodiscard]] int rowOfText(int column, const QString &text) const;
 
@@ -81,9 +81,6 @@ public:
     bool removeRows(int row, int count, const QModelIndex &parent = {}) override;
 
 private:
-    template <typename Condition>
-    [[nodiscard]] int rowWhere(Condition condition) const;
-
     std::vector<ListColumn> m_columns;
     std::vector<ListRow> m_rows;
     ToolTips m_toolTips;

@@ -55,10 +55,15 @@ QVariant ListView::currentTag() const
 
 void ListView::contextMenuEvent(QContextMenuEvent *event)
 {
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        const QModelIndex under = indexAt(event->pos());
+        if (!under.isValid())
+            return;
+        setCurrentIndex(under);
+        return emit menuWanted(event->globalPos());
+    }
     if (currentRow() < 0)
         return;
-    if (event->reason() == QContextMenuEvent::Mouse)
-        return emit menuWanted(event->globalPos());
     const QRect row = visualRect(currentIndex());
     emit menuWanted(viewport()->mapToGlobal(row.bottomLeft() + QPoint(row.height(), 0)));
 }

@@ -27,7 +27,8 @@ signals:
     void opened(int row);
     /// -1 where none is current any more.
     void currentRowChanged(int row);
-    /// The right mouse button or the menu key on the current row; `place` is on the monitor.
+    /// The right mouse button on a row, which is current then, or the menu key on the current one; `place` is on the
+    /// monitor.
     void menuWanted(QPoint place);
 
 protected:

@@ -8,6 +8,8 @@
 #include <QMenu>
 #include <QScrollBar>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 RegisterScreen::RegisterScreen(const QString &name, const QString &title, Refresh refresh)
@@ -41,15 +43,15 @@ void RegisterScreen::openCurrent()
 void RegisterScreen::showRows(std::vector<ListRow> rows, Keep keep)
 {
     const QVariant tag = m_list->currentTag();
-    const int before = keep == Keep::Place ? m_place : m_list->currentRow();
+    const int before = keep == Keep::Place ? std::max(0, m_place) : m_list->currentRow();
     const int scrolled = m_list->verticalScrollBar()->value();
     m_list->list().setRows(std::move(rows));
     m_list->doItemsLayout();
     m_list->verticalScrollBar()->setValue(scrolled);
 
     const ListModel &list = m_list->list();
-    const int same = keep == Keep::Tag && before >= 0 ? list.rowOfTag(tag) : -1;
-    if (keep == Keep::First || (keep == Keep::Place && before < 0))
+    const int same = keep == Keep::Tag && before >= 0 ? list.rowOfTag(tag, before) : -1;
+    if (keep == Keep::First)
         m_list->setCurrentRow(0);
     else
         m_list->setCurrentRow(same >= 0 ? same : qMin(before, list.rowCount() - 1));

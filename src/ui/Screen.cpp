@@ -109,7 +109,8 @@ void Screen::takeRememberedSize()
     m_hasOwnSize = testAttribute(Qt::WA_Resized) && !isMaximized();
     if (const QSize remembered = userValues().value(sizeKey()).toSize(); m_hasOwnSize && remembered.isValid())
         resize(remembered);
-    fitToMonitor(*this);
+    // It comes up above the screen in front.
+    fitToMonitor(*this, *(front() ? front() : this)->screen());
     if (!testAttribute(Qt::WA_Resized))
         adjustSize();
     m_sizeShown = size();

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;
@@ -30,6 +31,7 @@ private slots:
     void aNewShopGetsItsRow();
     void whatAShopLeavesOutStaysAsItWas();
     void aDateTypedIsInForceAtOnceAndSurvives();
+    void whatIsNoDateLeadsNowhere();
     void followingTheMachineDoesNotEraseTheStoredDate();
     void closingTheCalendarConfirmsTheDate();
     void escapeAsks();
@@ -151,6 +153,31 @@ void MainTest::aDateTypedIsInForceAtOnceAndSurvives()
         QCOMPARE(GetSetting(setting::WorkingDate), u"17-Nov-2025"_s);
     }));
     QVERIFY(runProgram([](frmMain &) { QCOMPARE(session::CurrentDate, QDate(2025, 11, 17)); }));
+}
+
+void MainTest::whatIsNoDateLeadsNowhere()
+{
+    ReadyShop shop;
+    ModalScript script;
+    QVERIFY(runProgram([&](frmMain &screen) {
+        auto &TodayDate = control<DateField>(screen, "TodayDate");
+        press(Qt::Key_F2);
+        type(u"31/6"_s);
+        for (const char command : {'n', 'm', 's', 'a', '3'}) {
+            script.expectMessage(u"\"31/6\" is not a date!"_s);
+            command == '3' ? press(Qt::Key_F3) : accessKey(command);
+            QVERIFY(script.isDone());
+            QVERIFY(TodayDate.hasFocus());
+            QCOMPARE(TodayDate.refused(), u"31/6"_s);
+        }
+        type(u"30/6"_s);
+        script.expect(u"frmEditJOB"_s, [](QWidget &card) {
+            QCOMPARE(control<DateField>(card, "JobDate").date(), QDate(2011, 6, 30));
+            press(Qt::Key_Escape);
+        });
+        accessKey('n');
+        QToolTip::hideText();
+    }));
 }
 
 void MainTest::followingTheMachineDoesNotEraseTheStoredDate()

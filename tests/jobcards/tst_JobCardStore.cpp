@@ -44,6 +44,8 @@ void JobCardStoreTest::numbersFollowTheHighestCard()
 {
     OrderDesk desk;
     QCOMPARE(JobCardStore::GetNewNum(), 1);
+    SaveSetting(setting::FirstJobNumber, u"0"_s);
+    QCOMPARE(JobCardStore::GetNewNum(), 1);
     SaveSetting(setting::FirstJobNumber, u"1001"_s);
     QCOMPARE(JobCardStore::GetNewNum(), 1001);
     JobCardStore first = desk.book(u"1001"_s);

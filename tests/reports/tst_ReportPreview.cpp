@@ -11,6 +11,7 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QPdfWriter>
 #include <QScopeGuard>
@@ -30,6 +31,7 @@ class ReportPreviewTest : public QObject {
 private slots:
     void keysTurnAndZoom();
     void thePrinterGetsAllPages();
+    void aPrintThatIsBrokenOffIsNotBegun();
     void whatStopsAPrintIsTold_data();
     void whatStopsAPrintIsTold();
     void aPdfIsSavedWhereTheUserSays();
@@ -110,6 +112,31 @@ void ReportPreviewTest::thePrinterGetsAllPages()
 
     reportOutput::print(threePages());
     QCOMPARE(titles.size(), 2);
+}
+
+void ReportPreviewTest::aPrintThatIsBrokenOffIsNotBegun()
+{
+    const QTemporaryDir folder;
+    const QString paper = folder.filePath(u"paper.pdf"_s);
+    QList<printer::Outcome> outcomes;
+    printer::replace([&](const printer::Job &job) {
+        QPdfWriter device(paper);
+        outcomes += job.draw(device, 1, job.pageCount);
+        return outcomes.last();
+    });
+    const auto putBack = qScopeGuard([] { printer::replace({}); });
+    ReportPreview preview(threePages());
+    QVERIFY(driver::show(preview));
+    // What a printer has is printed: of a long job it has nothing before it has all.
+    ModalScript script;
+    script.expect(u"QProgressDialog"_s, [](QWidget &) { press(Qt::Key_Escape); });
+    reportOutput::print(ReportPages(u"Many"_s, {11906, 16838}, 100000, [](int) { return ReportPages::Page(); }));
+    QCOMPARE(outcomes, QList{printer::Outcome::Cancelled});
+    QVERIFY(!QFile::exists(paper));
+
+    reportOutput::print(ReportPages(u"Some"_s, {11906, 16838}, 8, [](int) { return ReportPages::Page(); }));
+    QCOMPARE(outcomes.last(), printer::Outcome::Printed);
+    QCOMPARE(pdfText(paper).size(), 8);
 }
 
 void ReportPreviewTest::whatStopsAPrintIsTold_data()
