@@ -182,11 +182,8 @@ QLayout *frmDeliveryRegister::buildQuery()
     cmbClient->setMinimumContentsLength(24);
     lblCurrentDate = new QLabel;
     lblCurrentDate->setObjectName(u"lblCurrentDate"_s);
-    auto *row = new QHBoxLayout;
-    row->addWidget(m_period);
-    row->addSpacing(18);
-    row->addWidget(captionOf(cmbClient, u"&Worker:"_s));
-    row->addWidget(cmbClient);
+    QHBoxLayout *row = captionedRow({{u"&Worker:"_s, cmbClient}});
+    row->insertWidget(0, m_period);
     row->addStretch();
     row->addWidget(lblCurrentDate);
     return row;
@@ -203,13 +200,7 @@ QLayout *frmDeliveryRegister::buildSearch()
     txtSearchID->setAutoTab(false);
     txtSearchID->setMaximumWidth(120);
     lblListed = new NameLabel(u"lblListed"_s);
-    auto *row = new QHBoxLayout;
-    row->addWidget(captionOf(cmbCondition, u"&Sort :"_s));
-    row->addWidget(cmbCondition);
-    row->addSpacing(18);
-    row->addWidget(captionOf(txtSearchID, u"&Job ID #"_s));
-    row->addWidget(txtSearchID);
-    row->addSpacing(18);
+    QHBoxLayout *row = captionedRow({{u"&Sort :"_s, cmbCondition}, {u"&Job ID #"_s, txtSearchID}});
     row->addWidget(lblListed, 1);
     return row;
 }

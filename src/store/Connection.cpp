@@ -621,6 +621,9 @@ void Connection::endGroup(const TakenBack &takenBack)
     // A group that could not be committed must not stay open: later writes would fall into it and be lost with it.
     sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr);
     noteAnyWrite();
+    // Scratch rows that stand there need not outlast a power cut.
+    if (m_groupLost == Written::NotTried && standsAfter(code))
+        return;
     const Written written = m_groupLost == Written::Nothing ? afterFailedWrite(code) : m_groupLost;
     if (takenBack && !standsAfter(code))
         takenBack(written);
