@@ -185,7 +185,7 @@ void frmAccountBook::ExecuteSQL()
     const bool isChosen = SelectComboEntry(*cmbAccount) >= 0;
     if (const auto account = isChosen ? findAccountID(cmbAccount->Text()) : std::nullopt)
         m_statement = AccountStatement::of(*account, m_period->from(), m_period->to());
-    showRows(std::move(m_statement.rows), Keep::Tag);
+    showRows(std::move(m_statement.rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
     showSums();
 }
 
@@ -222,8 +222,14 @@ void frmAccountBook::openRow(const ListRow &row)
 {
     if (!requireAccount())
         return;
-    if (const auto document = DocumentTag::of(row.tag.toString()); document && openDocument(*document))
-        ExecuteSQL();
+    const int place = lvSummary->currentRow();
+    const auto document = DocumentTag::of(row.tag.toString());
+    if (!document || !openDocument(*document))
+        return;
+    ExecuteSQL();
+    // A card with an advance has two lines in its client's statement.
+    if (const ListModel &list = lvSummary->list(); place < list.rowCount() && list.tag(place) == row.tag)
+        lvSummary->setCurrentRow(place);
 }
 
 void frmAccountBook::addEntry()
@@ -255,6 +261,8 @@ void frmAccountBook::sendDue()
 
 void frmAccountBook::print()
 {
+    if (hasRefusedDate(*m_period))
+        return;
     const bool withRemark = AskUser(u"Print Account Statement with Remark?"_s) == 1;
     printStatement(lvSummary->list(), m_statement, cmbAccount->Text(), m_period->from(), m_period->to(), withRemark);
 }

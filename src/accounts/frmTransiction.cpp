@@ -29,8 +29,6 @@ namespace {
 
 constexpr int accountLetters = 34;
 constexpr int remarkHeight = 96;
-/// What the journal's column holds.
-constexpr double highestAmount = 922'337'203'685'477.0;
 
 /// A word beside an account, as wide as the widest of them.
 QLabel *sideLabel(const QString &name)
@@ -167,13 +165,21 @@ void frmTransiction::fillAccounts()
     fillWithTitles(*cmbAccount, {});
 }
 
+void frmTransiction::setMode(const QString &mode)
+{
+    EditMode = mode;
+    const bool isStored = mode == u"E"_s;
+    setWindowTitle(isStored ? u"Edit Entry"_s : u"Add New Entry"_s);
+    cmdDelete->setEnabled(isStored);
+    cmdPrint->setEnabled(isStored);
+}
+
 void frmTransiction::ShowAddNew(const QString &accountTitle, bool &changed)
 {
     fillAccounts();
     VoucherID = vouchers::GetNewNum();
     txtVID->setText(QString::number(VoucherID));
-    setWindowTitle(u"Add New Entry"_s);
-    EditMode = u"N"_s;
+    setMode(u"N"_s);
     EntryChanged = false;
     MainAccountTitle = accountTitle;
     VcDate->setDate(session::CurrentDate);
@@ -188,8 +194,7 @@ void frmTransiction::ShowEdit(qint32 number, bool &changed)
     EntryChanged = false;
     fillAccounts();
     VoucherID = number;
-    setWindowTitle(u"Edit Entry"_s);
-    EditMode = u"E"_s;
+    setMode(u"E"_s);
     const auto stored = vouchers::read(number);
     // Another program may have deleted it: the list that it was opened from is to see that.
     changed = !stored;
@@ -238,7 +243,7 @@ bool frmTransiction::isPayable()
         complain(u"Please enter amount!"_s, txtAmount);
         return false;
     }
-    if (amount > highestAmount) {
+    if (amount > largestAmount) {
         complain(u"Amount is too high!"_s, txtAmount);
         return false;
     }
@@ -264,8 +269,7 @@ void frmTransiction::save()
         .amount = txtAmount->Text()};
     if (EditMode == u"N"_s) {
         vouchers::SaveNew(voucher);
-        EditMode = u"E"_s;
-        setWindowTitle(u"Edit Entry"_s);
+        setMode(u"E"_s);
         EntryChanged = true;
         return ShowMessage(u"New Entry saved."_s);
     }

@@ -20,7 +20,7 @@ namespace {
 QString logo()
 {
     const QString file = GetSetting(setting::LogoFile);
-    return QImageReader(file).canRead() ? file : QString();
+    return !file.isEmpty() && QImageReader(file).canRead() ? file : QString();
 }
 
 } // namespace
