@@ -167,9 +167,9 @@ void frmAccountBook::connectCommands()
 
 void frmAccountBook::ShowAccount(const QString &title)
 {
+    lvSummary->setFocus();
     cmbAccount->setText(title);
     ExecuteSQL();
-    lvSummary->setFocus();
     exec();
 }
 
