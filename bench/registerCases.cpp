@@ -5,10 +5,13 @@
 #include "production/frmRatings.h"
 #include "production/frmWorkerReport2.h"
 #include "production/itemRowMarks.h"
+#include "registers/frmDeliveryRegister.h"
+#include "registers/frmTrailDate.h"
 #include "registers/frmWorkerJobRegister.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/itemRows.h"
+#include "ui/Command.h"
 #include "ui/ListView.h"
 #include "ui/PeriodFields.h"
 #include "ui/kvComboBox.h"
@@ -27,6 +30,35 @@ namespace {
 constexpr QDate firstDay = QDate::fromJulianDay(2451545); // 01-Jan-2000
 constexpr int rowsOfAll = 9;
 
+/// As when a row has been changed elsewhere: nothing that is remembered of accounts is good any more.
+void forgetAccounts()
+{
+    DE().CN.execute(u"Update Accounts set City='Jaipur' where Id=1"_s);
+    QApplication::processEvents();
+}
+
+/// The closing rows left out.
+qint64 garmentsIn(const ListView &list)
+{
+    return list.list().rowCount() - 2;
+}
+
+/// All rows of a statement, each column of each as a text.
+template <int columns>
+Run readAll(byHand::Statement &statement)
+{
+    return timed([&statement] {
+        std::vector<std::array<std::string, columns>> list;
+        while (statement.step()) {
+            auto &cells = list.emplace_back();
+            for (int column = 0; column < columns; ++column)
+                cells[static_cast<size_t>(column)] = statement.text(column);
+        }
+        statement.reset();
+        return static_cast<qint64>(list.size());
+    });
+}
+
 /// The job register over all dates, whose coming to the front can be called for.
 struct JobRegister : frmWorkerJobRegister {
     JobRegister() : list(findChild<ListView *>(u"lvSummary"_s)), condition(findChild<kvComboBox *>(u"cmbCondition"_s))
@@ -37,20 +69,13 @@ struct JobRegister : frmWorkerJobRegister {
     using frmWorkerJobRegister::activated;
     using frmWorkerJobRegister::fillDetails;
 
-    /// As when a row has been changed elsewhere: nothing that is remembered of accounts is good any more.
-    void forget()
-    {
-        DE().CN.execute(u"Update Accounts set City='Jaipur' where Id=1"_s);
-        QApplication::processEvents();
-    }
     qint64 fill()
     {
         session::NeedRefresh = true;
         activated();
         list->repaint();
-        return garments();
+        return garmentsIn(*list);
     }
-    [[nodiscard]] qint64 garments() const { return list->list().rowCount() - 2; }
 
     ListView *list;
     kvComboBox *condition;
@@ -66,19 +91,7 @@ std::function<Run()> readJoined()
         "left join Accounts w on w.Id=d.WorkerID left join (select AccID, total(Amount) as balance from postings "
         "where status=0 and Date<='2011-09-30' group by AccID) b on b.AccID=d.ClintID "
         "where d.isInventory=0 order by d.DATE, d.JobID");
-    return [rows] {
-        return timed([&rows] {
-            constexpr int columns = 20;
-            std::vector<std::array<std::string, columns>> list;
-            while (rows->step()) {
-                auto &cells = list.emplace_back();
-                for (int column = 0; column < columns; ++column)
-                    cells[static_cast<size_t>(column)] = rows->text(column);
-            }
-            rows->reset();
-            return static_cast<qint64>(list.size());
-        });
-    };
+    return [rows] { return readAll<20>(*rows); };
 }
 
 Case fillJobs(const std::shared_ptr<JobRegister> &screen, const std::function<Run()> &joined)
@@ -86,7 +99,7 @@ Case fillJobs(const std::shared_ptr<JobRegister> &screen, const std::function<Ru
     Case work{u"fill frmWorkerJobRegister with all garments"_s, 2.0};
     work.rounds = rowsOfAll;
     work.ours = [screen] {
-        screen->forget();
+        forgetAccounts();
         return timed([&screen] { return screen->fill(); });
     };
     work.byHand = joined;
@@ -154,6 +167,55 @@ Case pieces(const std::shared_ptr<JobRegister> &screen)
     return work;
 }
 
+Case fillDeliveries()
+{
+    const auto rows = std::make_shared<byHand::Statement>(
+        "select d.Id, d.JobDelDate, d.DATE, d.JobID, d.ItemSr, c.Title, i.NAME, d.Remarks, w.Title, d.DoneByWorker "
+        "from JOBS_DETAIL d join Accounts c on c.Id=d.ClintID join ITEMS i on i.Id=d.ItemID "
+        "left join Accounts w on w.Id=d.WorkerID "
+        "where d.JobDelDate between '2000-01-01' and '2012-09-30' order by d.JobDelDate, d.Id");
+    const auto screen = std::make_shared<frmDeliveryRegister>();
+    screen->findChild<PeriodFields *>()->set(firstDay, fullShop::lastDay.addYears(1));
+    screen->show();
+    Case work{u"delivery register, all rows"_s, 2.0};
+    work.rounds = rowsOfAll;
+    work.ours = [screen] {
+        forgetAccounts();
+        auto *list = screen->findChild<ListView *>(u"lvSummary"_s);
+        return timed([&] {
+            screen->ExecuteSQL();
+            list->repaint();
+            return garmentsIn(*list);
+        });
+    };
+    work.byHand = [rows] { return readAll<10>(*rows); };
+    return work;
+}
+
+Case fillTrials()
+{
+    const auto rows = std::make_shared<byHand::Statement>(
+        "select j.Id, c.Title, j.TrialDate, j.appeared, j.appearedDate, c.Mobile from JOBS j "
+        "join Accounts c on c.Id=j.ClintID "
+        "where j.TrialDate between '2000-01-01' and '2012-09-30' order by j.TrialDate, j.Id");
+    const auto screen = std::make_shared<frmTrailDate>();
+    screen->findChild<PeriodFields *>()->set(firstDay, fullShop::lastDay.addYears(1));
+    screen->show();
+    Case work{u"trial register, all cards"_s, 3.0};
+    work.rounds = rowsOfAll;
+    work.ours = [screen] {
+        forgetAccounts();
+        auto *list = screen->findChild<ListView *>(u"lvSummary"_s);
+        return timed([&] {
+            screen->findChild<Command *>(u"Command1"_s)->click();
+            list->repaint();
+            return list->list().rowCount();
+        });
+    };
+    work.byHand = [rows] { return readAll<6>(*rows); };
+    return work;
+}
+
 Case rankWorkers()
 {
     const auto sums = std::make_shared<byHand::Statement>(
@@ -189,7 +251,8 @@ std::vector<Case> registerCases()
     session::CurrentDate = fullShop::lastDay;
     const auto jobs = std::make_shared<JobRegister>();
     const std::function<Run()> joined = readJoined();
-    return {fillJobs(jobs, joined), markCompleted(jobs, joined), filterCompleted(jobs), pieces(jobs), rankWorkers()};
+    return {fillJobs(jobs, joined), markCompleted(jobs, joined), filterCompleted(jobs), pieces(jobs), fillDeliveries(),
+        fillTrials(), rankWorkers()};
 }
 
 } // namespace bench

@@ -143,6 +143,18 @@ void Course::layUnfinished(int number, const QString &folder) const
         qFatal("no unfinished write was left: %s", ending.text().constData());
 }
 
+int Course::writingStep(int number) const
+{
+    const auto writes = [this](int candidate) {
+        const auto calls = [&](Disk::Call call) { return std::ranges::count(step(candidate).calls, call); };
+        // A journal is removed in the end; a file that is made beside the shop gets its name.
+        return calls(Disk::Call::Remove) > 0 && calls(Disk::Call::Rename) == 0;
+    };
+    while (!writes(number))
+        --number;
+    return number;
+}
+
 void Course::work(int first, int end, const std::function<void()> &before, Recording *recording) const
 {
     const auto say = [recording](const char *word, int number) {

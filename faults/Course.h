@@ -47,7 +47,10 @@ public:
     /// Makes `folder` as it was before that step: step 0 finds it empty.
     void lay(int number, const QString &folder) const;
     /// As before that step, but with the step's write cut short: its journal lies beside the half-written shop.
+    /// REQUIRES: the step writes to the shop.
     void layUnfinished(int number, const QString &folder) const;
+    /// The last step up to `number` that writes to the shop. REQUIRES: `number` is above 0.
+    [[nodiscard]] int writingStep(int number) const;
 
     /// Works through steps from `first` on in this process, saying "begin N" and "done N" to the parent and to
     /// `recording`. `before` runs when the first step is about to run: all that it reads is read.

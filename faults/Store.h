@@ -56,6 +56,8 @@ struct Store {
 [[nodiscard]] std::vector<Store> jobCardStores();
 [[nodiscard]] std::vector<Store> settingStores();
 [[nodiscard]] std::vector<Store> accountStores();
+[[nodiscard]] std::vector<Store> masterStores();
+[[nodiscard]] std::vector<Store> reportStores();
 [[nodiscard]] std::vector<Store> productionStores();
 [[nodiscard]] std::vector<Store> startStores();
 

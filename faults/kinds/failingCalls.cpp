@@ -31,7 +31,7 @@ public:
         const std::vector<Disk::Call> enough(mostCallsOfAStart, Disk::Call::Write);
         for (const Store &store : course.stores()) {
             if (store.begins == Begins::UnfinishedWrite)
-                list({course.length() / 2, store, 0}, enough);
+                list({course.writingStep(course.length() / 2), store, 0}, enough);
         }
     }
 

@@ -27,7 +27,8 @@ public:
         const int first = random.chance(20) ? 0 : random.below(m_course.length());
         const int end = std::min(first + stepsInARow, m_course.length());
         m_course.lay(first, folder);
-        qsizetype calls = 0;
+        // What changes nothing calls nothing.
+        qsizetype calls = 1;
         for (int i = first; i < end; ++i)
             calls += static_cast<qsizetype>(m_course.step(i).calls.size());
         const int call = 1 + random.below(calls);
@@ -50,7 +51,7 @@ private:
     Verdict killOfAStartAfterACut(Random &random, const QString &folder) const
     {
         constexpr int mostCalls = 30;
-        const int number = 1 + random.below(m_course.length() - 1);
+        const int number = m_course.writingStep(1 + random.below(m_course.length() - 1));
         m_course.layUnfinished(number, folder);
         const int call = 1 + random.below(mostCalls);
         const auto moment = static_cast<Disk::Moment>(random.below(3));

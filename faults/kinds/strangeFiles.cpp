@@ -40,8 +40,11 @@ public:
         // A try with a lock waits for seconds.
         if (number % 50 == 49)
             return locked(random, folder);
-        const int step = 1 + random.below(m_course.length() - 1);
+        const int step = m_course.writingStep(1 + random.below(m_course.length() - 1));
         m_course.lay(step, folder);
+        // Nor may it refuse what is sound.
+        if (number % 20 == 19)
+            return m_course.judge(folder, step - 1, step - 1);
         const QString what = (this->*ways[static_cast<size_t>(random.below(ways.size()))])(random, step, folder);
         Verdict verdict = judge(folder, step);
         verdict.told = what + u": "_s + verdict.told;
@@ -135,7 +138,7 @@ private:
     static void takeJournal(const Course &course, int step, const QString &folder)
     {
         const QString other = folder + u".other"_s;
-        course.layUnfinished(step, other);
+        course.layUnfinished(course.writingStep(step), other);
         QFile::rename(journalIn(other), journalIn(folder));
         QDir(other).removeRecursively();
     }

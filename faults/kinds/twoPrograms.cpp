@@ -3,13 +3,16 @@
 #include "base/RuntimeError.h"
 #include "base/session.h"
 #include "base/values.h"
+#include "masters/masterRows.h"
 #include "shopFolder.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/lookups.h"
 #include "store/settings.h"
 #include "stores/deskWork.h"
 
 #include <QMap>
+#include <QThread>
 
 #include <algorithm>
 #include <array>
@@ -24,7 +27,19 @@ constexpr int patience = 60'000;
 constexpr int stepsOfEach = 30;
 constexpr int furnished = 2;
 constexpr int changedItem = 3;
+constexpr int guests = 7;
+constexpr int longestPause = 30;
 const QDate farAway(2030, 1, 1);
+
+QStringList columnOf(Connection &connection, const QString &statement)
+{
+    QStringList texts;
+    Recordset rows(connection);
+    rows.open(statement);
+    for (; !rows.eof(); rows.moveNext())
+        texts += rows.value(0).isNull() ? QString() : rows.value(0).toText();
+    return texts;
+}
 
 /// One of two programs at work on the same file. Each step of work is followed by a look at what it says of the shop.
 class Worker {
@@ -40,7 +55,9 @@ public:
                     workOnce();
                 } catch (const RuntimeError &error) {
                     // The other one was faster; nothing was written, and the user is told so.
-                    if (error.fault() != Fault::NumberTaken && error.fault() != Fault::RowNotFound)
+                    constexpr std::array refusals{Fault::NumberTaken, Fault::RowNotFound, Fault::NoCurrentRecord};
+                    if (error.written() != Written::Nothing
+                        || std::ranges::find(refusals, error.fault()) == refusals.end())
                         throw;
                 }
                 look();
@@ -56,28 +73,64 @@ private:
     void workOnce()
     {
         const QList<qint32> numbers = desk::cardNumbers();
-        const int dice = m_random.below(12);
+        const int dice = m_random.below(14);
         if (dice < 4 || numbers.size() < 4)
             return book();
         if (dice == 9)
             return SaveSetting(setting::TagLine, stamp());
-        if (dice > 9)
+        if (dice == 10 || dice == 11)
             return changeMaster(dice == 10);
+        if (dice == 12)
+            return renameItem();
+        if (dice == 13)
+            return addGuest();
         JobCardStore store;
         clsJobCardData rows;
         store.openSaved(numbers.at(m_random.below(numbers.size())));
+        const QStringList remark =
+            columnOf(DE().CN, u"Select Remark from JOBS where Id="_s + QString::number(store.CurrentJobID()));
         store.readRows(rows);
-        if (rows.RowCount() == 0)
-            throw RuntimeError(Fault::RowNotFound);
+        if (remark.isEmpty() || rows.RowCount() == 0)
+            throw RuntimeError(Fault::RowNotFound, {}, Written::Nothing);
         if (dice == 8) {
             store.deleteCard();
             return acknowledge(store.CurrentJobID(), "-");
         }
-        rows.AddNewRow(desk::row(m_random));
+        rows.AddNewRow(row());
         JobCard card = desk::card(store.CurrentJobID(), rows, m_random);
-        card.Remark = stamp();
+        // Whoever reads the card later sees whose work it builds on.
+        card.Remark = remark.first() + u'|' + stamp();
+        // The user takes his time.
+        QThread::msleep(static_cast<unsigned long>(m_random.below(longestPause)));
         store.SaveEdit(card, rows);
         acknowledge(store.CurrentJobID(), card.Remark.toUtf8());
+    }
+
+    /// Of an item that the list has, as on the screen.
+    JobCardRow row()
+    {
+        for (;;) {
+            JobCardRow row = desk::row(m_random);
+            if (GetFieldValue(u"ID"_s, u"Items"_s, u"Name"_s, row.ItemName, DE().rsItems2).toInt() > 0)
+                return row;
+        }
+    }
+
+    static void renameItem()
+    {
+        Recordset &item = DE().rsITEMS;
+        item.reopen(u"Select * from Items where Id="_s + QString::number(desk::lastItem));
+        const QString name = item.text(u"NAME");
+        item.set(u"NAME", name.startsWith(u"Old ") ? name.sliced(4) : u"Old "_s + name);
+        item.update();
+        item.close();
+    }
+
+    /// The same few names in both programs: who comes second is told.
+    void addGuest()
+    {
+        const masterRows::Field name{u"Title"_s, u"Guest %1"_s.arg(m_random.below(guests))};
+        static_cast<void>(masterRows::save(masterRows::clients(), 0, {name, {u"Type"_s, accountType::Client}}, {name}));
     }
 
     void changeMaster(bool isAccount)
@@ -92,11 +145,11 @@ private:
 
     void book()
     {
+        JobCardStore store;
         clsJobCardData rows;
-        rows.AddNewRow(desk::row(m_random));
+        rows.AddNewRow(row());
         JobCard card = desk::card(JobCardStore::GetNewNum(), rows, m_random);
         card.Remark = stamp();
-        JobCardStore store;
         store.SaveNew(card, rows);
         acknowledge(store.CurrentJobID(), card.Remark.toUtf8());
     }
@@ -138,16 +191,6 @@ private:
         fresh.define(u"rollback"_s);
     }
 
-    static QStringList columnOf(Connection &connection, const QString &statement)
-    {
-        QStringList texts;
-        Recordset rows(connection);
-        rows.open(statement);
-        for (; !rows.eof(); rows.moveNext())
-            texts += rows.value(0).isNull() ? QString() : rows.value(0).toText();
-        return texts;
-    }
-
     static void compare(const char *what, const QString &wanted, const QString &said)
     {
         if (wanted != said)
@@ -177,7 +220,7 @@ public:
             });
         };
         const std::array programs{program(0), program(1)};
-        QMap<QByteArray, std::array<QByteArray, 2>> lastWords;
+        Words words;
         for (size_t i = 0; i < programs.size(); ++i) {
             const Child::Ending ending = programs[i]->wait(patience);
             if (!ending.isGood() || ending.lines.value(ending.lines.size() - 1) != "end")
@@ -185,46 +228,64 @@ public:
             for (const QByteArray &line : ending.lines) {
                 if (line.startsWith("stale"))
                     return {Verdict::Half, QString::fromUtf8(line)};
-                const QList<QByteArray> words = line.split(' ');
-                if (words.first() == "done")
-                    lastWords[words.at(1)][i] = words.at(2);
+                const QString said = QString::fromUtf8(line);
+                if (said.startsWith(u"done"))
+                    words[said.section(u' ', 1, 1)][i] += said.section(u' ', 2);
             }
         }
-        return judge(folder, lastWords);
+        return judge(folder, words);
     }
 
 private:
-    /// The last word on each card is one of the two programs' last ones.
-    static Verdict judge(const QString &folder, const QMap<QByteArray, std::array<QByteArray, 2>> &lastWords)
+    /// What each of the two was told of each card, in its order.
+    using Words = QMap<QString, std::array<QStringList, 2>>;
+
+    static Verdict judge(const QString &folder, const Words &words)
     {
         const Child::Ending ending = Child([&] {
             enterFolder(folder);
-            Child::tell(lineOf(verdictHere(lastWords)));
+            Child::tell(lineOf(verdictHere(words)));
         }).wait(patience);
         return ending.isGood() && !ending.lines.isEmpty()
             ? verdictOf(ending.lines.first())
             : Verdict{Verdict::CannotOpen, QString::fromUtf8(ending.text())};
     }
 
-    static Verdict verdictHere(const QMap<QByteArray, std::array<QByteArray, 2>> &lastWords)
+    static Verdict verdictHere(const Words &words)
     {
         try {
             openShop();
             if (const QStringList wrong = disagreements(); !wrong.isEmpty())
                 return {Verdict::Half, wrong.first()};
-            for (const auto &[card, words] : lastWords.asKeyValueRange()) {
-                Recordset found(DE().CN);
-                found.open(u"Select Remark from JOBS where Id="_s + QString::fromLatin1(card));
-                const QByteArray remark = found.eof() ? "-" : found.value(0).toText().toUtf8();
-                if (std::find(words.begin(), words.end(), remark) == words.end())
-                    return {Verdict::Lost,
-                        QString::fromUtf8(
-                            "card " + card + " says " + remark + " and not " + words[0] + " or " + words[1])};
+            for (const QString &column : {u"Title from Accounts"_s, u"SETTING from Settings"_s}) {
+                if (QStringList found = columnOf(DE().CN, u"Select "_s + column); found.removeDuplicates() > 0)
+                    return {Verdict::Half, u"a name stands twice: "_s + column};
+            }
+            for (const auto &[card, said] : words.asKeyValueRange()) {
+                const QString remark =
+                    columnOf(DE().CN, u"Select Remark from JOBS where Id="_s + card).value(0, u"-"_s);
+                if (const QString lost = lostOf(remark, said); !lost.isEmpty())
+                    return {Verdict::Lost, u"card %1 says %2 and not %3"_s.arg(card, remark, lost)};
             }
             return {};
         } catch (const RuntimeError &error) {
             return {Verdict::CannotOpen, error.report()};
         }
+    }
+
+    /// The last word on a card is one of the two programs' last ones, and builds on all others that were said of the
+    /// same card: one that was deleted, and its number given again, has another beginning.
+    static QString lostOf(const QString &remark, const std::array<QStringList, 2> &said)
+    {
+        const auto isLast = [&remark](const QStringList &words) { return !words.isEmpty() && words.last() == remark; };
+        if (!std::ranges::any_of(said, isLast))
+            return (said[0] + said[1]).join(u" or "_s);
+        const QString beginning = remark.section(u'|', 0, 0);
+        for (const QString &word : said[0] + said[1]) {
+            if (word.section(u'|', 0, 0) == beginning && !(remark + u'|').startsWith(word + u'|'))
+                return word;
+        }
+        return {};
     }
 };
 

@@ -14,6 +14,7 @@ void furnish(Random &random);
 
 constexpr int firstClient = 5;
 constexpr int spareClient = 17;
+constexpr int lastItem = 5;
 
 [[nodiscard]] JobCardRow row(Random &random);
 /// A card whose total is that of its rows; half of them with an advance.

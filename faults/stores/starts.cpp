@@ -38,6 +38,21 @@ public:
     }
 };
 
+/// Another database is chosen: the configuration is written over.
+class ChosenDatabase : public Task {
+public:
+    explicit ChosenDatabase(Random random) : m_detours(random.below(1000)) { }
+    void run() override
+    {
+        // The same file by another way, so that the day goes on with it.
+        session::DBPath = session::programPath(QString(u"./"_s).repeated(m_detours) + u"data15.mdb"_s);
+        WriteConfig();
+    }
+
+private:
+    int m_detours;
+};
+
 std::unique_ptr<Task> start(const Random &)
 {
     return std::make_unique<Start>();
@@ -47,7 +62,8 @@ std::unique_ptr<Task> start(const Random &)
 
 std::vector<Store> startStores()
 {
-    return {{u"first start"_s, start, Begins::EmptyFolder}, {u"start after a cut"_s, start, Begins::UnfinishedWrite}};
+    return {{u"first start"_s, start, Begins::EmptyFolder}, {u"start after a cut"_s, start, Begins::UnfinishedWrite},
+        {u"chosen database"_s, [](const Random &random) { return std::make_unique<ChosenDatabase>(random); }}};
 }
 
 } // namespace faults

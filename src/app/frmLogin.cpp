@@ -32,10 +32,8 @@ frmLogin::frmLogin()
     form->setContentsMargins(28, 24, 28, 24);
     form->addWidget(heading, 0, 0, 1, 2);
     form->setRowMinimumHeight(1, 4);
-    form->addWidget(captionOf(txtUserName, u"&User Name :"_s), 2, 0);
-    form->addWidget(txtUserName, 2, 1);
-    form->addWidget(captionOf(txtPassword, u"&Password :"_s), 3, 0);
-    form->addWidget(txtPassword, 3, 1);
+    addField(*form, 2, u"&User Name :"_s, txtUserName);
+    addField(*form, 3, u"&Password :"_s, txtPassword);
     form->setRowMinimumHeight(4, 4);
     form->addWidget(Command1, 5, 1, Qt::AlignRight);
     form->setColumnMinimumWidth(1, 260);

@@ -17,6 +17,7 @@
 #include "ui/Command.h"
 #include "ui/DateField.h"
 #include "ui/NameLabel.h"
+#include "ui/complain.h"
 #include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/language.h"
@@ -80,7 +81,7 @@ frmMain::frmMain()
             takeDate();
     });
     onKey(Qt::Key_F2, u"Working date"_s, [this] { TodayDate->setFocus(Qt::TabFocusReason); });
-    onKey(Qt::Key_F3, u"Open a job card by its number"_s, [] { frmOpenJob().exec(); });
+    onKey(Qt::Key_F3, u"Open a job card by its number"_s, [this] { leadOn([] { frmOpenJob().exec(); }); });
 }
 
 void frmMain::buildForm()
@@ -130,11 +131,14 @@ QWidget *frmMain::buildCommands()
     menuColumn::addLater(*column, {"Command7"_L1, "Settings"_L1});
     Command *Command4 = menuColumn::add(*column, {"Command4"_L1, "&About Corvane"_L1});
 
-    connect(cmdCreateJOB, &Command::clicked, this, [] { frmEditJOB().ShowAddNew(); });
-    connect(cmdCreateNewClint, &Command::clicked, this, [] { frmMasters().exec(); });
-    connect(Command2, &Command::clicked, this, [] { frmWorkerJobRegister().exec(); });
-    connect(Command8, &Command::clicked, this, [] { frmMenu().exec(); });
-    connect(Command4, &Command::clicked, this, [] { frmAbout().exec(); });
+    const auto leadsTo = [this](Command *command, void (*next)()) {
+        connect(command, &Command::clicked, this, [this, next] { leadOn(next); });
+    };
+    leadsTo(cmdCreateJOB, [] { frmEditJOB().ShowAddNew(); });
+    leadsTo(cmdCreateNewClint, [] { frmMasters().exec(); });
+    leadsTo(Command2, [] { frmWorkerJobRegister().exec(); });
+    leadsTo(Command8, [] { frmMenu().exec(); });
+    leadsTo(Command4, [] { frmAbout().exec(); });
     return panel;
 }
 
@@ -174,6 +178,13 @@ bool frmMain::load()
     return true;
 }
 
+/// What is done next bears the working date that the user sees.
+void frmMain::leadOn(void (*next)())
+{
+    if (!hasRefusedDate(*this))
+        next();
+}
+
 void frmMain::activated()
 {
     RefershINFO();
@@ -202,6 +213,8 @@ void frmMain::RefershINFO()
         lblShopName->setText(session::ShopName);
     }
     shop.close();
+    if (!TodayDate->refused().isEmpty())
+        return;
     // Showing the date is not choosing it: the stored one must outlive a session that follows the machine's date.
     const QSignalBlocker quiet(TodayDate);
     TodayDate->setDate(session::CurrentDate);

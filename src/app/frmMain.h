@@ -38,6 +38,7 @@ private:
     [[nodiscard]] QWidget *buildFoot();
     [[nodiscard]] bool load();
     void takeDate();
+    void leadOn(void (*next)());
 
     NameLabel *lblShopName;
     DateField *TodayDate;

@@ -6,6 +6,7 @@
 #include "accounts/frmWorkerWagesRegister.h"
 #include "app/menuColumn.h"
 #include "production/frmRatings.h"
+#include "registers/frmDeliveryRegister.h"
 #include "registers/frmTrailDate.h"
 #include "ui/Command.h"
 #include "ui/language.h"
@@ -22,7 +23,7 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
     Command *Command3 = menuColumn::add(*books, {"Command3"_L1, "&Account Book"_L1});
     Command *Command7 = menuColumn::add(*books, {"Command7"_L1, "&Wages Register"_L1});
     Command *Command6 = menuColumn::add(*books, {"Command6"_L1, "&Day Book"_L1});
-    menuColumn::addLater(*books, {"Command10"_L1, "Deli&very Register"_L1});
+    Command *Command10 = menuColumn::add(*books, {"Command10"_L1, "Deli&very Register"_L1});
 
     auto *others = new QVBoxLayout;
     Command *Command5 = menuColumn::add(*others, {"Command5"_L1, "&Ratings"_L1});
@@ -45,5 +46,6 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
     connect(Command7, &Command::clicked, this, [] { frmWorkerWagesRegister().exec(); });
     connect(Command6, &Command::clicked, this, [] { frmDayBook().exec(); });
     connect(Command5, &Command::clicked, this, [] { frmRatings().exec(); });
+    connect(Command10, &Command::clicked, this, [] { frmDeliveryRegister().exec(); });
     connect(Command8, &Command::clicked, this, &QDialog::reject);
 }

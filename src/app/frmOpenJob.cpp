@@ -33,8 +33,7 @@ frmOpenJob::frmOpenJob()
 
     auto *form = new QGridLayout(this);
     form->setContentsMargins(28, 24, 28, 24);
-    form->addWidget(captionOf(txtJOBID, u"&Job Card #"_s), 0, 0);
-    form->addWidget(txtJOBID, 0, 1);
+    addField(*form, 0, u"&Job Card #"_s, txtJOBID);
     form->addWidget(Command1, 1, 1, Qt::AlignRight);
     form->setColumnMinimumWidth(1, 180);
     form->setSizeConstraint(QLayout::SetFixedSize);

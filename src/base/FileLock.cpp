@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int lookEvery = 20;
+constexpr int longestWait = 10'000;
 
 bool mark(int descriptor, FileLock::Kind kind)
 {
@@ -95,7 +96,8 @@ std::shared_ptr<FileLock> FileLock::shared(const QString &path, int milliseconds
 
 void FileLock::share()
 {
-    if (m_kind == Alone)
-        mark(m_descriptor, Shared);
+    // The system gives the one mark back before it gives the other; who waits may come in between, and is soon done.
+    if (m_kind == Alone && !markWithin(longestWait, m_descriptor, Shared))
+        throw RuntimeError(Fault::Locked);
     m_kind = Shared;
 }

@@ -26,7 +26,8 @@ public:
 
     /// Whether the process was the only one with the file when it asked for its shared mark, and still has it alone.
     [[nodiscard]] bool isAlone() const { return m_kind == Alone; }
-    /// Lets others in. Without effect on a shared mark.
+    /// Lets others in. Without effect on a shared mark. Throws Locked where another has taken the file alone at that
+    /// moment, and keeps it.
     void share();
 
 private:

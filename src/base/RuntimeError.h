@@ -37,7 +37,8 @@ enum class Written {
     Nothing,
     /// The command as a whole or nothing of it; the disk failed while it was made durable. Look before doing it again.
     AllOrNothing,
-    /// What failed was no write, but a look at a file that cannot be reached for the moment.
+    /// What failed was no entry, but a look at a file that cannot be reached for the moment, or the scratch rows of a
+    /// print.
     NotTried,
 };
 

@@ -22,11 +22,20 @@ namespace {
 constexpr mode_t ownerOnlyFile = 0600;
 constexpr mode_t ownerOnlyFolder = 0700;
 
-[[noreturn]] void fail(const QString &what, const QString &path)
+QString aftermath(Written written)
+{
+    return written == Written::Nothing
+        ? u"\n\nNothing of this file was written. When the cause is mended, it can be made again."_s
+        : u"\n\nIt is not known whether this file was written. Look before you make it again."_s;
+}
+
+/// Tells what the system says in `errno`.
+[[noreturn]] void fail(const QString &what, const QString &path, Written written = Written::Nothing)
 {
     const int code = errno;
+    const QString cause = what.arg(qt_error_string(code));
     throw RuntimeError(code == ENOSPC || code == EDQUOT ? Fault::DiskFull : Fault::FileFault,
-        what.arg(qt_error_string(code)), path, Written::Nothing);
+        (code == EIO ? u"The disk failed. "_s + cause : cause) + aftermath(written), path, written);
 }
 
 QByteArray encoded(const QString &path)
@@ -43,8 +52,10 @@ bool stillStandsAt(const QString &path, int descriptor)
         && named.st_ino == open.st_ino;
 }
 
+/// On the disk before the file gets its name: after a power cut it must not lie beside what is not its own.
 void putCompanionsAside(const QString &path)
 {
+    bool moved = false;
     const QString mark = machineClock::now().toString(u"'.aside-'yyyyMMdd-HHmmss"_s);
     for (const QString &suffix : {u"-journal"_s, u"-wal"_s, u"-shm"_s}) {
         const QString companion = path + suffix;
@@ -52,7 +63,10 @@ void putCompanionsAside(const QString &path)
             continue;
         if (rename(encoded(companion).constData(), encoded(companion + mark).constData()) != 0)
             fail(u"A journal that is not the file's own cannot be put aside: %1."_s, companion);
+        moved = true;
     }
+    if (moved)
+        safeFile::syncFolder(QFileInfo(path).absolutePath());
 }
 
 } // namespace
@@ -81,14 +95,20 @@ void safeFile::writeWhole(const QString &path, const QByteArray &content)
 void safeFile::copyWhole(const QString &from, const QString &to)
 {
     QFile source(from);
+    const auto refuse = [&source, &from] {
+        throw RuntimeError(Fault::FileFault,
+            u"The file cannot be copied, since it cannot be read: %1."_s.arg(source.errorString())
+                + aftermath(Written::Nothing),
+            from, Written::Nothing);
+    };
     if (!source.open(QIODevice::ReadOnly))
-        throw RuntimeError(Fault::FileFault, u"The file cannot be read: %1."_s.arg(source.errorString()), from);
+        refuse();
     UnfinishedFile copy(to);
     constexpr qint64 pieceSize = 1 << 20;
     while (!source.atEnd()) {
         const QByteArray piece = source.read(pieceSize);
         if (piece.isEmpty())
-            throw RuntimeError(Fault::FileFault, u"The file cannot be read: %1."_s.arg(source.errorString()), from);
+            refuse();
         copy.write(piece);
     }
     copy.place();
@@ -98,27 +118,29 @@ void safeFile::syncFolder(const QString &folder)
 {
     const int descriptor = open(encoded(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
-        fail(u"The folder cannot be opened: %1."_s, folder);
+        fail(u"The folder cannot be opened: %1."_s, folder, Written::AllOrNothing);
     const int answer = fsync(descriptor);
     const int code = errno;
     close(descriptor);
     // Some file systems keep no folders of their own to sync.
     errno = code;
     if (answer != 0 && code != EINVAL)
-        fail(u"The disk failed while a file got its name: %1."_s, folder);
+        fail(u"The name of a file cannot be kept: %1."_s, folder, Written::AllOrNothing);
 }
 
 UnfinishedFile::UnfinishedFile(const QString &path) : m_path(path), m_name(path + u".new"_s)
 {
     do {
-        const int descriptor = open(encoded(m_name).constData(), O_RDWR | O_CREAT | O_CLOEXEC, ownerOnlyFile);
+        const int descriptor =
+            open(encoded(m_name).constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, ownerOnlyFile);
         if (descriptor < 0)
             fail(u"The file cannot be made: %1."_s, m_path);
         m_lock.reset(new FileLock(descriptor, FileLock::Alone));
         if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
-            throw RuntimeError(Fault::Locked, m_path);
+            throw RuntimeError(Fault::Locked, m_path, Written::Nothing);
     } while (!stillStandsAt(m_name, m_lock->m_descriptor));
-    if (ftruncate(m_lock->m_descriptor, 0) != 0)
+    // One that was left behind has the rights that it was left with.
+    if (fchmod(m_lock->m_descriptor, ownerOnlyFile) != 0 || ftruncate(m_lock->m_descriptor, 0) != 0)
         fail(u"The file cannot be made: %1."_s, m_path);
     QFile::remove(m_name + u"-journal"_s);
 }
@@ -167,15 +189,18 @@ void UnfinishedFile::replace()
 
 void UnfinishedFile::place()
 {
+    // Before a companion is touched, which is then that file's own.
+    if (QFileInfo::exists(m_path)) {
+        errno = EEXIST;
+        fail(u"The file cannot be given its name: %1."_s, m_path);
+    }
     makeReady();
     const QByteArray made = encoded(m_name);
     const QByteArray place = encoded(m_path);
     int answer = renameat2(AT_FDCWD, made.constData(), AT_FDCWD, place.constData(), RENAME_NOREPLACE);
-    // A file system that cannot refuse by itself is asked first.
-    if (answer != 0 && (errno == EINVAL || errno == ENOSYS)) {
-        errno = EEXIST;
-        answer = QFileInfo::exists(m_path) ? -1 : rename(made.constData(), place.constData());
-    }
+    // A file system that cannot refuse by itself was asked above.
+    if (answer != 0 && (errno == EINVAL || errno == ENOSYS))
+        answer = rename(made.constData(), place.constData());
     if (answer != 0)
         fail(u"The file cannot be given its name: %1."_s, m_path);
     settle();

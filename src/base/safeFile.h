@@ -8,7 +8,8 @@
 /// Files that are there whole or not at all, whatever stops the program or the machine in between.
 ///
 /// Each failure is a RuntimeError with the system's own words: DiskFull, Locked where another program makes the same
-/// file at this moment, else FileFault. What stood at the path before is then as it was.
+/// file at this moment, else FileFault. What stood at the path before is then as it was (`Written::Nothing`); only
+/// where the new name itself cannot be brought to the disk is it one or the other (`Written::AllOrNothing`).
 namespace safeFile {
 
 /// What the process makes from now on is its owner's alone, whatever the system says elsewhere: files 0600, folders
@@ -45,9 +46,10 @@ public:
     void write(const QByteArray &bytes);
 
     /// Syncs it and gives it its name, in place of a file that has it. Database companions of that name, which the
-    /// engine would take for the file's own and roll into it, are put aside first.
+    /// engine would take for the file's own and roll into it, are put aside first. REQUIRES: a database that has the
+    /// name is marked `FileLock::Alone`, and was opened since it was last written, so that none of them is its own.
     void replace();
-    /// The same where nothing may have the name.
+    /// The same where nothing may have the name; a file that has it keeps its companions.
     void place();
 
 private:

@@ -23,8 +23,8 @@ extern QString ShopAddress2;
 extern QString ShopAddress3;
 extern QString ShopContacts;
 
-/// Set by editors after a change; lists and registers rebuild themselves when they come to the front with it set.
-/// The registers clear it, the master lists leave it.
+/// Set by editors after a change, and by screens that see another program's; lists and registers rebuild themselves
+/// when they come to the front with it set. The registers clear it, the master lists leave it.
 extern bool NeedRefresh;
 
 /// The folder that holds the configuration, the databases and the images. Set once, before start-up.

@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -242,6 +243,18 @@ std::optional<double> wholeNumberText(QStringView text)
     bool fits = false;
     const double value = number.toDouble(&fits);
     return fits ? std::optional(value) : std::nullopt;
+}
+
+QString numberIn(const QString &text)
+{
+    // Groups of three digits, or of two before the last; the point of "Rs.500" is none of the number.
+    static const QRegularExpression number(u"-?(?:[0-9]{1,3}(?:,[0-9]{2,3})*,[0-9]{3}(?![0-9])|[0-9]+)(?:\\.[0-9]+)?"
+                                           "|-?(?<!\\p{L})\\.[0-9]+"_s);
+    auto found = number.globalMatch(text);
+    if (!found.hasNext())
+        return {};
+    const QString first = found.next().captured();
+    return found.hasNext() ? QString() : QString(first).remove(u',');
 }
 
 QString NumberText(double number)

@@ -16,6 +16,10 @@
 /// accepts.
 [[nodiscard]] std::optional<double> wholeNumberText(QStringView text);
 
+/// The one number that a text names, without the signs of its groups: "1500.00" of "Rs. 1,500.00/-". Empty where it
+/// names none or several.
+[[nodiscard]] QString numberIn(const QString &text);
+
 /// Plain decimal form with at most 15 significant digits and no trailing zeros; exponent form from 1E+15 on.
 [[nodiscard]] QString NumberText(double number);
 

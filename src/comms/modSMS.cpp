@@ -5,6 +5,7 @@
 #include "store/codes.h"
 #include "store/itemRows.h"
 #include "store/jetsql.h"
+#include "store/lookups.h"
 #include "store/settings.h"
 
 using namespace Qt::StringLiterals;
@@ -61,6 +62,9 @@ QString GetDueSMS(const QString &amount)
 
 QString GetClientMobile(const QString &name, qint16 id)
 {
+    // Lists ask for one a line.
+    if (name.isEmpty())
+        return id > 0 ? mobileOrBlank(id) : QString();
     QString mobile;
     Recordset &clients = DE().rsaccounts;
     const auto take = [&](const QString &statement) {
@@ -70,8 +74,7 @@ QString GetClientMobile(const QString &name, qint16 id)
         clients.close();
     };
     const QString ofClients = u"Select * from Accounts where type="_s + QString::number(accountType::Client);
-    if (!name.isEmpty())
-        take(ofClients + u" and  Title='"_s + jetsql::quoted(name) + u"'"_s);
+    take(ofClients + u" and  Title='"_s + jetsql::quoted(name) + u"'"_s);
     if (id > 0)
         take(u"Select * from Accounts where  type="_s + QString::number(accountType::Client) + u" and  ID="_s
             + QString::number(id));

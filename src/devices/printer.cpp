@@ -26,10 +26,7 @@ Outcome run(QPrinter &printer, const Job &job)
     const bool some = printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0;
     const int first = some ? printer.fromPage() : 1;
     const int last = some ? qMin(printer.toPage(), job.pageCount) : job.pageCount;
-    const Outcome outcome = job.draw(printer, first, last);
-    if (outcome == Outcome::Cancelled)
-        printer.abort();
-    return outcome;
+    return job.draw(printer, first, last);
 }
 
 } // namespace

@@ -11,8 +11,7 @@ class QWidget;
 /// The printers of the machine.
 namespace printer {
 
-/// `Failed`: the printer did not take the job, or not all of it. What is cancelled in the midst is taken from the
-/// printer's queue again where that is still possible.
+/// `Failed`: the printer did not take the job, or not all of it.
 enum class Outcome { Printed, Cancelled, NoPrinter, Failed };
 
 struct Job {
@@ -21,7 +20,7 @@ struct Job {
     int pageCount;
     const QPageLayout &layout;
     /// Draws the pages from the first to the last given, counted from 1, and says what came of it: printed, cancelled
-    /// by the user or failed.
+    /// by the user or failed. What is begun on a printer is printed: cancelled, it has not been.
     std::function<Outcome(QPagedPaintDevice &device, int first, int last)> draw;
 };
 

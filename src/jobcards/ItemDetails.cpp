@@ -78,6 +78,7 @@ void ItemDetails::ClearList()
         m_fields.pop_back();
     }
     m_fields.front().lblCap->clear();
+    m_fields.front().txtValue->setAccessibleName(u"Measurement"_s);
     m_fields.front().txtValue->setText({});
     m_fields.front().txtValue->setEnabled(false);
     m_count = 0;

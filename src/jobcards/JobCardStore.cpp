@@ -11,6 +11,7 @@
 #include "store/settings.h"
 
 #include <algorithm>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +42,31 @@ void setSharedColumns(
     record.set(u"ClientRemarks", rows.ClientRemarks(index));
 }
 
+/// What is written by others than the card's screen, and left as it is by a save.
+constexpr QStringView headColumnsOfOthers[]{u"ClientDeliveryDate", u"appeared", u"appearedDate"};
+constexpr QStringView rowColumnsOfOthers[]{u"WorkerID", u"WorkerName", u"JobDelDate", u"CompletedDate", u"AltDate",
+    u"DelToCustDate", u"DoneByWorker", u"WorkerWagesDue", u"MarkAsPaid", u"PayrollID", u"Loc", u"Score",
+    u"ClientFeedback", u"CuttingDate", u"CuttingStatus"};
+
+/// All else that the current row says.
+QString contentOf(const Recordset &record, std::span<const QStringView> columnsOfOthers)
+{
+    QStringList texts;
+    for (int column = 0; column < record.columnCount(); ++column) {
+        const QString name = record.columnName(column);
+        const bool isOfOthers = std::ranges::any_of(
+            columnsOfOthers, [&name](QStringView other) { return other.compare(name, Qt::CaseInsensitive) == 0; });
+        if (const Value value = record.value(column); !isOfOthers)
+            texts += value.isNull() ? QString() : value.toText();
+    }
+    return texts.join(QChar(u'\0'));
+}
+
+QString headOf(const Recordset &job)
+{
+    return job.eof() ? QString() : contentOf(job, headColumnsOfOthers);
+}
+
 } // namespace
 
 JobCardStore::JobCardStore() : m_otherWrites(DE().CN.otherWrites()) { }
@@ -50,13 +76,16 @@ void JobCardStore::openSaved(int jobID)
     m_oldJobID = Int16(jobID);
     m_currentJobID = jobID;
     m_saved = true;
-    m_knownRowIDs.clear();
+    Recordset job(DE().CN);
+    job.open(u"Select * from JOBS where id="_s + QString::number(jobID));
+    m_knownHead = headOf(job);
+    m_knownRows.clear();
     m_otherWrites = DE().CN.otherWrites();
 }
 
 void JobCardStore::readRows(clsJobCardData &rows)
 {
-    m_knownRowIDs.clear();
+    m_knownRows.clear();
     Recordset &records = DE().rsJOBS_DETAIL;
     records.reopen(
         u"Select * from jobs_detail where JOBID="_s + QString::number(m_currentJobID) + u" Order by ItemSr"_s);
@@ -77,10 +106,9 @@ void JobCardStore::readRows(clsJobCardData &rows)
         row.Color = records.textOrEmpty(u"Color");
         row.ClientRemarks = records.text(u"ClientRemarks");
         rows.AddNewRow(row);
-        m_knownRowIDs += row.Sr;
+        m_knownRows.insert(row.Sr, contentOf(records, rowColumnsOfOthers));
     }
     records.close();
-    m_otherWrites = DE().CN.otherWrites();
 }
 
 qint32 JobCardStore::GetNewNum()
@@ -109,27 +137,42 @@ void JobCardStore::write(clsJobCardData &rows, const std::function<void()> &body
     std::vector<qint16> numbersBefore;
     for (int i = 1; i <= rows.RowCount(); ++i)
         numbersBefore.push_back(rows.Sr(i));
-    WriteGroup::run(DE().CN, body, [&] {
+    WriteGroup::run(DE().CN, body, [&](Written written) {
         *this = before;
+        m_mayStand = m_mayStand || written == Written::AllOrNothing;
         for (int i = 1; i <= rows.RowCount(); ++i)
             rows.SetSr(i, numbersBefore[static_cast<size_t>(i - 1)]);
     });
+    m_mayStand = false;
     m_otherWrites = DE().CN.otherWrites();
 }
 
-void JobCardStore::requireAccounts(const JobCard &card) const
+void JobCardStore::requireMasters(const JobCard &card, const clsJobCardData &rows) const
 {
     if (DE().CN.otherWrites() == m_otherWrites)
         return;
-    QStringList titles{card.ClientTitle};
-    if (Val(card.ReceivedText) > 0)
-        titles += card.ReceiptAccountTitle;
-    for (const QString &title : titles) {
-        if (GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts).toInt() < 0)
+    const auto require = [](const QString &table, const QString &column, const QString &name, Recordset &source) {
+        if (GetFieldValue(u"ID"_s, table, column, name, source).toInt() < 0)
             throw RuntimeError(Fault::NoCurrentRecord,
-                u"Another program has renamed or deleted \"%1\". Nothing was written."_s.arg(title), {},
+                u"Another program has renamed or deleted \"%1\". Nothing was written."_s.arg(name), {},
                 Written::Nothing);
+    };
+    require(u"Accounts"_s, u"Title"_s, card.ClientTitle, DE().rsaccounts);
+    if (Val(card.ReceivedText) > 0)
+        require(u"Accounts"_s, u"Title"_s, card.ReceiptAccountTitle, DE().rsaccounts);
+    for (int i = 1; i <= rows.RowCount(); ++i) {
+        // The wage of a row that is added comes from its item; a row that stands there keeps its own.
+        if (!m_saved || rows.Sr(i) == 0)
+            require(u"Items"_s, u"Name"_s, rows.ItemName(i), DE().rsItems2);
     }
+}
+
+void JobCardStore::requireFreeNumber(const JobCard &card) const
+{
+    if (isDuplicate(card.JobIDText))
+        throw RuntimeError(Fault::NumberTaken,
+            u"Another job card has just got the number %1. Nothing of this one was written."_s.arg(card.JobIDText), {},
+            Written::Nothing);
 }
 
 void JobCardStore::requireUntouched() const
@@ -138,17 +181,15 @@ void JobCardStore::requireUntouched() const
         return;
     const QString number = QString::number(m_currentJobID);
     Recordset found(DE().CN);
-    found.open(u"Select Id from JOBS_DETAIL where JobID="_s + number);
-    QList<qint32> rowIDs;
+    found.open(u"Select * from JOBS where Id="_s + number);
+    const QString head = headOf(found);
+    QMap<qint32, QString> rows;
+    found.reopen(u"Select * from JOBS_DETAIL where JobID="_s + number);
     for (; !found.eof(); found.moveNext())
-        rowIDs += found.value(0).toInt();
-    found.reopen(u"Select Id from JOBS where Id="_s + number);
-    QList<qint32> known = m_knownRowIDs;
-    std::sort(known.begin(), known.end());
-    std::sort(rowIDs.begin(), rowIDs.end());
-    if (found.eof() || rowIDs != known)
+        rows.insert(found.integer(u"ID"), contentOf(found, rowColumnsOfOthers));
+    if (head.isEmpty() || head != m_knownHead || rows != m_knownRows)
         throw RuntimeError(Fault::RowNotFound,
-            u"Another program has deleted job card %1 or changed its rows since it was opened here. "
+            u"Another program has deleted or changed job card %1 since it was opened here. "
             "Nothing was written. Open the card again."_s.arg(number),
             {}, Written::Nothing);
 }
@@ -156,12 +197,9 @@ void JobCardStore::requireUntouched() const
 void JobCardStore::SaveNew(const JobCard &card, clsJobCardData &rows)
 {
     write(rows, [&] {
-        requireAccounts(card);
-        DE().rsJobs2.reopen(u"Select * from jobs where id="_s + NumberText(Val(card.JobIDText)));
-        if (!DE().rsJobs2.eof())
-            throw RuntimeError(Fault::NumberTaken,
-                u"Another job card has just got the number %1. Nothing of this one was written."_s.arg(card.JobIDText),
-                {}, Written::Nothing);
+        requireMasters(card, rows);
+        requireFreeNumber(card);
+        DE().rsJobs2.openToAdd(u"Select * from jobs"_s);
         writeCard(card, true);
         m_saved = true;
         for (int i = 1; i <= rows.RowCount(); ++i)
@@ -176,7 +214,8 @@ void JobCardStore::SaveEdit(const JobCard &card, clsJobCardData &rows)
 {
     write(rows, [&] {
         requireUntouched();
-        requireAccounts(card);
+        requireMasters(card, rows);
+        requireFreeNumber(card);
         DE().rsJobs2.reopen(u"Select * from jobs where id="_s + QString::number(m_currentJobID));
         writeCard(card, false);
         for (int i = 1; i <= rows.RowCount(); ++i) {
@@ -187,7 +226,7 @@ void JobCardStore::SaveEdit(const JobCard &card, clsJobCardData &rows)
         }
         if (!m_removedRowIDs.isEmpty()) {
             DE().CN.execute(u"Delete from jobs_detail where Id="_s + m_removedRowIDs);
-            m_knownRowIDs.removeAll(m_removedRowIDs.toInt());
+            m_knownRows.remove(m_removedRowIDs.toInt());
             m_removedRowIDs.clear();
         }
         DE().CN.execute(u"Delete from Postings where vid="_s + QString::number(m_currentJobID) + u"and vtype=1"_s);
@@ -222,6 +261,7 @@ void JobCardStore::writeCard(const JobCard &card, bool added)
     job.set(u"Status", card.Cancelled ? 1 : 0);
     job.set(u"CancelReason", card.CancelReason);
     job.update();
+    m_knownHead = headOf(job);
     job.close();
 }
 
@@ -242,7 +282,7 @@ void JobCardStore::addRow(const JobCard &card, clsJobCardData &rows, int index, 
     record.set(u"CuttingStatus", cutting::NotDone);
     record.update();
     const qint32 rowNumber = record.integer(u"ID");
-    m_knownRowIDs += rowNumber;
+    m_knownRows.insert(rowNumber, contentOf(record, rowColumnsOfOthers));
     if (readNumberBack)
         rows.SetSr(index, Int16(rowNumber));
     record.close();
@@ -254,6 +294,7 @@ void JobCardStore::overwriteRow(const JobCard &card, const clsJobCardData &rows,
     record.reopen(u"Select * from jobs_detail where id="_s + QString::number(rows.Sr(index)));
     setSharedColumns(record, card, m_currentJobID, m_clientID, rows, index);
     record.update();
+    m_knownRows.insert(rows.Sr(index), contentOf(record, rowColumnsOfOthers));
     record.close();
 }
 

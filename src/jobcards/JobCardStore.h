@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QDate>
-#include <QList>
+#include <QMap>
 #include <QString>
 
 #include <functional>
@@ -36,18 +36,21 @@ struct JobCard {
 /// `rows` are as they were before it: the same save can be tried again.
 ///
 /// Another program may work on the same file. A save that would write over what it did fails before anything is
-/// written: NumberTaken for a new card whose number stands in the file by now, RowNotFound for a card that it has
-/// deleted, or whose rows it has added to or removed from, since this store read or wrote them.
+/// written: NumberTaken for a number that another card has got by now, NoCurrentRecord for a client, an account or the
+/// item of an added row that it has renamed or deleted, RowNotFound for a card that it has deleted or changed since
+/// this store opened or wrote it. What production and wages write is no change of the card.
 class JobCardStore {
 public:
     /// A card that was never saved.
     JobCardStore();
-    /// The card saved under `jobID`. Throws Overflow above 32767.
+    /// The card saved under `jobID`. Who shows it reads it after this. Throws Overflow above 32767.
     void openSaved(int jobID);
 
     /// "N" while the card was never saved, "E" afterwards.
     [[nodiscard]] QString EditMode() const { return m_saved ? QStringLiteral("E") : QStringLiteral("N"); }
     [[nodiscard]] qint32 CurrentJobID() const { return m_currentJobID; }
+    /// Whether a save has failed in such a way that it may stand in the file all the same.
+    [[nodiscard]] bool mayStand() const { return m_mayStand; }
 
     /// Appends the saved rows of this card to `rows`, in their order. What concerns production and wages stays empty:
     /// no save writes it back.
@@ -78,7 +81,8 @@ public:
 
 private:
     void write(clsJobCardData &rows, const std::function<void()> &body);
-    void requireAccounts(const JobCard &card) const;
+    void requireMasters(const JobCard &card, const clsJobCardData &rows) const;
+    void requireFreeNumber(const JobCard &card) const;
     void requireUntouched() const;
     void writeCard(const JobCard &card, bool added);
     void addRow(const JobCard &card, clsJobCardData &rows, int index, bool readNumberBack);
@@ -87,12 +91,15 @@ private:
     void markRowsCancelled();
 
     bool m_saved = false;
+    bool m_mayStand = false;
     qint32 m_currentJobID = 0;
     qint16 m_oldJobID = 0;
     /// Looked up once a save: each write makes the lookups forget.
     qint32 m_clientID = 0;
     QString m_removedRowIDs;
-    /// The card's rows in the file as this store knows them, and how often another program had written by then.
-    QList<qint32> m_knownRowIDs;
+    /// What a save writes over, as this store has found or left it in the file: the card, and its rows by their
+    /// numbers; and how often another program had written by then.
+    QString m_knownHead;
+    QMap<qint32, QString> m_knownRows;
     quint64 m_otherWrites = 0;
 };

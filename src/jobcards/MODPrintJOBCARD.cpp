@@ -1,5 +1,6 @@
 #include "jobcards/MODPrintJOBCARD.h"
 
+#include "base/RuntimeError.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "reports/ReportFlow.h"
@@ -31,7 +32,7 @@ void PrintJobCard(int JobID)
     // the file's key out anew, which takes longer than all the rest.
     Recordset cards(DE().CN);
     // In one group: another program that prints on the same file empties the same tables.
-    WriteGroup::run(DE().CN, [&cards, JobID] {
+    WriteGroup::runScratch(DE().CN, [&cards, JobID] {
         FillJobCardTemp(JobID);
         cards.open(u"SHAPE {SELECT * FROM tmpHead where JobID="_s + QString::number(JobID) + u" } "_s
             + u"APPEND ({SELECT * FROM tmpBody  order by id} AS Body "_s + u"RELATE JOBID to JOBID)"_s);
@@ -52,13 +53,16 @@ void PrintJobCard(int JobID)
 
 void FillJobCardTemp(int JobID)
 {
-    WriteGroup::run(DE().CN, [JobID] {
+    WriteGroup::runScratch(DE().CN, [JobID] {
         DE().CN.execute(u"Delete * from tmpHead"_s);
         DE().CN.execute(u"Delete * from tmpbody"_s);
 
         const QString number = QString::number(JobID);
         Recordset &job = DE().rsJobs2;
         job.reopen(u"Select * from Jobs where id="_s + number);
+        if (job.eof())
+            throw RuntimeError(
+                Fault::NoCurrentRecord, u"Job card %1 has been deleted."_s.arg(JobID), {}, Written::NotTried);
         Recordset &head = DE().rsPrintHead;
         head.reopen(u"Select * from tmpHead"_s);
         AddTmpHead(head, job, JobID);

@@ -46,13 +46,6 @@ QStringList linesOf(const QString &text)
     return text.isEmpty() ? QStringList() : text.split(lineEnd);
 }
 
-void addLabelled(QGridLayout *grid, int row, const QString &caption, QWidget *field)
-{
-    const bool tall = qobject_cast<kvTextBoxMultiLine *>(field) != nullptr;
-    grid->addWidget(captionOf(field, caption), row, 0, tall ? Qt::AlignRight | Qt::AlignTop : Qt::Alignment());
-    grid->addWidget(field, row, 1);
-}
-
 } // namespace
 
 frmAddItem::frmAddItem() : Screen(u"frmAddItem"_s, u"Item"_s)
@@ -105,11 +98,11 @@ QLayout *frmAddItem::buildOrder()
     ItemDetails1 = new ::ItemDetails(u"ItemDetails1"_s);
     auto *fields = new QGridLayout;
     fields->setColumnStretch(1, 1);
-    addLabelled(fields, 0, u"Client :"_s, lblClint);
-    addLabelled(fields, 1, u"Item :"_s, cmbItems);
+    addField(*fields, 0, u"Client :"_s, lblClint);
+    addField(*fields, 1, u"Item :"_s, cmbItems);
     fields->addWidget(lblLast, 2, 1);
-    addLabelled(fields, 3, u"Quantity :"_s, txtQnt);
-    addLabelled(fields, 4, u"Fees :"_s, txtFees);
+    addField(*fields, 3, u"Quantity :"_s, txtQnt);
+    addField(*fields, 4, u"Fees :"_s, txtFees);
     auto *column = new QVBoxLayout;
     column->addLayout(fields);
     column->addWidget(ItemDetails1, 1);
@@ -139,9 +132,9 @@ QLayout *frmAddItem::buildCloth()
 
     auto *fields = new QGridLayout;
     fields->setColumnStretch(1, 1);
-    addLabelled(fields, 0, u"Cloth Remark"_s, txtRemark);
-    addLabelled(fields, 1, u"Cllient Note :"_s, txtClientRemark);
-    addLabelled(fields, 2, u"Cloth Color :"_s, colorRow);
+    addField(*fields, 0, u"Cloth Remark"_s, txtRemark);
+    addField(*fields, 1, u"Cllient Note :"_s, txtClientRemark);
+    addField(*fields, 2, u"Cloth Color :"_s, colorRow);
     fields->addWidget(opIsInv, 3, 1);
 
     Command3 = new Command(u"Command3"_s, u"Web Cam"_s);
@@ -167,7 +160,7 @@ QLayout *frmAddItem::buildCloth()
 void frmAddItem::connectCommands()
 {
     filterKeys(txtQnt, DigitKeysOnly);
-    filterKeys(txtFees, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtFees), key); });
+    filterKeys(txtFees, DecimalKeysOnly);
 
     connect(cmbItems, &kvComboBox::gotFocus, this, [this] { SelectComboEntry(*cmbItems); });
     connect(cmbItems, &QComboBox::activated, this, [this] { itemChosen(); });

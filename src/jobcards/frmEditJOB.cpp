@@ -67,7 +67,7 @@ frmEditJOB::frmEditJOB() : Screen(u"frmEditJOB"_s, u"Create New Job Card"_s), m_
     setTabs();
     connectCommands();
     fillClients();
-    fillWithTitles(*cmbAccount, u" where type="_s + QString::number(accountType::Ledger) + u" and nature=0 "_s);
+    fillWithTitles(*cmbAccount, u" where type=%1 and nature=%2 "_s.arg(accountType::Ledger).arg(accountNature::Income));
     setEntryKeys(EnterMovesOn | PageKeysMove);
 }
 
@@ -177,11 +177,8 @@ QLayout *frmEditJOB::buildFoot()
     auto *money = new QGridLayout;
     const std::pair<QString, QWidget *> amounts[]{{u"Total Amount :"_s, txtAmountDue},
         {u"Amount Received :"_s, txtAmountPaid}, {u"Receipt Account :"_s, cmbAccount}, {u"Amount Due:"_s, txtAmount}};
-    for (const auto &[caption, field] : amounts) {
-        const int row = money->rowCount();
-        money->addWidget(captionOf(field, caption), row, 0);
-        money->addWidget(field, row, 1);
-    }
+    for (const auto &[caption, field] : amounts)
+        addField(*money, money->rowCount(), caption, field);
     money->setColumnMinimumWidth(1, 200);
 
     auto *foot = new QHBoxLayout;
@@ -218,7 +215,7 @@ void frmEditJOB::setTabs()
 void frmEditJOB::connectCommands()
 {
     filterKeys(txtJOBID, DigitKeysOnly);
-    filterKeys(txtAmountPaid, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtAmountPaid), key); });
+    filterKeys(txtAmountPaid, DecimalKeysOnly);
     connect(cmbClient, &kvComboBox::lostFocus, this, &frmEditJOB::greetClient);
     connect(txtAmountPaid, &kvTextBox::lostFocus, this, &frmEditJOB::leaveReceived);
     onKey(Qt::CTRL | Qt::Key_I, u"To the items"_s, [this] { m_items->setFocus(Qt::ShortcutFocusReason); });
@@ -266,8 +263,9 @@ void frmEditJOB::ShowAddNew()
 
 void frmEditJOB::ShowEdit(int JobID, bool &JobDeleted)
 {
-    JobDeleted = false;
-    load(JobID);
+    JobDeleted = !load(JobID);
+    if (JobDeleted)
+        return ShowMessage(u"Job Card not found!"_s);
     showCards();
     JobDeleted = m_jobDeleted;
 }
@@ -305,7 +303,7 @@ void frmEditJOB::allowManualNumber()
     txtJOBID->setFocus();
 }
 
-void frmEditJOB::load(int jobID)
+bool frmEditJOB::load(int jobID)
 {
     m_greeting->setText(u"Welcome to "_s + session::ShopName);
     m_store.openSaved(jobID);
@@ -315,6 +313,8 @@ void frmEditJOB::load(int jobID)
 
     Recordset &job = DE().rsJobs2;
     job.reopen(u"Select * from JOBS where id="_s + QString::number(jobID));
+    if (job.eof())
+        return false;
     txtJOBID->setText(QString::number(job.integer(u"ID")));
     JobDate->setDate(job.date(u"DATE"));
     cmbClient->setText(GetAccountTitle(job.integer(u"ClintID")));
@@ -328,7 +328,7 @@ void frmEditJOB::load(int jobID)
     txtRemark->setText(job.text(u"Remark"));
     chStatus->setChecked(job.integer(u"Status") != 0);
     txtCancel->setText(job.text(u"CancelReason"));
-    if (job.integer(u"JobFinished") == 1 && !job.isNull(u"ClientDeliveryDate"))
+    if (job.integer(u"JobFinished") == jobState::Finished && !job.isNull(u"ClientDeliveryDate"))
         lblDelDate->setText(u"Delivered to Client : "_s + DayMonthYear(job.date(u"ClientDeliveryDate")));
     showTrialNote(job.integer(u"appeared"), job.isNull(u"appearedDate") ? QDate() : job.date(u"appearedDate"));
     job.close();
@@ -336,6 +336,7 @@ void frmEditJOB::load(int jobID)
     m_store.readRows(JobRows);
     m_items->showRows();
     showAmountDue();
+    return true;
 }
 
 void frmEditJOB::showTrialNote(int appeared, const QDate &appearedDate)
@@ -471,6 +472,11 @@ void frmEditJOB::save()
 
 void frmEditJOB::complainOfDuplicate()
 {
+    if (m_store.mayStand())
+        return complain(
+            u"Duplicate Job ID!\r\nIt may be this card, of which it was not known whether it was written.\r\n"
+            "Look at that card before you enter this one again."_s,
+            txtJOBID);
     complain(u"Duplicate Job ID!"_s, txtJOBID);
     // A number that the user can't change was offered by the program; another one has used it meanwhile.
     if (m_store.EditMode() == u"N" && txtJOBID->isReadOnly())

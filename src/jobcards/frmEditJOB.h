@@ -23,8 +23,8 @@ public:
 
     /// Opens a fresh card and returns when the screen has closed.
     void ShowAddNew();
-    /// Opens the card `JobID`. `JobDeleted` tells whether it was deleted. Throws RuntimeError: Overflow for a number
-    /// above 32767, NoCurrentRecord for a card that isn't there.
+    /// Opens the card `JobID`. `JobDeleted` tells whether it was deleted, here or, which the user is told, by another
+    /// program before. Throws RuntimeError: Overflow for a number above 32767.
     void ShowEdit(int JobID, bool &JobDeleted);
 
     /// Works the totals out from the list. Does nothing while the list is empty: the totals shown stay.
@@ -43,7 +43,8 @@ private:
     void connectCommands();
 
     void prepareNew();
-    void load(int jobID);
+    /// False where there is no such card.
+    [[nodiscard]] bool load(int jobID);
     void showTrialNote(int appeared, const QDate &appearedDate);
     void allowManualNumber();
     void showCards();

@@ -1,8 +1,5 @@
 #include "masters/MasterEditor.h"
 
-#include "base/session.h"
-#include "store/DataEnvironment.h"
-#include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/complain.h"
 #include "ui/formFields.h"
@@ -22,7 +19,7 @@ constexpr double hintSize = 0.85;
 
 } // namespace
 
-MasterEditor::MasterEditor(const QString &name, Kind kind)
+MasterEditor::MasterEditor(const QString &name, masterRows::Kind kind)
     : Screen(name), txtName(new kvTextBox(u"txtName"_s)), Command1(new Command(u"Command1"_s, u"&Save"_s)),
       Command2(new Command(u"Command2"_s, u"&Delete"_s)), m_kind(std::move(kind)), lblTitle(new QLabel)
 {
@@ -51,8 +48,7 @@ QLabel *MasterEditor::hint(const QString &text)
 void MasterEditor::addField(QGridLayout *grid, const QString &caption, QWidget *field, const QString &hintText)
 {
     const int row = grid->rowCount();
-    grid->addWidget(captionOf(field, caption), row, 0);
-    grid->addWidget(field, row, 1);
+    ::addField(*grid, row, caption, field);
     if (hintText.isEmpty())
         return;
     // Close under its field.
@@ -105,17 +101,12 @@ void MasterEditor::start(const QString &mode, const QString &heading)
     TranslateForm(*this);
 }
 
-QString MasterEditor::rowStatement() const
-{
-    return u"Select * from "_s + m_kind.table + u" where id="_s + QString::number(m_id);
-}
-
 Recordset &MasterEditor::startEdit(const QString &heading, int id)
 {
     start(u"E"_s, heading);
     m_id = id;
     Recordset &row = m_kind.rows;
-    row.reopen(rowStatement());
+    row.reopen(u"Select * from "_s + m_kind.table + u" where id="_s + QString::number(id));
     OldTitle = row.text(m_kind.nameColumn);
     txtName->setText(OldTitle);
     for (const TextField &field : m_texts)
@@ -132,45 +123,33 @@ bool MasterEditor::isNameMissing(const QString &message)
     return true;
 }
 
-bool MasterEditor::isNameTaken()
+bool MasterEditor::store(std::vector<masterRows::Field> fields, const std::vector<Unique> &other)
 {
-    return isTaken(m_kind.nameColumn, txtName, OldTitle, u"Duplicate!"_s);
-}
-
-bool MasterEditor::isTaken(const QString &column, kvTextBox *box, const QString &loaded, const QString &message)
-{
-    const QString text = box->Text();
-    // Another case of what the row is called already is its own.
-    if (!isNew() && text.toUpper() == loaded.toUpper())
-        return false;
-    if (GetFieldValue(u"ID"_s, m_kind.table, column, text, m_kind.lookups).toInt() <= 0)
-        return false;
-    complain(message, box);
-    return true;
-}
-
-Recordset &MasterEditor::rowToWrite()
-{
-    Recordset &row = m_kind.rows;
-    if (isNew()) {
-        row.openToAdd(m_kind.allRows);
-        row.addNew();
-    } else {
-        row.reopen(rowStatement());
+    std::vector<Unique> unique{{m_kind.nameColumn, txtName, OldTitle, u"Duplicate!"_s}};
+    unique.insert(unique.end(), other.begin(), other.end());
+    std::vector<masterRows::Field> asked;
+    for (const Unique &field : unique) {
+        const QString text = field.box->Text();
+        const bool isOwn = !isNew() && text.toUpper() == field.loaded.toUpper();
+        if (!isOwn && !text.isEmpty())
+            asked.push_back({field.column, text});
     }
-    row.set(m_kind.nameColumn, txtName->Text());
+    fields.push_back({m_kind.nameColumn, txtName->Text()});
     for (const TextField &field : m_texts)
-        row.set(field.column, field.box->Text());
-    return row;
-}
+        fields.push_back({field.column, field.box->Text()});
 
-void MasterEditor::store()
-{
-    Recordset &row = m_kind.rows;
-    row.update();
-    m_id = row.integer(u"ID");
-    row.close();
-    session::NeedRefresh = true;
+    const masterRows::Saved saved = masterRows::save(m_kind, isNew() ? 0 : m_id, fields, asked);
+    if (saved.what == masterRows::Saved::Yes) {
+        m_id = saved.id;
+        return true;
+    }
+    if (saved.what == masterRows::Saved::Gone)
+        complain(u"Another program has deleted this entry meanwhile. Nothing was saved."_s);
+    for (const Unique &field : unique) {
+        if (saved.column == field.column)
+            complain(field.message, field.box);
+    }
+    return false;
 }
 
 void MasterEditor::finishSave(const QString &added, const QString &changed)
@@ -187,16 +166,8 @@ void MasterEditor::deleteRow()
 {
     if (isNew() || AskUser(u"Are you sure?"_s) != 1)
         return;
-    const QString number = QString::number(m_id);
-    for (const Use &use : m_kind.uses) {
-        use.rows.reopen(use.statement + number);
-        const bool isInUse = use.rows.recordCount() > 0;
-        use.rows.close();
-        if (isInUse)
-            return complain(u"Cant't Delete!"_s);
-    }
-    DE().CN.execute(u"Delete from "_s + m_kind.table + u" where id="_s + number);
-    session::NeedRefresh = true;
+    if (!masterRows::remove(m_kind, m_id))
+        return complain(u"Cant't Delete!"_s);
     ShowMessage(u"Deleted."_s);
     accept();
 }

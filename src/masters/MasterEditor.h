@@ -1,5 +1,6 @@
 #pragma once
 
+#include "masters/masterRows.h"
 #include "ui/Screen.h"
 
 #include <vector>
@@ -7,7 +8,6 @@
 class Command;
 class QGridLayout;
 class QLabel;
-class Recordset;
 class kvTextBox;
 
 /// What the editors of clients, workers, items and accounts share: a name that must be given and may not be taken, the
@@ -17,22 +17,7 @@ class MasterEditor : public Screen {
     Q_OBJECT
 
 protected:
-    /// A statement that lacks only the row's number at its end, and the object that it runs on. Any row of it says that
-    /// the master is in use.
-    struct Use {
-        Recordset &rows;
-        QString statement;
-    };
-    struct Kind {
-        QString table;
-        QString nameColumn;
-        /// What a new row is added to.
-        QString allRows;
-        Recordset &rows;
-        Recordset &lookups;
-        std::vector<Use> uses;
-    };
-    MasterEditor(const QString &name, Kind kind);
+    MasterEditor(const QString &name, masterRows::Kind kind);
 
     /// Adds a row to a grid of labels and fields.
     static void addField(QGridLayout *grid, const QString &caption, QWidget *field, const QString &hintText = {});
@@ -65,13 +50,19 @@ protected:
     [[nodiscard]] Recordset &startEdit(const QString &heading, int id);
 
     virtual void save() = 0;
-    /// The checks of a save. True where the user was told a fault, and the focus is on the field.
+    /// True where the user was told that the name is missing, and the focus is on it.
     [[nodiscard]] bool isNameMissing(const QString &message);
-    [[nodiscard]] bool isNameTaken();
-    [[nodiscard]] bool isTaken(const QString &column, kvTextBox *box, const QString &loaded, const QString &message);
-    /// The row in hand or a new one, open, with name and texts set; the screen sets the rest and `store`s it.
-    [[nodiscard]] Recordset &rowToWrite();
-    void store();
+    /// A field whose text no other row may have. What it was `loaded` with, in any case, is the row's own; an empty one
+    /// is never taken.
+    struct Unique {
+        QString column;
+        kvTextBox *box;
+        QString loaded;
+        QString message;
+    };
+    /// Writes the row in hand or a new one: name, texts and `fields`. False where the user was told why it was not: the
+    /// name or the text of `other` is taken, and the focus is on it, or the row is gone.
+    [[nodiscard]] bool store(std::vector<masterRows::Field> fields, const std::vector<Unique> &other = {});
     /// What comes after the writing of a row, by mode: a new one closes the screen, a changed one leaves it open.
     void finishSave(const QString &added, const QString &changed);
 
@@ -92,9 +83,7 @@ private:
         QString column;
     };
 
-    [[nodiscard]] QString rowStatement() const;
-
-    Kind m_kind;
+    masterRows::Kind m_kind;
     QLabel *lblTitle;
     std::vector<TextField> m_texts;
     bool m_addedOne = false;

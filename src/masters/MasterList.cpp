@@ -11,7 +11,10 @@
 #include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
+#include "ui/accountCombo.h"
 #include "ui/boxType.h"
+#include "ui/complain.h"
+#include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBox.h"
@@ -21,15 +24,6 @@
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QStringList titlesOfType(const QString &condition)
-{
-    return FillCombo(u"Title"_s, u"Accounts"_s, condition, DE().rsaccounts);
-}
-
-} // namespace
 
 struct MasterList::Kind {
     QString screen;
@@ -52,7 +46,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where Type="_s + QString::number(accountType::Client)); },
+            .names = [] { return accountTitles(u" where Type="_s + QString::number(accountType::Client)); },
             .addNew = [] { frmEditClients().AddNew(); },
             .edit = [](int id) { frmEditClients().Edit(id); },
             .controlAAdds = true},
@@ -61,7 +55,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where Type="_s + QString::number(accountType::Worker)); },
+            .names = [] { return accountTitles(u" where Type="_s + QString::number(accountType::Worker)); },
             .addNew = [] { frmEditWorker().AddNew(); },
             .edit = [](int id) { frmEditWorker().Edit(id); }},
         {.screen = u"frmItems"_s,
@@ -77,7 +71,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .table = u"Accounts"_s,
             .keyColumn = u"Title"_s,
             .lookups = &DataEnvironment::rsaccounts,
-            .names = [] { return titlesOfType(u" where type="_s + QString::number(accountType::Ledger)); },
+            .names = [] { return accountTitles(u" where type="_s + QString::number(accountType::Ledger)); },
             .addNew = [] { frmEditAccount().ShowAddNew(); },
             .edit = [](int id) { frmEditAccount().ShowEdit(id); },
             .backCaption = u"Back"_s},
@@ -126,12 +120,7 @@ void MasterList::connectCommands()
 {
     connect(txtSearch, &kvTextBox::changed, this, &MasterList::search);
     connect(txtSearch, &kvTextBox::keyDown, this, [this](int &key) { key = ListNavKeys(*lstSummary, key); });
-    connect(txtSearch, &kvTextBox::keyPress, this, [this](int &key) {
-        if (key != keys::Enter)
-            return;
-        key = keys::Swallowed;
-        openCurrent();
-    });
+    onEnter(txtSearch, [this] { openCurrent(); });
     connect(Command1, &Command::clicked, this, &MasterList::addNew);
     connect(Command2, &Command::clicked, this, &QDialog::reject);
     if (m_kind.controlAAdds)
@@ -184,8 +173,11 @@ int MasterList::rowBeginningWith(const QString &text) const
 
 void MasterList::openRow(const ListRow &row)
 {
-    m_openID = Int16(
-        GetFieldValue(u"ID"_s, m_kind.table, m_kind.keyColumn, row.cells.first(), DE().*m_kind.lookups).toDouble());
+    const double id =
+        GetFieldValue(u"ID"_s, m_kind.table, m_kind.keyColumn, row.cells.first(), DE().*m_kind.lookups).toDouble();
+    if (id < 0)
+        return complain(u"Another program has deleted or renamed \"%1\"."_s.arg(row.cells.first()));
+    m_openID = Int16(id);
     m_kind.edit(m_openID);
     m_openID = 0;
 }

@@ -1,9 +1,9 @@
 #include "masters/frmEditAccount.h"
 
-#include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "ui/Command.h"
 #include "ui/complain.h"
+#include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
@@ -13,12 +13,7 @@
 
 using namespace Qt::StringLiterals;
 
-frmEditAccount::frmEditAccount()
-    : MasterEditor(u"frmEditAccount"_s,
-        {u"Accounts"_s, u"Title"_s, u"Select * from accounts order by id"_s, DE().rsaccounts, DE().rsaccounts,
-            // Cancelled postings count too.
-            {{DE().rspostings, u"Select * from Postings where AccID="_s},
-                {DE().rspostings, u"Select * from Postings where RefID="_s}}})
+frmEditAccount::frmEditAccount() : MasterEditor(u"frmEditAccount"_s, masterRows::accounts())
 {
     buildForm();
 }
@@ -35,7 +30,7 @@ void frmEditAccount::buildForm()
     stretch(fields);
     buildFrame(fields);
     resize(460, sizeHint().height());
-    setTabOrder(Command1, Command2);
+    chainTabs({Command1, Command2});
 }
 
 void frmEditAccount::startNew()
@@ -65,12 +60,8 @@ void frmEditAccount::save()
         return complain(u"Please select account type"_s, cmbType);
     if (!isNew() && IsReadOnly == 1)
         return complain(u"Cant't Rename!"_s);
-    if (isNameTaken())
+    if (!store({{u"Type"_s, accountType::Ledger}, {u"Nature"_s, cmbType->currentIndex()}}))
         return;
-    Recordset &row = rowToWrite();
-    row.set(u"Type", accountType::Ledger);
-    row.set(u"Nature", cmbType->currentIndex());
-    store();
     if (!isNew())
         // The title that it was opened with stays the one that a change is measured by.
         return ShowMessage(u"Account information edited."_s);

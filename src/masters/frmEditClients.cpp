@@ -24,11 +24,7 @@ QString &lastSavedName()
 
 } // namespace
 
-frmEditClients::frmEditClients()
-    : MasterEditor(u"frmEditClients"_s,
-        {u"Accounts"_s, u"Title"_s, u"Select * from Accounts"_s, DE().rsaccounts, DE().rsaccounts,
-            // Its postings don't keep a client: they go with its job cards.
-            {{DE().rsJOBS_DETAIL, u"Select * from JOBS_DETAIL where ClintID="_s}}})
+frmEditClients::frmEditClients() : MasterEditor(u"frmEditClients"_s, masterRows::clients())
 {
     buildForm();
     connect(Command3, &Command::clicked, this, &frmEditClients::generateKey);
@@ -98,14 +94,11 @@ void frmEditClients::save()
 {
     if (hasRefusedDate(*this))
         return;
-    if (isNameMissing(u"Please Enter Client Name!"_s) || isNameTaken())
+    if (isNameMissing(u"Please Enter Client Name!"_s))
         return;
-    if (!txtKey->Text().isEmpty() && isTaken(u"Key"_s, txtKey, m_loadedKey, u"Duplicate Key!"_s))
+    if (!store({{u"Type"_s, accountType::Client}, {u"dob"_s, dateDob->birthday()}},
+            {{u"Key"_s, txtKey, m_loadedKey, u"Duplicate Key!"_s}}))
         return;
-    Recordset &row = rowToWrite();
-    row.set(u"Type", accountType::Client);
-    row.set(u"dob", dateDob->birthday());
-    store();
     m_loadedKey = txtKey->Text();
     lastSavedName() = txtName->Text();
     finishSave(u"New Client Created."_s, u"Client Information Updated."_s);

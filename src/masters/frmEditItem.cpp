@@ -1,7 +1,6 @@
 #include "masters/frmEditItem.h"
 
 #include "base/values.h"
-#include "store/DataEnvironment.h"
 #include "ui/Command.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
@@ -40,10 +39,7 @@ QRadioButton *option(const QString &name, const QString &caption)
 
 } // namespace
 
-frmEditItem::frmEditItem()
-    : MasterEditor(u"frmEditItem"_s,
-        {u"Items"_s, u"Name"_s, u"Select * from Items"_s, DE().rsITEMS, DE().rsItems2,
-            {{DE().rsJOBS_DETAIL, u"Select * from JOBS_DETAIL where ItemID="_s}}})
+frmEditItem::frmEditItem() : MasterEditor(u"frmEditItem"_s, masterRows::items())
 {
     buildForm();
     connect(txtItemDetails, &kvTextBoxMultiLine::lostFocus, this, &frmEditItem::dropBlankLines);
@@ -147,16 +143,11 @@ void frmEditItem::save()
     // An inventory item has no measurements.
     if (ckProduct->isChecked())
         txtItemDetails->setText(u"Inventory"_s);
-    if (isNameTaken())
+    if (!store({{u"Fees"_s, Val(txtFees->Text())}, {u"WorkerFees"_s, Val(txtWorkerFees->Text())},
+            {u"ItemDetails"_s, txtItemDetails->Text()}, {u"ProdcutionCap"_s, Val(txtProductionCap->Text())},
+            {u"OpPendingOrders"_s, Val(txtPendingOrdersBal->Text())},
+            {u"isInventory"_s, ckProduct->isChecked() ? 1 : 0}}))
         return;
-    Recordset &row = rowToWrite();
-    row.set(u"Fees", Val(txtFees->Text()));
-    row.set(u"WorkerFees", Val(txtWorkerFees->Text()));
-    row.set(u"ItemDetails", txtItemDetails->Text());
-    row.set(u"ProdcutionCap", Val(txtProductionCap->Text()));
-    row.set(u"OpPendingOrders", Val(txtPendingOrdersBal->Text()));
-    row.set(u"isInventory", ckProduct->isChecked() ? 1 : 0);
-    store();
     finishSave(u"New Item Added."_s, u"Item Edited."_s);
 }
 

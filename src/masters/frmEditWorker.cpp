@@ -1,19 +1,15 @@
 #include "masters/frmEditWorker.h"
 
-#include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "ui/Command.h"
+#include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 
 #include <QGridLayout>
 
 using namespace Qt::StringLiterals;
 
-frmEditWorker::frmEditWorker()
-    : MasterEditor(u"frmEditWorker"_s,
-        {u"Accounts"_s, u"Title"_s, u"Select * from Accounts"_s, DE().rsaccounts, DE().rsaccounts,
-            {{DE().rsJOBS_DETAIL, u"Select * from JOBS_DETAIL where WorkerID="_s},
-                {DE().rspostings, u"Select * from Postings where AccID="_s}}})
+frmEditWorker::frmEditWorker() : MasterEditor(u"frmEditWorker"_s, masterRows::workers())
 {
     buildForm();
 }
@@ -29,7 +25,7 @@ void frmEditWorker::buildForm()
     stretch(fields);
     buildFrame(fields);
     resize(500, sizeHint().height());
-    setTabOrder(Command1, Command2);
+    chainTabs({Command1, Command2});
 }
 
 void frmEditWorker::startNew()
@@ -50,9 +46,7 @@ void frmEditWorker::Edit(int id)
 
 void frmEditWorker::save()
 {
-    if (isNameMissing(u"Please Enter Worker Name!"_s) || isNameTaken())
+    if (isNameMissing(u"Please Enter Worker Name!"_s) || !store({{u"Type"_s, accountType::Worker}}))
         return;
-    rowToWrite().set(u"Type", accountType::Worker);
-    store();
     finishSave(u"New Worker Added."_s, u"Worker Information Updated."_s);
 }

@@ -7,6 +7,7 @@
 #include "ui/Command.h"
 #include "ui/ListView.h"
 #include "ui/boxType.h"
+#include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBox.h"
@@ -86,12 +87,7 @@ kvTextBox *frmSearchClient::searchBox(const Search &search)
     box->setAutoTab(false);
     connect(box, &kvTextBox::changed, this, [this, box, column = search.column] { SearchText(box->Text(), column); });
     connect(box, &kvTextBox::keyDown, this, [this](int &key) { ScrollLV(*lvResults, key); });
-    connect(box, &kvTextBox::keyPress, this, [this](int &key) {
-        if (key != keys::Enter)
-            return;
-        key = keys::Swallowed;
-        openCurrent();
-    });
+    onEnter(box, [this] { openCurrent(); });
     return box;
 }
 

@@ -17,6 +17,8 @@ ImageSlot::ImageSlot(
     const QString &caption, const QString &picture, const QString &path, const QList<Command *> &commands)
     : m_picture(new PictureBox(picture)), m_path(new kvTextBox(path, boxType::Plain))
 {
+    nameAloud(m_path, caption + u" file"_s);
+    m_picture->setAccessibleName(caption);
     m_path->setReadOnly(true);
     m_path->setFocusPolicy(Qt::NoFocus);
     m_picture->setToolTip(u"Double click to open"_s);

@@ -18,7 +18,7 @@ void closeJob(qint32 jobID)
     job.reopen(u"Select * from jobs where id="_s + QString::number(jobID));
     if (!job.eof()) {
         job.set(u"DeliveryDate", session::CurrentDate);
-        job.set(u"JOBFINISHED", 1);
+        job.set(u"JOBFINISHED", jobState::Finished);
         job.update();
     }
     job.close();
@@ -58,7 +58,7 @@ assignment::Saved assignment::save(qint32 rowID, const Assignment &given)
         row.set(u"CuttingStatus", given.cuttingDone ? cutting::Done : cutting::NotDone);
         row.set(u"CuttingDate", given.cuttingDate);
         row.set(u"WorkerWagesDue", given.wages);
-        row.set(u"MarkAsPaid", given.paid ? 1 : 0);
+        row.set(u"MarkAsPaid", given.paid ? wage::Paid : wage::Unpaid);
         row.set(u"Loc", given.location);
         const qint32 jobID = row.integer(u"JobID");
         row.update();

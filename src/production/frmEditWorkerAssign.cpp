@@ -293,7 +293,7 @@ void frmEditWorkerAssign::connectCommands()
     connect(cmbWorker, &kvComboBox::changed, this, &frmEditWorkerAssign::RateWorker);
     connect(cmbWorker, &QComboBox::activated, this, &frmEditWorkerAssign::RateWorker);
     connect(cmbWorker, &kvComboBox::lostFocus, this, &frmEditWorkerAssign::RateWorker);
-    filterKeys(txtWagesDue, [this](int key) { return DecimalKeysOnly(textBesideSelection(*txtWagesDue), key); });
+    filterKeys(txtWagesDue, DecimalKeysOnly);
     onKey(Qt::CTRL | Qt::Key_S, u"Save"_s, [this] { Command1->trigger(); });
     onKey(Qt::CTRL | Qt::Key_P, u"Print Slip"_s, [this] { Command3->trigger(); });
     onKey(Qt::CTRL | Qt::Key_W, u"Worker details: show or hide"_s, [this] { lblHideShow->trigger(); });

@@ -56,7 +56,7 @@ bool itemRowMarks::jobDelivered(qint32 jobID, QDate day)
         const QString number = QString::number(jobID);
         isThere = change(DE().rsJOBS, u"Select * from Jobs where id="_s + number, [day](Recordset &job) {
             job.set(u"ClientDeliveryDate", day);
-            job.set(u"JOBFINISHED", 1);
+            job.set(u"JOBFINISHED", jobState::Finished);
         });
         if (isThere)
             change(DE().rsJOBS_DETAIL, u"Select * from jobs_detail where JobID="_s + number,

@@ -31,7 +31,7 @@ void putInHindi(ReportSection &section)
                 continue;
             if (const auto hindi = table.hindi(control.text)) {
                 control.text = *hindi;
-                control.family = hindiFont();
+                control.family = hindiFamily();
             }
         }
     } catch (const RuntimeError &error) {

@@ -119,8 +119,9 @@ void frmTrailDate::showTrials()
 {
     std::vector<ListRow> rows;
     Recordset &jobs = DE().rsJOBS;
-    jobs.reopen(u"select * from  Jobs where TrialDate between #"_s + DateText(m_period->from()) + u"# and #"_s
-        + DateText(m_period->to()) + u"# order by TrialDate,id"_s);
+    jobs.openColumns(u"select * from  Jobs where TrialDate between #"_s + DateText(m_period->from()) + u"# and #"_s
+            + DateText(m_period->to()) + u"# order by TrialDate,id"_s,
+        {u"Id"_s, u"ClintID"_s, u"TrialDate"_s, u"appeared"_s, u"appearedDate"_s});
     rows.reserve(static_cast<size_t>(jobs.recordCount()));
     for (; !jobs.eof(); jobs.moveNext())
         rows.push_back(rowOf(jobs));

@@ -10,6 +10,7 @@
 #include "production/frmEditWorkerAssign.h"
 #include "production/frmWorkerReport2.h"
 #include "production/itemRowMarks.h"
+#include "production/rowGone.h"
 #include "registers/dueLook.h"
 #include "registers/itemRowCells.h"
 #include "registers/openJobCard.h"
@@ -53,8 +54,6 @@ const auto cuttingDone = u"Cutting Done"_s;
 const auto cuttingNotDone = u"Cutting Not Done"_s;
 const auto nobody = u"-1000"_s;
 const auto noWorkerChosen = u"Please Select Worker Name!"_s;
-const auto rowGone = u"This item is no longer on its job card!"_s;
-const auto cardGone = u"Job Card not found!"_s;
 constexpr size_t closingRows = 2;
 
 QStringList conditions()
@@ -68,9 +67,9 @@ QStringList conditions()
 
 std::vector<ListColumn> columns()
 {
-    return {{u"Date"_s, 8.4}, {u"JOB ID"_s, 5.5}, {u"Client Name"_s, 11.5}, {u"Qty"_s, 3.6, true},
-        {u"Item Name"_s, 9.5}, {u"Remark"_s, 7}, {u"Del. Date"_s, 12.5}, {u"Worker Name"_s, 9.5}, {u"Cutting"_s, 6.8},
-        {u"Status"_s, 11}, {u"Location"_s, 6.2}, {u"Balance"_s, 8.5, true}};
+    return {{u"Date"_s, 8.2}, {u"JOB ID"_s, 5.2}, {u"Client Name"_s, 11}, {u"Qty"_s, 3.4, true}, {u"Item Name"_s, 9},
+        {u"Remark"_s, 6.6}, {u"Del. Date"_s, 14.8}, {u"Worker Name"_s, 9.2}, {u"Cutting"_s, 6.6}, {u"Status"_s, 11},
+        {u"Location"_s, 6.4}, {u"Balance"_s, 8.6, true}};
 }
 
 void closeWithTotal(std::vector<ListRow> &rows)
@@ -345,23 +344,21 @@ void frmWorkerJobRegister::setMarks()
     const auto markWithLocation = [this](int status) {
         return [this, status](const ListRow &row) {
             const QString location = platformBox::askText(u"Please specify location!"_s, u"Kovrel"_s);
-            afterMark(itemRowMarks::status(row.tag.toInt(), status, session::CurrentDate, location), rowGone);
+            afterMark(itemRowMarks::status(row.tag.toInt(), status, session::CurrentDate, location));
         };
     };
     setRowActions({
         {u"Mark Item as Cutting Done"_s, Qt::Key_F6, u"Mark Item as Cutting Done?"_s,
-            [this](const ListRow &row) { afterMark(itemRowMarks::cuttingDone(row.tag.toInt()), rowGone); }},
+            [this](const ListRow &row) { afterMark(itemRowMarks::cuttingDone(row.tag.toInt())); }},
         {u"Mark Item as Completed"_s, Qt::Key_F7, u"Mark Item as Completed?"_s, markWithLocation(rowStatus::Completed)},
         {u"Mark Item as Alteration"_s, Qt::Key_unknown, u"Mark Item as Alteration?"_s,
             markWithLocation(rowStatus::Alteration)},
         {u"Mark Item as Delivered to Client"_s, Qt::Key_F8, u"Mark Item as Delivered to Client?"_s,
             [this](const ListRow &row) {
-                afterMark(itemRowMarks::status(row.tag.toInt(), rowStatus::Delivered, session::CurrentDate), rowGone);
+                afterMark(itemRowMarks::status(row.tag.toInt(), rowStatus::Delivered, session::CurrentDate));
             }},
         {u"Job Card as Delivered to Client"_s, Qt::Key_unknown, u"Job Card as Delivered to Client?"_s,
-            [this](const ListRow &row) {
-                afterMark(itemRowMarks::jobDelivered(jobNumber(row), session::CurrentDate), cardGone);
-            }},
+            [this](const ListRow &row) { handOverJob(jobNumber(row)); }},
         {},
         {u"Open Job Card"_s, Qt::Key_F3, {}, [](const ListRow &row) { openJobCard(jobNumber(row)); }},
         {u"Open Client Account"_s, Qt::Key_F2, {}, [this](const ListRow &row) { openAccount(row); }},
@@ -567,9 +564,16 @@ void frmWorkerJobRegister::openAccount(const ListRow &row)
     filterChosen();
 }
 
-void frmWorkerJobRegister::afterMark(bool isThere, const QString &ifGone)
+void frmWorkerJobRegister::handOverJob(qint32 jobID)
+{
+    if (!itemRowMarks::jobDelivered(jobID, session::CurrentDate))
+        ShowMessage(u"Job Card not found!"_s);
+    filterChosen();
+}
+
+void frmWorkerJobRegister::afterMark(bool isThere)
 {
     if (!isThere)
-        ShowMessage(ifGone);
+        tellRowGone();
     filterChosen();
 }

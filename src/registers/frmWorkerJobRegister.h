@@ -61,7 +61,8 @@ private:
     void showDetails();
     void overview();
     void openAccount(const ListRow &row);
-    void afterMark(bool isThere, const QString &ifGone);
+    void handOverJob(qint32 jobID);
+    void afterMark(bool isThere);
 
     PeriodFields *m_period;
     QRadioButton *opDt1;

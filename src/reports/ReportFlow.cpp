@@ -97,8 +97,11 @@ ReportBlock ReportFlow::blockAt(const Spot &spot) const
 /// Of the last two details and the foot behind them, where `spot` is the last but one; else 0.
 double ReportFlow::heightWithFoot(const Spot &spot) const
 {
-    const Kind foot = isGrouped() ? Kind::GroupFoot : Kind::ReportFoot;
+    const Kind foot = isGrouped() && m_fillers.contains(Kind::GroupFoot) ? Kind::GroupFoot : Kind::ReportFoot;
     if (spot.kind != Kind::Detail || spot.row + 2 != rowsOf(spot.group) || !m_fillers.contains(foot))
+        return 0;
+    const bool comesNext = !isGrouped() || foot == Kind::GroupFoot || spot.group + 1 == m_rows->recordCount();
+    if (!comesNext)
         return 0;
     return heightAt(spot) + heightAt({Kind::Detail, spot.group, spot.row + 1}) + heightAt({foot, spot.group});
 }

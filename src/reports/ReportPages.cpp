@@ -4,7 +4,7 @@
 #include "base/safeFile.h"
 #include "ui/Progress.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
@@ -16,6 +16,19 @@ namespace {
 constexpr double twipsPerInch = 1440;
 constexpr double twipsPerPoint = 20;
 constexpr int pdfResolution = 1200;
+const QString onPaper = u"The pages are put on paper..."_s;
+/// So many are drawn before the user could break off.
+constexpr int pagesAtOnce = 5;
+
+/// Keeps nothing of what is written.
+class Nowhere : public QIODevice {
+public:
+    Nowhere() { open(WriteOnly); }
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *, qint64 size) override { return size; }
+};
 
 QPen penOf(const ReportPages::Item &item)
 {
@@ -64,10 +77,28 @@ QPageLayout ReportPages::pageLayout() const
 
 ReportPages::Drawn ReportPages::draw(QPagedPaintDevice &device, int first, int last) const
 {
+    Progress progress(onPaper);
+    return put(device, first, last, progress);
+}
+
+ReportPages::Drawn ReportPages::drawWhole(QPagedPaintDevice &device, int first, int last) const
+{
+    if (last - first >= pagesAtOnce) {
+        Nowhere nowhere;
+        QPdfWriter trial(&nowhere);
+        trial.setPageLayout(pageLayout());
+        if (const Drawn drawn = draw(trial, first, last); drawn != Drawn::Whole)
+            return drawn;
+    }
+    Progress progress(onPaper, Progress::WayOut::None);
+    return put(device, first, last, progress);
+}
+
+ReportPages::Drawn ReportPages::put(QPagedPaintDevice &device, int first, int last, Progress &progress) const
+{
     QPainter painter;
     if (!painter.begin(&device))
         return Drawn::Failed;
-    Progress progress(u"The pages are put on paper..."_s);
     for (int number = first; number <= last; ++number) {
         if (!progress.at(number - first, last - first + 1))
             return Drawn::Broken;
@@ -81,23 +112,23 @@ ReportPages::Drawn ReportPages::draw(QPagedPaintDevice &device, int first, int l
 ReportPages::Drawn ReportPages::savePdf(const QString &path) const
 {
     UnfinishedFile unfinished(path);
-    QFile file(unfinished.name());
-    if (!file.open(QIODevice::WriteOnly))
-        throw RuntimeError(Fault::FileFault, file.errorString(), path);
+    // In memory: a file of the toolkit forgets that an earlier piece could not be written.
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
     Drawn drawn = Drawn::Failed;
     {
-        QPdfWriter writer(&file);
+        QPdfWriter writer(&content);
         writer.setTitle(m_title);
         writer.setCreator(u"Corvane"_s);
         writer.setResolution(pdfResolution);
         writer.setPageLayout(pageLayout());
         drawn = draw(writer);
     }
-    file.close();
     if (drawn == Drawn::Broken)
         return drawn;
-    if (drawn == Drawn::Failed || file.error() != QFile::NoError)
-        throw RuntimeError(Fault::FileFault, file.errorString(), path);
+    if (drawn == Drawn::Failed)
+        throw RuntimeError(Fault::FileFault, u"The pages cannot be drawn."_s, path, Written::Nothing);
+    unfinished.write(content.data());
     unfinished.replace();
     return drawn;
 }

@@ -10,6 +10,7 @@
 #include <functional>
 #include <vector>
 
+class Progress;
 class QPagedPaintDevice;
 class QPainter;
 
@@ -60,6 +61,9 @@ public:
     /// and shows how far it is. REQUIRES: the device bears `pageLayout`.
     [[nodiscard]] Drawn draw(QPagedPaintDevice &device, int first, int last) const;
     [[nodiscard]] Drawn draw(QPagedPaintDevice &device) const { return draw(device, 1, count()); }
+    /// As `draw`, for a printer, which prints what it was given though the rest never comes: a long job is tried
+    /// without it, and only what the user let pass is begun on it.
+    [[nodiscard]] Drawn drawWhole(QPagedPaintDevice &device, int first, int last) const;
 
     /// Writes a PDF file; what stood at `path` is replaced only when all is written. Throws RuntimeError as all of
     /// `safeFile` where it can't be.
@@ -69,6 +73,8 @@ public:
     static void paint(QPainter &painter, const Page &page, double scale);
 
 private:
+    [[nodiscard]] Drawn put(QPagedPaintDevice &device, int first, int last, Progress &progress) const;
+
     QString m_title;
     QSize m_paper;
     int m_count;

@@ -29,7 +29,7 @@ void printBy(const ReportPages &pages, Way way)
     const QPageLayout layout = pages.pageLayout();
     tell(way(
         printer::Job{pages.title(), pages.count(), layout, [&pages](QPagedPaintDevice &device, int first, int last) {
-                         switch (pages.draw(device, first, last)) {
+                         switch (pages.drawWhole(device, first, last)) {
                          case ReportPages::Drawn::Whole: return printer::Outcome::Printed;
                          case ReportPages::Drawn::Broken: return printer::Outcome::Cancelled;
                          case ReportPages::Drawn::Failed: break;
@@ -60,7 +60,8 @@ void reportOutput::saveAsPdf(const ReportPages &pages)
     try {
         if (pages.savePdf(path) == ReportPages::Drawn::Whole)
             ShowMessage(u"PDF file has been saved.\r\n"_s + QDir::toNativeSeparators(path));
-    } catch (const RuntimeError &) {
-        ShowMessage(u"The PDF file cannot be written there!\r\n"_s + QDir::toNativeSeparators(path));
+    } catch (const RuntimeError &error) {
+        ShowMessage(
+            u"The PDF file cannot be written there!\r\n"_s + QDir::toNativeSeparators(path) + u"\r\n"_s + error.text());
     }
 }

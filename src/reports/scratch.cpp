@@ -23,7 +23,7 @@ bool scratch::refill(Recordset &rows, Connection &connection, const Statements &
     Progress progress(what);
     bool whole = true;
     rows.close();
-    WriteGroup::run(connection, [&] {
+    WriteGroup::runScratch(connection, [&] {
         connection.execute(statements.empty);
         rows.open(statements.write);
         int written = 0;

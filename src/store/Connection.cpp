@@ -29,9 +29,8 @@ constexpr auto cipherSettings = "PRAGMA cipher_page_size = 4096;"
                                 "PRAGMA kdf_iter = 64000;"
                                 "PRAGMA cipher_hmac_algorithm = HMAC_SHA1;"
                                 "PRAGMA cipher_kdf_algorithm = PBKDF2_HMAC_SHA1;";
-constexpr auto durability = "PRAGMA journal_mode = DELETE;"
-                            "PRAGMA synchronous = EXTRA;"
-                            "PRAGMA cache_size = -32768;";
+constexpr std::array durability{
+    "PRAGMA synchronous = EXTRA", "PRAGMA journal_mode = DELETE", "PRAGMA cache_size = -32768"};
 
 /// By `Connection::Followed`.
 constexpr std::array followedTables{"jobs_detail", "postings"};
@@ -155,6 +154,8 @@ int noteWritten(void *tables, int action, const char *table, const char *, const
 
 Fault faultOf(int code, bool proven)
 {
+    if (code == SQLITE_READONLY_ROLLBACK)
+        return Fault::CannotOpen;
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED: return Fault::Locked;
@@ -197,6 +198,8 @@ QString wordsOf(int code)
 {
     if (code == SQLITE_READONLY_DBMOVED)
         return u"The file was moved, removed or replaced while it was in use."_s;
+    if (code == SQLITE_READONLY_ROLLBACK)
+        return u"A write was cut short. The program must open the file, and take that write back, before it can be looked at."_s;
     switch (code & 0xff) {
     case SQLITE_READONLY: return u"The file, or the folder that it lies in, may only be read."_s;
     case SQLITE_PERM: return u"The system does not let the program work on this file."_s;
@@ -249,16 +252,18 @@ Connection::~Connection()
     close();
 }
 
-void Connection::open(const QString &path)
+void Connection::open(const QString &given)
 {
     m_keptAside.clear();
-    const QFileInfo file(path);
+    const QFileInfo file(given);
     if (!file.exists())
-        throw RuntimeError(Fault::FileNotFound, path);
+        throw RuntimeError(Fault::FileNotFound, given);
     if (!file.isFile() || !file.isReadable() || !file.isWritable())
-        throw RuntimeError(Fault::CannotOpen, u"The file cannot be opened for reading and writing."_s, path);
+        throw RuntimeError(Fault::CannotOpen, u"The file cannot be opened for reading and writing."_s, given);
     if (isOpen())
-        throw RuntimeError(Fault::AlreadyOpen, path);
+        throw RuntimeError(Fault::AlreadyOpen, given);
+    // The journal lies beside the file itself, not beside a link to it.
+    const QString path = file.canonicalFilePath();
     auto closeOnFailure = qScopeGuard([this] { close(); });
     m_lock = FileLock::shared(path, busyMilliseconds);
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
@@ -272,15 +277,16 @@ void Connection::open(const QString &path)
     closeOnFailure.dismiss();
 }
 
-void Connection::openReadOnly(const QString &path)
+void Connection::openReadOnly(const QString &given)
 {
-    const QFileInfo file(path);
+    const QFileInfo file(given);
     if (!file.exists())
-        throw RuntimeError(Fault::FileNotFound, path);
+        throw RuntimeError(Fault::FileNotFound, given);
     if (!file.isFile() || !file.isReadable())
-        throw RuntimeError(Fault::CannotOpen, path);
+        throw RuntimeError(Fault::CannotOpen, given);
     if (isOpen())
-        throw RuntimeError(Fault::AlreadyOpen, path);
+        throw RuntimeError(Fault::AlreadyOpen, given);
+    const QString path = file.canonicalFilePath();
     auto closeOnFailure = qScopeGuard([this] { close(); });
     m_lock = FileLock::shared(path, busyMilliseconds);
     m_lock->share();
@@ -309,7 +315,7 @@ void Connection::create(const UnfinishedFile &file)
     openHandle(file.name(), SQLITE_OPEN_READWRITE);
     unlock();
     m_proven = true;
-    sqlite3_exec(m_database, durability, nullptr, nullptr, nullptr);
+    makeDurable();
 }
 
 void Connection::openHandle(const QString &path, int flags)
@@ -366,8 +372,18 @@ void Connection::proveReadable(const QString &path)
         throw RuntimeError(Fault::Damaged, path);
     m_proven = true;
     number("select count(*) from Settings");
-    sqlite3_exec(m_database, durability, nullptr, nullptr, nullptr);
+    makeDurable();
     lookAtDataVersion();
+    m_toldOtherWrites = m_otherWrites;
+}
+
+void Connection::makeDurable()
+{
+    for (const char *pragma : durability) {
+        const int code = sqlite3_exec(m_database, pragma, nullptr, nullptr, nullptr);
+        if (code != SQLITE_OK)
+            fail(code, m_path, false);
+    }
 }
 
 void Connection::close()
@@ -377,8 +393,9 @@ void Connection::close()
     m_statements.clear();
     sqlite3_finalize(m_askDataVersion);
     m_askDataVersion = nullptr;
+    // Whoever closes in the midst of a group, such as a process that ends itself, has not finished its command.
     if (m_inGroup && isOpen())
-        sqlite3_exec(m_database, m_groupFault == SQLITE_OK ? "commit" : "rollback", nullptr, nullptr, nullptr);
+        sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr);
     sqlite3_close_v2(m_database);
     m_database = nullptr;
     m_inGroup = false;
@@ -481,6 +498,12 @@ void Connection::noticeOtherWriters()
         lookAtDataVersion();
 }
 
+bool Connection::othersHaveWritten()
+{
+    noticeOtherWriters();
+    return std::exchange(m_toldOtherWrites, m_otherWrites) != m_otherWrites;
+}
+
 void Connection::lookAtDataVersion()
 {
     if (!m_askDataVersion)
@@ -506,7 +529,7 @@ void Connection::fail(int code, const QString &source, bool writes)
     }
     if (m_inGroup) {
         m_groupFault = code;
-        throw diskFault(code, Written::Nothing);
+        throw diskFault(code, m_groupLost);
     }
     throw diskFault(code, writes ? afterFailedWrite(code) : Written::NotTried);
 }
@@ -536,7 +559,7 @@ Connection::Statement::Statement(
     : m_connection(connection), m_source(source)
 {
     if (connection.m_groupFault != SQLITE_OK)
-        throw connection.diskFault(connection.m_groupFault, Written::Nothing);
+        throw connection.diskFault(connection.m_groupFault, connection.m_groupLost);
     connection.noticeOtherWriters();
     const Prepared &prepared = connection.prepared(sql, source);
     m_handle = prepared.handle;
@@ -571,17 +594,20 @@ bool Connection::Statement::step()
     m_connection.fail(code, m_source, m_writes);
 }
 
-void Connection::beginGroup()
+void Connection::beginGroup(Written lost)
 {
+    if (!isOpen())
+        throw RuntimeError(Fault::NotOpen);
     const int code = sqlite3_exec(m_database, "begin immediate", nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
-        fail(code, m_path, true);
+        fail(code, m_path, lost == Written::Nothing);
     m_inGroup = true;
+    m_groupLost = lost;
     // Nobody else can write from here on.
     lookAtDataVersion();
 }
 
-void Connection::endGroup(const std::function<void()> &takenBack)
+void Connection::endGroup(const TakenBack &takenBack)
 {
     if (!isOpen())
         return;
@@ -595,24 +621,35 @@ void Connection::endGroup(const std::function<void()> &takenBack)
     // A group that could not be committed must not stay open: later writes would fall into it and be lost with it.
     sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr);
     noteAnyWrite();
-    const Written written = afterFailedWrite(code);
+    const Written written = m_groupLost == Written::Nothing ? afterFailedWrite(code) : m_groupLost;
     if (takenBack && !standsAfter(code))
-        takenBack();
+        takenBack(written);
     throw diskFault(code, written);
 }
 
-void WriteGroup::run(Connection &connection, const std::function<void()> &body, const std::function<void()> &takenBack)
+void WriteGroup::run(Connection &connection, const std::function<void()> &body, const TakenBack &takenBack)
+{
+    run(connection, body, takenBack, Written::Nothing);
+}
+
+void WriteGroup::runScratch(Connection &connection, const std::function<void()> &body)
+{
+    run(connection, body, {}, Written::NotTried);
+}
+
+void WriteGroup::run(
+    Connection &connection, const std::function<void()> &body, const TakenBack &takenBack, Written lost)
 {
     const bool outermost = !connection.m_inGroup;
     if (outermost)
-        connection.beginGroup();
+        connection.beginGroup(lost);
     try {
         body();
     } catch (...) {
         if (outermost)
             connection.endGroup(takenBack);
         else if (connection.m_groupFault != SQLITE_OK && takenBack)
-            takenBack();
+            takenBack(connection.m_groupLost);
         throw;
     }
     if (outermost)

@@ -54,7 +54,7 @@ public:
     /// closed before `file` is given its name.
     void create(const UnfinishedFile &file);
 
-    /// Without effect when closed. Never throws.
+    /// Without effect when closed. A group that is open goes back. Never throws.
     void close();
     [[nodiscard]] bool isOpen() const { return m_database != nullptr; }
 
@@ -92,6 +92,8 @@ public:
     /// that reads rows and each write does this by itself; a screen does it when it comes to the front. Never throws;
     /// without effect when closed and within a group, where nobody else can write.
     void noticeOtherWriters();
+    /// The same, and whether another program has written since this was last asked, or the file opened.
+    [[nodiscard]] bool othersHaveWritten();
     /// How often another program was seen to have written.
     [[nodiscard]] quint64 otherWrites() const { return m_otherWrites; }
 
@@ -129,6 +131,7 @@ private:
     void openHandle(const QString &path, int flags);
     void unlock();
     void proveReadable(const QString &path);
+    void makeDurable();
     void clearColdJournal(const QString &path);
     const Prepared &prepared(const QByteArray &sql, const QString &source);
     void noteWrites(const Prepared &statement);
@@ -140,8 +143,9 @@ private:
     [[nodiscard]] Written afterFailedWrite(int code);
     int run(const QByteArray &sql, const std::vector<Value> &values, const QString &source);
     void lookAtDataVersion();
-    void beginGroup();
-    void endGroup(const std::function<void()> &takenBack);
+    using TakenBack = std::function<void(Written written)>;
+    void beginGroup(Written lost);
+    void endGroup(const TakenBack &takenBack);
 
     sqlite3 *m_database = nullptr;
     QString m_path;
@@ -160,7 +164,10 @@ private:
     sqlite3_stmt *m_askDataVersion = nullptr;
     qint64 m_dataVersion = 0;
     quint64 m_otherWrites = 0;
+    quint64 m_toldOtherWrites = 0;
     bool m_inGroup = false;
+    /// What a failure says of the group that went back.
+    Written m_groupLost = Written::Nothing;
     /// The engine's code of the disk's fault that the group met, 0 for none: with one it can only go back.
     int m_groupFault = 0;
     bool m_proven = false;
@@ -169,6 +176,8 @@ private:
 /// Groups the writes of one command into one durable commit.
 class WriteGroup {
 public:
+    using TakenBack = Connection::TakenBack;
+
     /// Runs `body` and commits, also while a failure is passing: what was written before a fault of the program's own
     /// rules (a Null, an overflow, a missing row) stays written.
     ///
@@ -178,12 +187,20 @@ public:
     /// `Written::AllOrNothing`.
     ///
     /// `takenBack` brings the caller's own memory back to what it was before `body`: it runs when the group does not
-    /// stand in the file. A group within a group is part of it: only the outermost commits or goes back, and the inner
-    /// one's `takenBack` runs only when the failure passes through the inner one.
+    /// stand in the file, or may not stand there (`AllOrNothing`). A group within a group is part of it: only the
+    /// outermost commits or goes back, and the inner one's `takenBack` runs only when the failure passes through the
+    /// inner one.
     ///
-    /// Throws what `body` throws, or what the commit meets. A recordset that was open in a group that went back shows
-    /// what is not in the file: reopen it. REQUIRES: the connection is open; `body` may show how
-    /// far it is, and never waits for the user.
+    /// Throws what `body` throws, what the commit meets, and NotOpen on a closed connection. A recordset that was open
+    /// in a group that went back shows what is not in the file: reopen it. REQUIRES: `body` may show how far it is, and
+    /// never waits for the user.
+    static void run(Connection &connection, const std::function<void()> &body, const TakenBack &takenBack = {});
+
+    /// The same for writes to scratch tables alone. No entry is lost with them, and a failure that the disk brings on
+    /// says none (`Written::NotTried`).
+    static void runScratch(Connection &connection, const std::function<void()> &body);
+
+private:
     static void run(
-        Connection &connection, const std::function<void()> &body, const std::function<void()> &takenBack = {});
+        Connection &connection, const std::function<void()> &body, const TakenBack &takenBack, Written lost);
 };

@@ -97,9 +97,16 @@ void Recordset::close()
     m_current = 0;
 }
 
-void Recordset::read(const QString &statement)
+void Recordset::openColumns(const QString &statement, const QStringList &columns)
 {
-    const auto translation = jetsql::translate(statement);
+    close();
+    m_statement = statement;
+    read(statement, columns);
+}
+
+void Recordset::read(const QString &statement, const QStringList &columns)
+{
+    const auto translation = jetsql::translate(statement, columns);
     Connection::Statement rows(m_connection, translation.sql, translation.values, statement);
     showAll(std::make_shared<RowSet>(rows, !translation.table.isEmpty(), translation.table));
 }

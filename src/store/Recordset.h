@@ -34,6 +34,9 @@ public:
     /// As `reopen` and `moveLast` where only the last row is wanted: reads and keeps that one alone. `statement` is one
     /// over one table that can be written.
     void openLast(const QString &statement);
+    /// As `reopen` for a list that shows these columns of very many rows: of a table that could be written no other
+    /// column is read, and it cannot be written then.
+    void openColumns(const QString &statement, const QStringList &columns);
     /// As `reopen` for a row that is to be added: the statement names columns and table, and no row is read.
     void openToAdd(const QString &statement);
     /// Without effect when closed.
@@ -89,7 +92,7 @@ private:
     };
 
     void openShaped(const QString &statement);
-    void read(const QString &statement);
+    void read(const QString &statement, const QStringList &columns = {});
     void showAll(std::shared_ptr<RowSet> rows);
     void show(std::shared_ptr<RowSet> rows, std::vector<int> order);
     void requireOpen() const;

@@ -132,7 +132,11 @@ int RowSet::indexOf(QStringView name) const
 {
     const quint32 hash = nameHash(name);
     for (size_t i = 0; i < m_columns.size(); ++i) {
-        if (m_nameHashes[i] == hash && name.compare(m_columns[i].name, Qt::CaseInsensitive) == 0)
+        if (m_nameHashes[i] != hash)
+            continue;
+        // A name is mostly written as the column is, and a list asks by name for each of its cells.
+        const QString &column = m_columns[i].name;
+        if (name == column || name.compare(column, Qt::CaseInsensitive) == 0)
             return static_cast<int>(i);
     }
     return -1;

@@ -73,3 +73,20 @@ inline constexpr int Live = 0;
 inline constexpr int OutOfTheBooks = 1;
 
 } // namespace postingStatus
+
+/// `JOBS.JobFinished`.
+namespace jobState {
+
+inline constexpr int Open = 0;
+/// All its items are delivered.
+inline constexpr int Finished = 1;
+
+} // namespace jobState
+
+/// `JOBS_DETAIL.MarkAsPaid`: whether the worker has his wage; any other number is paid too.
+namespace wage {
+
+inline constexpr int Unpaid = 0;
+inline constexpr int Paid = 1;
+
+} // namespace wage

@@ -1,17 +1,19 @@
 #include "store/fileCheck.h"
 
+#include "base/FileLock.h"
 #include "base/RuntimeError.h"
+#include "base/safeFile.h"
 #include "base/values.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/RowSet.h"
+#include "store/codes.h"
 #include "store/leftBehind.h"
 #include "store/schema.h"
 
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
 #include <QMap>
-#include <QScopeGuard>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -21,8 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int cardDocument = 1;
-constexpr int voucherDocument = 2;
+constexpr int busyMilliseconds = 2000;
 
 QString money(const Currency &amount)
 {
@@ -36,7 +37,7 @@ struct Leg {
     qint32 otherSide = 0;
     Currency amount;
     QDate date;
-    int status = 0;
+    int status = postingStatus::Live;
 
     bool operator==(const Leg &) const = default;
 };
@@ -46,7 +47,7 @@ QString described(const Leg &leg)
     return u"%1 of %2 on account %3 against %4, %5%6"_s.arg(leg.particulars, money(leg.amount))
         .arg(leg.account)
         .arg(leg.otherSide)
-        .arg(DateText(leg.date), leg.status == 0 ? QString() : u", out of the books"_s);
+        .arg(DateText(leg.date), leg.status == postingStatus::Live ? QString() : u", out of the books"_s);
 }
 
 struct Row {
@@ -112,12 +113,12 @@ private:
             const Leg leg{all.value(2).toInt(), all.value(3).toText(), all.value(4).toInt(), all.value(5).toInt(),
                 all.value(6).toCurrency(), all.value(7).toDate(), all.value(8).toInt()};
             sum += leg.amount;
-            if (leg.status == 0)
+            if (leg.status == postingStatus::Live)
                 liveSum += leg.amount;
             const int kind = all.value(1).toInt();
-            if (kind == cardDocument)
+            if (kind == documentKind::JobCard)
                 m_cardLegs[all.value(0).toInt()].push_back(leg);
-            else if (kind == voucherDocument)
+            else if (kind == documentKind::Voucher)
                 m_voucherLegs[all.value(0).toInt()].push_back(leg);
             else
                 differ(u"Journal"_s, u"a posting of the unknown kind %1."_s.arg(kind));
@@ -296,6 +297,18 @@ QStringList damagesOf(Connection &connection)
     return lines;
 }
 
+QString toldBy(const RuntimeError &error)
+{
+    return error.source().isEmpty() ? error.text() : error.text() + u' ' + error.source();
+}
+
+fileCheck::Report unreadable(const QString &why)
+{
+    fileCheck::Report report;
+    report.failure = why;
+    return report;
+}
+
 fileCheck::Report checkInPlace(const QString &path)
 {
     fileCheck::Report report;
@@ -310,8 +323,32 @@ fileCheck::Report checkInPlace(const QString &path)
         report.damages = damages;
         connection.define(u"rollback"_s);
     } catch (const RuntimeError &error) {
-        report.failure = error.source().isEmpty() ? error.text() : error.text() + u' ' + error.source();
+        report.failure = toldBy(error);
     }
+    return report;
+}
+
+/// Looks at the file as it will be when the write beside it is taken back. REQUIRES: `lock` has the file alone.
+fileCheck::Report checkCopy(const QString &file, std::shared_ptr<FileLock> lock)
+{
+    const QTemporaryDir folder;
+    if (!folder.isValid())
+        throw RuntimeError(Fault::FileFault, folder.errorString(), QDir::tempPath());
+    const QString copy = folder.filePath(QFileInfo(file).fileName());
+    // No engine of this process has the file open, either: copying drops the locks that one would have on it.
+    for (const QString &suffix : {QString(), u"-journal"_s, u"-wal"_s}) {
+        if (QFileInfo::exists(file + suffix))
+            safeFile::copyWhole(file + suffix, copy + suffix);
+    }
+    lock.reset();
+    try {
+        // The first opening takes the unfinished write back.
+        Connection().open(copy);
+    } catch (const RuntimeError &error) {
+        return unreadable(error.text() + u' ' + file);
+    }
+    fileCheck::Report report = checkInPlace(copy);
+    report.remark = u"An unfinished write lies beside the file; this is the file as the next start will make it."_s;
     return report;
 }
 
@@ -324,21 +361,16 @@ fileCheck::Report fileCheck::agreement(Connection &connection)
 
 fileCheck::Report fileCheck::check(const QString &path)
 {
-    if (!leftBehind::isHot(path))
+    if (!QFileInfo::exists(path))
         return checkInPlace(path);
-    const QTemporaryDir folder;
-    const QString copy = folder.filePath(QFileInfo(path).fileName());
-    for (const QString &suffix : {QString(), u"-journal"_s, u"-wal"_s})
-        QFile::copy(path + suffix, copy + suffix);
+    const QString file = QFileInfo(path).canonicalFilePath();
     try {
-        // The first opening takes the unfinished write back.
-        Connection().open(copy);
+        auto lock = FileLock::shared(file, busyMilliseconds);
+        // A journal beside a file in use may be that of a write under way, which the engine waits for.
+        if (lock->isAlone() && leftBehind::isHot(file))
+            return checkCopy(file, std::move(lock));
+        return checkInPlace(file);
     } catch (const RuntimeError &error) {
-        Report report;
-        report.failure = error.text() + u' ' + path;
-        return report;
+        return unreadable(toldBy(error));
     }
-    Report report = checkInPlace(copy);
-    report.remark = u"An unfinished write lies beside the file; this is the file as the next start will make it."_s;
-    return report;
 }

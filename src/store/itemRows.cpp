@@ -38,17 +38,18 @@ public:
     {
     }
 
-    const std::vector<Row> &of(Connection &connection)
-    {
-        bringUp(connection);
-        return m_rows;
-    }
+    using RowFollower::bringUp;
+    [[nodiscard]] const std::vector<Row> &all() const { return m_rows; }
+    [[nodiscard]] Rated ofWorker(int worker) const { return m_byWorker.value(worker); }
+    [[nodiscard]] Progress ofJob(int job) const { return m_byJob.value(job); }
 
 protected:
     void forgetAll() override
     {
         m_rows.clear();
         m_places.clear();
+        m_byWorker.clear();
+        m_byJob.clear();
     }
 
     void forget(qint64 number) override
@@ -56,6 +57,7 @@ protected:
         const auto place = m_places.constFind(number);
         if (place == m_places.cend())
             return;
+        count(m_rows[*place], -1);
         // The last one takes its place.
         m_places[m_rows.back().number] = *place;
         m_rows[*place] = m_rows.back();
@@ -72,17 +74,38 @@ protected:
         m_places.insert(number, m_rows.size());
         m_rows.push_back(
             {number, whole(1), whole(2), whole(3), whole(4), whole(5), whole(6), whole(7), moment(8), moment(9)});
+        count(m_rows.back(), 1);
     }
 
 private:
+    void count(const Row &row, int by)
+    {
+        Rated &rated = m_byWorker[row.worker];
+        rated.rows += by;
+        rated.scores += row.score == null ? 0 : by * row.score;
+        Progress &progress = m_byJob[row.job];
+        const bool made = row.inventory == 0;
+        progress.made += made ? by : 0;
+        progress.madeAndCompleted += made && row.status == rowStatus::Completed ? by : 0;
+        progress.delivered += row.status == rowStatus::Delivered ? by : 0;
+    }
+
     std::vector<Row> m_rows;
     QHash<qint64, size_t> m_places;
+    QHash<int, Rated> m_byWorker;
+    QHash<int, Progress> m_byJob;
 };
+
+const Rows &kept(Connection &connection)
+{
+    static Rows rows;
+    rows.bringUp(connection);
+    return rows;
+}
 
 const std::vector<Row> &rows(Connection &connection)
 {
-    static Rows kept;
-    return kept.of(connection);
+    return kept(connection).all();
 }
 
 qint64 countedQuantity(const Row &row)
@@ -125,28 +148,12 @@ QHash<int, qint64> inHandByWorker(Connection &connection, Dated dated, QDate fro
 
 Rated ratedRows(Connection &connection, int workerID)
 {
-    Rated rated;
-    for (const Row &row : rows(connection)) {
-        if (row.worker != workerID)
-            continue;
-        ++rated.rows;
-        rated.scores += row.score == null ? 0 : row.score;
-    }
-    return rated;
+    return kept(connection).ofWorker(workerID);
 }
 
 Progress progressOf(Connection &connection, int jobID)
 {
-    Progress progress;
-    for (const Row &row : rows(connection)) {
-        if (row.job != jobID)
-            continue;
-        const bool made = row.inventory == 0;
-        progress.made += made ? 1 : 0;
-        progress.madeAndCompleted += made && row.status == rowStatus::Completed ? 1 : 0;
-        progress.delivered += row.status == rowStatus::Delivered ? 1 : 0;
-    }
-    return progress;
+    return kept(connection).ofJob(jobID);
 }
 
 } // namespace itemRows

@@ -202,11 +202,14 @@ QString writableTable(const std::vector<Token> &tokens)
 
 } // namespace
 
-Translation translate(QStringView statement)
+Translation translate(QStringView statement, const QStringList &columns)
 {
     const std::vector<Token> tokens = readTokens(statement);
     Translation result;
     result.table = writableTable(tokens);
+    const bool narrowed = !columns.isEmpty() && !result.table.isEmpty();
+    if (narrowed)
+        result.table.clear();
     result.sql.reserve(statement.size() + 8);
     const bool starAfterDelete = tokens.size() > 1 && isWord(tokens[0], "delete"_L1) && isSign(tokens[1], u'*');
     bool columnNumbers = false;
@@ -214,6 +217,10 @@ Translation translate(QStringView statement)
         const Token &token = tokens[i];
         if (i == 1 && starAfterDelete)
             continue;
+        if (i == 1 && narrowed) {
+            result.sql += '[' + columns.join("], ["_L1).toUtf8() + "] ";
+            continue;
+        }
         if (i == 1 && !result.table.isEmpty())
             result.sql += "rowid, ";
         // "order by 2" names the second column; a bound value there would order nothing.

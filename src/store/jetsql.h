@@ -3,6 +3,7 @@
 #include "store/Value.h"
 
 #include <QByteArray>
+#include <QStringList>
 
 #include <vector>
 
@@ -26,7 +27,10 @@ struct Translation {
 /// Throws RuntimeError: Syntax for a text, name or date without its end, for more than one statement and for an empty
 /// one; TypeMismatch for an impossible date. What else is wrong is left for the engine to say. Reads and changes
 /// nothing.
-[[nodiscard]] Translation translate(QStringView statement);
+///
+/// With `columns` a "Select * from T .." over one table yields these in the place of all, and no row number: it cannot
+/// be written back. Other statements are not touched by them.
+[[nodiscard]] Translation translate(QStringView statement, const QStringList &columns = {});
 
 /// A value inside a string literal: each "'" doubled.
 [[nodiscard]] QString quoted(const QString &text);

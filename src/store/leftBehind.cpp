@@ -72,7 +72,8 @@ QString leftBehind::keepAside(const QString &path)
     const QString unfinished = file.absolutePath() + u'/' + file.completeBaseName() + u"-aside.new"_s;
     QDir(unfinished).removeRecursively();
     if (!safeFile::makeFolder(unfinished))
-        throw RuntimeError(Fault::FileFault, u"No folder can be made for a copy of the file and its journal."_s, path);
+        throw RuntimeError(Fault::FileFault, u"No folder can be made for a copy of the file and its journal."_s, path,
+            Written::Nothing);
     const auto keep = [&unfinished](const QString &found) {
         safeFile::copyWhole(found, unfinished + u'/' + QFileInfo(found).fileName());
     };
@@ -83,7 +84,8 @@ QString leftBehind::keepAside(const QString &path)
             keep(found);
     }
     if (!QFile::rename(unfinished, folder))
-        throw RuntimeError(Fault::FileFault, u"A copy of the file and its journal cannot be given its name."_s, folder);
+        throw RuntimeError(Fault::FileFault, u"A copy of the file and its journal cannot be given its name."_s, folder,
+            Written::Nothing);
     safeFile::syncFolder(file.absolutePath());
     for (const QString &log : logs)
         QFile::remove(log);

@@ -2,6 +2,7 @@
 
 #include "base/values.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/itemRows.h"
 #include "store/journal.h"
 
@@ -84,9 +85,10 @@ Value ofItem(const QString &column, const QString &name)
 /// rows, has the whole column read in one pass, which takes no longer than a hundred statements.
 class NumberedColumn {
 public:
-    /// `statement` gives one row when its number is joined on.
-    NumberedColumn(const QString &column, const QByteArray &table, const QString &statement)
-        : m_column(column), m_table(table), m_statement(statement), m_memo(table)
+    /// `statement` gives one row when its number is joined on. `condition` is what it asks of all of them, if anything.
+    NumberedColumn(
+        const QString &column, const QByteArray &table, const QString &statement, const QString &condition = {})
+        : m_column(column), m_table(table), m_statement(statement), m_condition(condition), m_memo(table)
     {
     }
 
@@ -121,7 +123,7 @@ private:
     void readAll(QHash<int, Value> &answers)
     {
         Recordset all(DE().CN);
-        all.open(u"Select ID, "_s + m_column + u" from "_s + QString::fromLatin1(m_table));
+        all.open(u"Select ID, "_s + m_column + u" from "_s + QString::fromLatin1(m_table) + m_condition);
         answers.reserve(all.recordCount());
         for (; !all.eof(); all.moveNext())
             answers.insert(all.value(0).toInt(), all.value(1));
@@ -130,6 +132,7 @@ private:
     QString m_column;
     QByteArray m_table;
     QString m_statement;
+    QString m_condition;
     Memo<int> m_memo;
 };
 
@@ -201,6 +204,15 @@ QString titleOrBlank(int id)
 {
     const Value title = accountTitles().ofOrNull(id, DE().rsaccounts);
     return title.isNull() ? QString() : title.toText();
+}
+
+QString mobileOrBlank(int clientID)
+{
+    const QString ofClients = u" where  type="_s + QString::number(accountType::Client);
+    static NumberedColumn mobiles(
+        u"Mobile"_s, accounts, u"Select * from Accounts"_s + ofClients + u" and  ID="_s, ofClients);
+    const Value mobile = mobiles.ofOrNull(clientID, DE().rsaccounts);
+    return mobile.isNull() ? QString() : mobile.toText();
 }
 
 double GetItemWorkerFees(const QString &name)

@@ -21,6 +21,8 @@
 [[nodiscard]] QString GetAccountTitle(int id);
 /// For lists: empty where the account is gone.
 [[nodiscard]] QString titleOrBlank(int id);
+/// Of a client; empty where he has none, and where no client has that number.
+[[nodiscard]] QString mobileOrBlank(int clientID);
 
 /// Through `rsItems2`.
 [[nodiscard]] double GetItemWorkerFees(const QString &name);

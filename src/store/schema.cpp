@@ -315,7 +315,8 @@ std::optional<RuntimeError> CreateDatabase(const std::function<void()> &openData
         makeFile(session::DBPath, asShop);
         session::DBPath = session::defaultDatabasePath();
         openDatabase();
-        if (!asShop) {
+        // Where the opening itself has told that there is none, its cause is the one that counts.
+        if (!asShop && DE().CN.isOpen()) {
             WriteGroup::run(DE().CN, [] {
                 SaveSetting(setting::DatabaseVersion, QString::number(session::SupportedDatabaseVersion));
                 addDefaultAccounts(DE().rsaccounts);

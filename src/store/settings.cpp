@@ -98,11 +98,14 @@ bool settingIsOn(setting::Key key)
 
 void SaveSetting(int key, const QString &value)
 {
-    Recordset &settings = openSetting(key);
-    if (settings.recordCount() < 1)
-        settings.addNew();
-    settings.set(u"setting", QString::number(key));
-    settings.set(u"value", value);
-    settings.update();
-    settings.close();
+    // Another program may store the same key for the first time.
+    WriteGroup::run(DE().CN, [&] {
+        Recordset &settings = openSetting(key);
+        if (settings.recordCount() < 1)
+            settings.addNew();
+        settings.set(u"setting", QString::number(key));
+        settings.set(u"value", value);
+        settings.update();
+        settings.close();
+    });
 }

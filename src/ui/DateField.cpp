@@ -3,16 +3,20 @@
 #include "base/clock.h"
 #include "base/values.h"
 #include "ui/FieldFocus.h"
+#include "ui/InsertedText.h"
+#include "ui/entryKeys.h"
 #include "ui/fieldTip.h"
 #include "ui/theme.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
 
@@ -55,6 +59,9 @@ DateField::DateField(QWidget *parent) : QDateEdit(parent)
     // Date fields are drawn less high than the text fields that they stand beside.
     setMinimumHeight(QLineEdit().sizeHint().height());
     showFocus(this);
+    // It bends what is no date into one.
+    lineEdit()->setValidator(nullptr);
+    connect(lineEdit(), &QLineEdit::textEdited, this, &DateField::takeEdit);
     // A date from the calendar takes the place of what was typed.
     connect(this, &QDateEdit::dateChanged, this, &DateField::dropTyped);
 }
@@ -143,6 +150,14 @@ void DateField::mousePressEvent(QMouseEvent *event)
     QDateEdit::mousePressEvent(event);
     if (isEmpty())
         calendarWidget()->showToday();
+}
+
+bool DateField::event(QEvent *event)
+{
+    if (event->type() != QEvent::InputMethod)
+        return QDateEdit::event(event);
+    typeComposed(*this, *static_cast<QInputMethodEvent *>(event));
+    return true;
 }
 
 bool DateField::eventFilter(QObject *watched, QEvent *event)
@@ -259,17 +274,38 @@ void DateField::type(const QString &text)
     showTyped();
 }
 
+/// What the mouse or the menu puts into the line or takes out of it.
+void DateField::takeEdit()
+{
+    if (m_isTakingBack)
+        return;
+    const QScopedValueRollback takingBack(m_isTakingBack, true);
+    const QString put = takeBack(*lineEdit(), shownText()).simplified();
+    if (put.isEmpty())
+        return deleteTyped(Qt::Key_Delete);
+    m_typed.clear();
+    type(put);
+}
+
 QValidator::State DateField::validate(QString &input, int &place) const
 {
-    // QDateTimeEdit would correct a date that isn't finished.
-    return m_typed.isEmpty() ? QDateEdit::validate(input, place) : QValidator::Intermediate;
+    // QDateTimeEdit would correct a date that isn't finished, and take one that was taken back.
+    const bool isOurs = !m_typed.isEmpty() || input != lineEdit()->text();
+    return isOurs ? QValidator::Intermediate : QDateEdit::validate(input, place);
+}
+
+QString DateField::shownText() const
+{
+    if (!m_typed.isEmpty())
+        return m_typed;
+    return isEmpty() ? specialValueText() : DateText(date());
 }
 
 void DateField::showTyped()
 {
     m_isRefused = m_isRefused && !m_typed.isEmpty();
     update();
-    const QString shown = !m_typed.isEmpty() ? m_typed : isEmpty() ? specialValueText() : DateText(date());
+    const QString shown = shownText();
     if (lineEdit()->text() == shown)
         return;
     const QSignalBlocker quiet(lineEdit());

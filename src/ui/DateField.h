@@ -7,8 +7,8 @@
 ///
 /// It is typed as people write dates, always from the beginning: "1/4/11", "1-apr-2011", "010411", or just "5" or "5/4"
 /// for another day of the same month or year. A year of two digits is one of this century. What is typed counts when
-/// the field is left, or another key is pressed in it; Escape drops it. Left and Right go to a part, Up and Down change
-/// it, after typing the day; Tab leaves.
+/// the field is left, or another key is pressed in it; Escape drops it. What is pasted counts as typed. Left
+/// and Right go to a part, Up and Down change it, after typing the day; Tab leaves.
 ///
 /// What is no date stays in the field, marked, and the date stays too, until something else is typed, chosen or set, or
 /// Escape drops it. A screen that saves asks for that first (`hasRefusedDate`).
@@ -43,6 +43,7 @@ signals:
     void calendarClosed();
 
 protected:
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -55,6 +56,8 @@ protected:
 
 private:
     void type(const QString &text);
+    void takeEdit();
+    [[nodiscard]] QString shownText() const;
     void showTyped();
     /// False, and told to the user, where what was typed is no date.
     bool takeTyped();
@@ -74,5 +77,6 @@ private:
     bool m_forBirthdays = false;
     QString m_typed;
     bool m_isRefused = false;
+    bool m_isTakingBack = false;
     bool m_calendarPrepared = false;
 };

@@ -3,6 +3,8 @@
 #include "ui/EntryField.h"
 #include "ui/boxType.h"
 
+#include <optional>
+
 /// What kvTextBox, kvTextBoxMultiLine and kvComboBox have in common for those who use them.
 class EntryBox {
 public:
@@ -28,6 +30,9 @@ protected:
     [[nodiscard]] QString inForm(const QString &text) const;
     /// The code to go on with when a character is typed beside `text`.
     [[nodiscard]] int amountKey(const QString &text, int key) const;
+    /// What becomes of a text that is pasted or dropped (see `InsertedText`): in an amount the number that it names, in
+    /// any other field one line.
+    [[nodiscard]] std::optional<QString> inserted(const QString &text, const QString &beside) const;
 
     /// Makes the entry's signals the control's own; an amount that is left is put in form first.
     template <typename Control>

@@ -3,7 +3,6 @@
 #include "ui/FieldFocus.h"
 #include "ui/entryKeys.h"
 
-#include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QWidget>
@@ -44,19 +43,7 @@ bool EntryField::keySwallowed(const QKeyEvent &event)
 
 bool EntryField::eventFilter(QObject *, QEvent *event)
 {
-    if (event->type() != QEvent::InputMethod)
-        return false;
-    const auto &input = *static_cast<QInputMethodEvent *>(event);
-    const QString composed = input.commitString();
-    if (composed.isEmpty() || input.replacementLength() > 0)
-        return false;
-    QInputMethodEvent nothingBegun;
-    QCoreApplication::sendEvent(m_control, &nothingBegun);
-    for (const char32_t letter : composed.toUcs4()) {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&letter, 1));
-        QCoreApplication::sendEvent(m_control, &press);
-    }
-    return true;
+    return event->type() == QEvent::InputMethod && typeComposed(*m_control, *static_cast<QInputMethodEvent *>(event));
 }
 
 void EntryField::passCharacter(
@@ -78,6 +65,6 @@ void EntryField::passCharacter(
         return;
     if (character == typed)
         return act(event);
-    QKeyEvent changed(event->type(), event->key(), event->modifiers(), QString(QChar(character)));
+    QKeyEvent changed(event->type(), event->key(), event->modifiers(), keys::textOf(character));
     act(&changed);
 }

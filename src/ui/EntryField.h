@@ -27,7 +27,6 @@ public:
     void passCharacter(
         QKeyEvent *event, const std::function<int(int)> &filter, const std::function<void(QKeyEvent *)> &act);
 
-    /// What an input method has composed, an accented letter or a word of another script, goes the way of typed keys.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:

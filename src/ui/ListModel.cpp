@@ -3,6 +3,7 @@
 #include <QFont>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -66,10 +67,20 @@ void ListModel::setTag(int row, const QVariant &tag)
     emit dataChanged(index(row, 0), index(row, 0), {Qt::UserRole});
 }
 
-int ListModel::rowOfTag(const QVariant &tag) const
+int ListModel::rowOfTag(const QVariant &tag, int near) const
+{
+    int nearest = -1;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (at(row).tag == tag && (nearest < 0 || std::abs(row - near) < std::abs(nearest - near)))
+            nearest = row;
+    }
+    return nearest;
+}
+
+int ListModel::rowOfText(int column, const QString &text) const
 {
     const auto found =
-        std::find_if(m_rows.begin(), m_rows.end(), [&tag](const ListRow &row) { return row.tag == tag; });
+        std::ranges::find_if(m_rows, [&](const ListRow &row) { return row.cells.value(column) == text; });
     return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
 }
 

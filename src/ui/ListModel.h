@@ -30,9 +30,9 @@ struct ListRow {
     QStringList cells = {};
     /// A row without one (invalid, 0 or an empty text) stands for nothing that can be opened or marked.
     QVariant tag = {};
-    /// Of the whole row; of columns that look otherwise in `looks`.
+    /// Of the whole row; of columns that look otherwise in `looks`. Rows that look the same can share theirs.
     CellLook look = {};
-    std::vector<std::pair<int, CellLook>> looks = {};
+    QList<std::pair<int, CellLook>> looks = {};
     QColor background = {};
 
     [[nodiscard]] bool hasTag() const;
@@ -65,8 +65,10 @@ public:
     [[nodiscard]] QString cell(int row, int column) const { return at(row).cells.value(column); }
     [[nodiscard]] QVariant tag(int row) const { return at(row).tag; }
 
-    /// The first row with that tag, or -1.
-    [[nodiscard]] int rowOfTag(const QVariant &tag) const;
+    /// The row with that tag, or -1; of several the one nearest to the place `near`, by default the first.
+    [[nodiscard]] int rowOfTag(const QVariant &tag, int near = 0) const;
+    /// The first row that reads so in `column`, or -1.
+    [[nodiscard]] int rowOfText(int column, const QString &text) const;
 
     [[nodiscard]] const std::vector<ListColumn> &columns() const { return m_columns; }
     void setTitle(int column, const QString &title);

@@ -29,9 +29,11 @@ ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget
     header()->setMinimumSectionSize(leastColumnWidth);
     header()->setStretchLastSection(false);
     header()->setTextElideMode(Qt::ElideRight);
-    header()->setSectionsMovable(false);
+    header()->setSectionsMovable(true);
+    header()->setFirstSectionMovable(true);
     connect(header(), &QHeaderView::sectionResized, this,
         [this](int column, int, int width) { keepUserWidth(column, width); });
+    connect(header(), &QHeaderView::sectionMoved, this, &ListView::keepUserOrder);
     connect(m_list, &ListModel::modelReset, this, [this] { emit currentRowChanged(-1); });
     connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex &index) { emit opened(index.row()); });
 }
@@ -53,10 +55,15 @@ QVariant ListView::currentTag() const
 
 void ListView::contextMenuEvent(QContextMenuEvent *event)
 {
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        const QModelIndex under = indexAt(event->pos());
+        if (!under.isValid())
+            return;
+        setCurrentIndex(under);
+        return emit menuWanted(event->globalPos());
+    }
     if (currentRow() < 0)
         return;
-    if (event->reason() == QContextMenuEvent::Mouse)
-        return emit menuWanted(event->globalPos());
     const QRect row = visualRect(currentIndex());
     emit menuWanted(viewport()->mapToGlobal(row.bottomLeft() + QPoint(row.height(), 0)));
 }
@@ -83,22 +90,34 @@ void ListView::resizeEvent(QResizeEvent *event)
 
 void ListView::showEvent(QShowEvent *event)
 {
-    if (!m_widthsRead) {
-        m_widthsRead = true;
-        const QVariantList widths = userValues().value(widthsKey()).toList();
-        for (int column = 0; column < widths.size() && column < m_list->columnCount(); ++column) {
-            if (const int width = widths.at(column).toInt(); width > 0)
-                m_userWidths[column] = width;
-        }
+    if (!m_userColumnsRead) {
+        m_userColumnsRead = true;
+        readUserColumns();
     }
     shareWidth();
     QTreeView::showEvent(event);
 }
 
+void ListView::readUserColumns()
+{
+    const QScopedValueRollback arranging(m_arranging, true);
+    const QVariantList widths = userValues().value(widthsKey()).toList();
+    for (int column = 0; column < widths.size() && column < m_list->columnCount(); ++column) {
+        if (const int width = widths.at(column).toInt(); width > 0)
+            m_userWidths[column] = width;
+    }
+    const QVariantList order = userValues().value(orderKey()).toList();
+    // One of a list that had other columns means nothing.
+    if (order.size() != m_list->columnCount())
+        return;
+    for (int place = 0; place < order.size(); ++place)
+        header()->moveSection(header()->visualIndex(order.at(place).toInt()), place);
+}
+
 /// The columns that the user left alone share what the others leave, by their percentages.
 void ListView::shareWidth()
 {
-    const QScopedValueRollback sharing(m_sharing, true);
+    const QScopedValueRollback arranging(m_arranging, true);
     int room = viewport()->width();
     double percents = 0;
     for (int column = 0; column < m_list->columnCount(); ++column) {
@@ -123,7 +142,7 @@ void ListView::shareWidth()
 
 void ListView::keepUserWidth(int column, int width)
 {
-    if (m_sharing || !isVisible())
+    if (m_arranging || !isVisible())
         return;
     m_userWidths[column] = width;
     shareWidth();
@@ -135,7 +154,22 @@ void ListView::keepUserWidth(int column, int width)
     userValues().setValue(widthsKey(), widths);
 }
 
+void ListView::keepUserOrder()
+{
+    if (m_arranging || !isVisible())
+        return;
+    QVariantList order;
+    for (int place = 0; place < m_list->columnCount(); ++place)
+        order += header()->logicalIndex(place);
+    userValues().setValue(orderKey(), order);
+}
+
 QString ListView::widthsKey() const
 {
     return u"Lists/%1.%2"_s.arg(window()->objectName(), objectName());
+}
+
+QString ListView::orderKey() const
+{
+    return widthsKey() + u".order"_s;
 }

@@ -5,7 +5,8 @@
 #include <QTreeView>
 
 /// A list of whole rows with one of them current. It has its own `ListModel`. Columns share the width by their
-/// percentages and stretch with the window; a width that the user gave a column stays, for the next time too.
+/// percentages and stretch with the window; a width that the user gave a column stays, and so does the place that it
+/// was dragged to, for the next time too.
 class ListView : public QTreeView {
     Q_OBJECT
 
@@ -26,7 +27,8 @@ signals:
     void opened(int row);
     /// -1 where none is current any more.
     void currentRowChanged(int row);
-    /// The right mouse button or the menu key on the current row; `place` is on the monitor.
+    /// The right mouse button on a row, which is current then, or the menu key on the current one; `place` is on the
+    /// monitor.
     void menuWanted(QPoint place);
 
 protected:
@@ -37,13 +39,17 @@ protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 private:
+    void readUserColumns();
     void shareWidth();
     void keepUserWidth(int column, int width);
+    void keepUserOrder();
     [[nodiscard]] QString widthsKey() const;
+    [[nodiscard]] QString orderKey() const;
 
     ListModel *m_list;
     /// Widths that the user gave, by column; in pixels.
     std::map<int, int> m_userWidths;
-    bool m_sharing = false;
-    bool m_widthsRead = false;
+    /// The program itself moves columns and their edges.
+    bool m_arranging = false;
+    bool m_userColumnsRead = false;
 };

@@ -14,7 +14,8 @@ constexpr int width = 420;
 
 } // namespace
 
-Progress::Progress(const QString &what) : m_what(what), m_below(QApplication::activeWindow())
+Progress::Progress(const QString &what, WayOut wayOut)
+    : m_what(what), m_wayOut(wayOut), m_below(QApplication::activeWindow())
 {
     m_started.start();
 }
@@ -32,7 +33,7 @@ bool Progress::at(qint64 done, qint64 total)
 {
     const qint64 now = m_started.elapsed();
     if (now - m_lastLook < lookInterval)
-        return !m_window || !m_window->wasCanceled();
+        return !isBroken();
     m_lastLook = now;
     if (!m_window && now >= patience)
         show();
@@ -41,12 +42,18 @@ bool Progress::at(qint64 done, qint64 total)
     // It is modal: events go to it alone, and the others only draw themselves.
     m_window->setValue(static_cast<int>(total > 0 ? done * (steps - 1) / total : 0));
     QCoreApplication::processEvents();
-    return !m_window->wasCanceled();
+    return !isBroken();
+}
+
+bool Progress::isBroken() const
+{
+    return m_wayOut == WayOut::Escape && m_window && m_window->wasCanceled();
 }
 
 void Progress::show()
 {
-    m_window = std::make_unique<QProgressDialog>(m_what, u"Cancel"_s, 0, steps, m_below);
+    m_window = std::make_unique<QProgressDialog>(
+        m_what, m_wayOut == WayOut::None ? QString() : u"Cancel"_s, 0, steps, m_below);
     m_window->setObjectName(u"progress"_s);
     m_window->setWindowTitle(u"Please wait"_s);
     m_window->setAccessibleName(m_what);

@@ -13,18 +13,22 @@ class QWidget;
 /// seconds; from the first moment to the last no other window of the program takes a key or a click.
 class Progress {
 public:
-    /// `what` is done, in the user's words.
-    explicit Progress(const QString &what);
+    /// `what` is done, in the user's words. What cannot be undone any more offers no way out.
+    enum class WayOut { Escape, None };
+    explicit Progress(const QString &what, WayOut wayOut = WayOut::Escape);
     ~Progress();
     Q_DISABLE_COPY_MOVE(Progress)
 
-    /// `done` of `total` is done. False once the user broke off. Costs little enough to be called for each row.
+    /// `done` of `total` is done. False once the user broke off, if he can. Costs little enough to be called for each
+    /// row.
     [[nodiscard]] bool at(qint64 done, qint64 total);
 
 private:
     void show();
+    [[nodiscard]] bool isBroken() const;
 
     QString m_what;
+    WayOut m_wayOut;
     QElapsedTimer m_started;
     qint64 m_lastLook = 0;
     QPointer<QWidget> m_below;

@@ -1,11 +1,14 @@
 #include "ui/RegisterScreen.h"
 
 #include "base/session.h"
+#include "ui/ListFinder.h"
 #include "ui/ListView.h"
 #include "ui/frmMsg.h"
 
 #include <QMenu>
 #include <QScrollBar>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +22,10 @@ void RegisterScreen::setRegister(ListView *list)
     m_list = list;
     connect(list, &ListView::opened, this, &RegisterScreen::openCurrent);
     connect(list, &ListView::menuWanted, this, &RegisterScreen::openMenu);
+    auto *finder = new ListFinder(*list);
+    onKey(Qt::CTRL | Qt::Key_L, u"Find a text in the list"_s, [finder] { finder->open(); });
+    onKey(
+        Qt::Key_Escape, u"Leave the search"_s, [finder] { finder->leave(); }, [finder] { return finder->isVisible(); });
 }
 
 void RegisterScreen::openRow(const ListRow &) { }
@@ -36,15 +43,15 @@ void RegisterScreen::openCurrent()
 void RegisterScreen::showRows(std::vector<ListRow> rows, Keep keep)
 {
     const QVariant tag = m_list->currentTag();
-    const int before = keep == Keep::Place ? m_place : m_list->currentRow();
+    const int before = keep == Keep::Place ? std::max(0, m_place) : m_list->currentRow();
     const int scrolled = m_list->verticalScrollBar()->value();
     m_list->list().setRows(std::move(rows));
     m_list->doItemsLayout();
     m_list->verticalScrollBar()->setValue(scrolled);
 
     const ListModel &list = m_list->list();
-    const int same = keep == Keep::Tag && before >= 0 ? list.rowOfTag(tag) : -1;
-    if (keep == Keep::First || (keep == Keep::Place && before < 0))
+    const int same = keep == Keep::Tag && before >= 0 ? list.rowOfTag(tag, before) : -1;
+    if (keep == Keep::First)
         m_list->setCurrentRow(0);
     else
         m_list->setCurrentRow(same >= 0 ? same : qMin(before, list.rowCount() - 1));

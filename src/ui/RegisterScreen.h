@@ -6,7 +6,7 @@
 class ListView;
 
 /// A screen that is a list over rows of the file: it fills itself when it has to, keeps what the user looks at in view,
-/// opens rows, and has commands on a row, by a menu and by keys.
+/// opens rows, finds a text in them (Ctrl+L), and has commands on a row, by a menu and by keys.
 class RegisterScreen : public Screen {
     Q_OBJECT
 
@@ -38,14 +38,15 @@ protected:
     /// As Enter in the list, for a search box above it.
     void openCurrent();
 
-    /// Which row is current in the new rows: the one with the same tag, or its neighbour where it is gone; the one at
-    /// the place where a row was opened or a command given last, the first where there was none yet; the first. What
-    /// was in view stays there.
+    /// Which row is current in the new rows: the one with the same tag, of several the nearest, or its neighbour where
+    /// it is gone; the one at the place where a row was opened or a command given last, before that the first; the
+    /// first. What was in view stays there.
     enum class Keep { Tag, Place, First };
     /// Replaces all rows, in one go.
     void showRows(std::vector<ListRow> rows, Keep keep);
 
-    /// The menu of a row, by the right mouse button or the menu key, and the keys of its entries.
+    /// The menu of a row, by the right mouse button or the menu key, and the keys of its entries. REQUIRES: called
+    /// once.
     void setRowActions(std::vector<RowAction> actions);
 
     void activated() override;

@@ -1,5 +1,6 @@
 #include "ui/Screen.h"
 
+#include "base/session.h"
 #include "store/DataEnvironment.h"
 #include "ui/DateField.h"
 #include "ui/entryKeys.h"
@@ -108,7 +109,8 @@ void Screen::takeRememberedSize()
     m_hasOwnSize = testAttribute(Qt::WA_Resized) && !isMaximized();
     if (const QSize remembered = userValues().value(sizeKey()).toSize(); m_hasOwnSize && remembered.isValid())
         resize(remembered);
-    fitToMonitor(*this);
+    // It comes up above the screen in front.
+    fitToMonitor(*this, *(front() ? front() : this)->screen());
     if (!testAttribute(Qt::WA_Resized))
         adjustSize();
     m_sizeShown = size();
@@ -140,9 +142,23 @@ int Screen::exec()
     return answer;
 }
 
+bool Screen::event(QEvent *event)
+{
+    // Also where the user comes back from another program, perhaps this one's second start.
+    if (event->type() == QEvent::WindowActivate)
+        noticeOtherWriters();
+    return QDialog::event(event);
+}
+
+void Screen::noticeOtherWriters()
+{
+    if (DE().CN.othersHaveWritten())
+        session::NeedRefresh = true;
+}
+
 void Screen::comeToFront()
 {
-    DE().CN.noticeOtherWriters();
+    noticeOtherWriters();
     activated();
 }
 

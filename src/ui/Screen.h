@@ -35,6 +35,7 @@ public:
     /// Shows the screen modally above the one in front. When it has closed, activates that one and returns.
     int exec() override;
     void setVisible(bool visible) override;
+    bool event(QEvent *event) override;
 
     /// The screen that takes the input; none before the first is shown.
     [[nodiscard]] static Screen *front();
@@ -66,6 +67,7 @@ private:
     bool preview(QKeyEvent *event);
     [[nodiscard]] const Key *keyFor(const QKeyEvent &event) const;
     void tellKeys();
+    static void noticeOtherWriters();
     void comeToFront();
     void takeRememberedSize();
     void rememberSize();

@@ -15,9 +15,14 @@ kvComboBox *accountCombo(const QString &name)
     return combo;
 }
 
+QStringList accountTitles(const QString &condition)
+{
+    return FillCombo(u"Title"_s, u"Accounts"_s, condition, DE().rsaccounts);
+}
+
 void fillWithTitles(kvComboBox &combo, const QString &condition, const QString &first)
 {
-    QStringList titles = FillCombo(u"Title"_s, u"Accounts"_s, condition, DE().rsaccounts);
+    QStringList titles = accountTitles(condition);
     if (!first.isEmpty())
         titles.prepend(first);
     setComboEntries(combo, titles);

@@ -4,6 +4,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -101,8 +102,31 @@ int keys::characterCode(const QKeyEvent &event)
     const bool alt = event.modifiers().testFlag(Qt::AltModifier) && !event.modifiers().testFlag(Qt::ControlModifier);
     if (control || alt || event.modifiers().testFlag(Qt::MetaModifier))
         return 0;
-    const QString text = event.text();
-    return text.size() == 1 && text.at(0).isPrint() ? text.at(0).unicode() : 0;
+    const QList<uint> letters = event.text().toUcs4();
+    return letters.size() == 1 && QChar::isPrint(letters.first()) ? static_cast<int>(letters.first()) : 0;
+}
+
+QString keys::textOf(int character)
+{
+    const auto letter = static_cast<char32_t>(character);
+    return QString::fromUcs4(&letter, 1);
+}
+
+bool typeComposed(QWidget &control, const QInputMethodEvent &input)
+{
+    if (input.commitString().isEmpty() || input.replacementLength() > 0)
+        return false;
+    QInputMethodEvent nothingBegun;
+    QCoreApplication::sendEvent(&control, &nothingBegun);
+    for (const uint letter : input.commitString().toUcs4()) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, keys::textOf(static_cast<int>(letter)));
+        QCoreApplication::sendEvent(&control, &press);
+    }
+    if (!input.preeditString().isEmpty()) {
+        QInputMethodEvent begun(input.preeditString(), input.attributes());
+        QCoreApplication::sendEvent(&control, &begun);
+    }
+    return true;
 }
 
 void cSendKeys::SendKeys(const QString &keys)
@@ -162,13 +186,18 @@ int ListNavKeys(QAbstractItemView &list, int key)
     return key;
 }
 
+void selectWhole(QLineEdit &line)
+{
+    const auto end = static_cast<int>(line.text().size());
+    line.setSelection(end, -end);
+}
+
 void ShowAsSelected(QWidget &control)
 {
     QWidget &part = textPart(control);
     setColours(part, Qt::black, Qt::white);
-    // From its end to its beginning, which is what a long text shows then.
     if (auto *line = qobject_cast<QLineEdit *>(&part))
-        line->setSelection(static_cast<int>(line->text().size()), -static_cast<int>(line->text().size()));
+        selectWhole(*line);
     else if (auto *lines = qobject_cast<QPlainTextEdit *>(&part))
         lines->selectAll();
 }

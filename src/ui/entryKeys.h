@@ -4,7 +4,9 @@
 
 class QAbstractItemView;
 class QColor;
+class QInputMethodEvent;
 class QKeyEvent;
+class QLineEdit;
 class QWidget;
 
 /// Key codes as the entry helpers know them. A key press has two: the code of the key (`keyCode`), which arrow and page
@@ -31,7 +33,14 @@ inline constexpr int Swallowed = 0;
 /// 0 for keys that type nothing.
 [[nodiscard]] int characterCode(const QKeyEvent &event);
 
+/// The character of a code from `Blank` on.
+[[nodiscard]] QString textOf(int character);
+
 } // namespace keys
+
+/// Lets what an input method has composed, an accented letter or a word of another script, go the way of typed keys,
+/// and begins in `control` what it composes next. False where it has finished nothing, or replaces what stands there.
+bool typeComposed(QWidget &control, const QInputMethodEvent &input);
 
 /// Sends keys to the control that has the focus, in the place of the user.
 class cSendKeys {
@@ -53,6 +62,9 @@ public:
 /// For a key code pressed in a search box above `list`: Up, Down, Home and End move the list's current row; past either
 /// end nothing happens. Up is swallowed, all others pass.
 [[nodiscard]] int ListNavKeys(QAbstractItemView &list, int key);
+
+/// Selects all of a line so that the next key replaces it, and shows its beginning.
+void selectWhole(QLineEdit &line);
 
 /// Selects the whole text of a field and shows it white on black. For text boxes, editable combos and date fields; on
 /// other controls only the colours change.

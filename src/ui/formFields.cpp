@@ -2,8 +2,10 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 
 QLabel *captionOf(QWidget *field, const QString &caption)
 {
@@ -12,6 +14,14 @@ QLabel *captionOf(QWidget *field, const QString &caption)
     label->setBuddy(field);
     nameAloud(field, caption);
     return label;
+}
+
+void addField(QGridLayout &grid, int row, const QString &caption, QWidget *field)
+{
+    // Beside several lines it stands at the first.
+    const bool isTall = qobject_cast<const QPlainTextEdit *>(field);
+    grid.addWidget(captionOf(field, caption), row, 0, isTall ? Qt::AlignRight | Qt::AlignTop : Qt::Alignment());
+    grid.addWidget(field, row, 1);
 }
 
 void nameAloud(QWidget *control, const QString &caption)

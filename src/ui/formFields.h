@@ -3,12 +3,16 @@
 #include <QList>
 #include <QString>
 
+class QGridLayout;
 class QLabel;
 class QWidget;
 
 /// The label of a field, to stand before it: its access key, if `caption` has one, goes to the field, and so does its
 /// text as accessible name (see `nameAloud`).
 [[nodiscard]] QLabel *captionOf(QWidget *field, const QString &caption);
+
+/// A row of a grid of labels and fields: the label in the first column, the field in the second.
+void addField(QGridLayout &grid, int row, const QString &caption, QWidget *field);
 
 /// What a screen reader says for `control`: the caption without its signs. A control that stands for another one, being
 /// its focus proxy, passes it on.

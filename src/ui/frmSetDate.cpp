@@ -15,8 +15,7 @@ frmSetDate::frmSetDate()
       Command1(new Command(u"Command1"_s, u"&Ok"_s))
 {
     auto *form = new QGridLayout(this);
-    form->addWidget(captionOf(DateFrom, u"&Date :"_s), 0, 0);
-    form->addWidget(DateFrom, 0, 1);
+    addField(*form, 0, u"&Date :"_s, DateFrom);
     form->addWidget(Command1, 1, 1, Qt::AlignRight);
     form->setColumnMinimumWidth(1, 180);
     form->setSizeConstraint(QLayout::SetFixedSize);

@@ -1,10 +1,12 @@
 #include "ui/kvComboBox.h"
 
 #include "base/values.h"
+#include "ui/InsertedText.h"
 #include "ui/entryKeys.h"
 #include "ui/modAutoSearch.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QWheelEvent>
 
 kvComboBox::kvComboBox(QWidget *parent) : QComboBox(parent), EntryBox(this)
@@ -12,6 +14,7 @@ kvComboBox::kvComboBox(QWidget *parent) : QComboBox(parent), EntryBox(this)
     setEditable(true);
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
+    new InsertedText(lineEdit(), [this](const QString &text, const QString &beside) { return inserted(text, beside); });
     connect(this, &QComboBox::currentTextChanged, this, &kvComboBox::changed);
     passOn(*this);
 }

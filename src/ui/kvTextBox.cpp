@@ -1,16 +1,16 @@
 #include "ui/kvTextBox.h"
 
 #include "base/values.h"
+#include "ui/InsertedText.h"
 #include "ui/entryKeys.h"
 
 #include <QKeyEvent>
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
 kvTextBox::kvTextBox(QWidget *parent) : QLineEdit(parent), EntryBox(this)
 {
-    connect(this, &QLineEdit::textEdited, this, &kvTextBox::tidy);
+    new InsertedText(this, [this](const QString &text, const QString &beside) { return inserted(text, beside); });
     connect(this, &QLineEdit::textChanged, this, &kvTextBox::changed);
     passOn(*this);
 }
@@ -29,6 +29,14 @@ void kvTextBox::setText(const QString &text)
         home(false);
 }
 
+QString kvTextBox::textBesideSelection() const
+{
+    QString rest = text();
+    if (hasSelectedText())
+        rest.remove(selectionStart(), selectedText().size());
+    return rest;
+}
+
 void kvTextBox::keyPressEvent(QKeyEvent *event)
 {
     if (entry().keySwallowed(*event))
@@ -44,34 +52,8 @@ int kvTextBox::filtered(int key)
     if (BoxType() == boxType::Text) {
         const bool typesText = key >= keys::Blank;
         const bool startsWord = text().isEmpty() || m_lastKey == keys::Blank;
-        m_lastKey = startsWord && typesText ? QChar(key).toUpper().unicode() : key;
+        m_lastKey = startsWord && typesText ? static_cast<int>(QChar::toUpper(static_cast<char32_t>(key))) : key;
         return m_lastKey;
     }
-    // What is selected goes with the next key, and its point with it.
-    QString rest = text();
-    if (hasSelectedText())
-        rest.remove(selectionStart(), selectionLength());
-    return amountKey(rest, key);
-}
-
-void kvTextBox::tidy(const QString &text)
-{
-    static const QRegularExpression lineBreak(u"\\r\\n|[\\r\\n\\x{2028}\\x{2029}]"_s);
-    const auto tidied = [this](QString part) {
-        part.replace(lineBreak, u" "_s);
-        if (!isAmount())
-            return part;
-        QString amount;
-        for (const QChar character : std::as_const(part)) {
-            if (amountKey(amount, character.unicode()) >= keys::Blank)
-                amount += character;
-        }
-        return amount;
-    };
-    const QString whole = tidied(text);
-    if (whole == text)
-        return;
-    const qsizetype caret = tidied(text.left(cursorPosition())).size();
-    QLineEdit::setText(whole);
-    setCursorPosition(static_cast<int>(caret));
+    return amountKey(textBesideSelection(), key);
 }

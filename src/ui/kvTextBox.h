@@ -7,8 +7,8 @@
 /// A single-line entry field. Shown white on black with all text selected while it has the focus.
 ///
 /// `BoxType` 0 starts each word with a capital as it is typed; text pasted or set stays as it is. `BoxType` 1 is an
-/// amount: digits and one point can be typed, and it reads "0.00" whenever it is set or left. Any other is plain text.
-/// Line breaks in pasted text become blanks.
+/// amount: digits and one point can be typed, the number that a text names be pasted, and it reads "0.00" whenever it
+/// is set or left. Any other is plain text. Line breaks in pasted text become blanks.
 class kvTextBox : public QLineEdit, public EntryBox {
     Q_OBJECT
 
@@ -20,6 +20,8 @@ public:
     [[nodiscard]] QString Text() const { return text(); }
     /// An amount takes the form "0.00".
     void setText(const QString &text);
+    /// What stays when the next key replaces the selection.
+    [[nodiscard]] QString textBesideSelection() const;
 
     /// On by default: Enter moves to the next field and is not offered to anybody as a key press.
     [[nodiscard]] bool AutoTab() const { return m_autoTab; }
@@ -41,8 +43,6 @@ protected:
 private:
     /// What becomes of a character under the rules of the box type.
     [[nodiscard]] int filtered(int key);
-    /// What came in by another way than keys, pasted or dropped: one line, and of an amount its digits and one point.
-    void tidy(const QString &text);
 
     bool m_autoTab = true;
     int m_lastKey = 0;

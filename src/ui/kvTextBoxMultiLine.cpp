@@ -1,8 +1,10 @@
 #include "ui/kvTextBoxMultiLine.h"
 
+#include "ui/InsertedText.h"
 #include "ui/entryKeys.h"
 
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QTextOption>
 
 using namespace Qt::StringLiterals;
@@ -56,4 +58,17 @@ void kvTextBoxMultiLine::keyPressEvent(QKeyEvent *event)
     entry().passCharacter(
         event, [this](int key) { return amountKey(toPlainText(), key); },
         [this](QKeyEvent *left) { QPlainTextEdit::keyPressEvent(left); });
+}
+
+void kvTextBoxMultiLine::insertFromMimeData(const QMimeData *source)
+{
+    if (!isAmount())
+        return QPlainTextEdit::insertFromMimeData(source);
+    const QTextCursor caret = textCursor();
+    const QString text = toPlainText();
+    const QString rest = text.left(caret.selectionStart()) + text.mid(caret.selectionEnd());
+    if (const auto made = inserted(source->text(), rest))
+        insertPlainText(*made);
+    else
+        refuseNumber(*this, source->text());
 }

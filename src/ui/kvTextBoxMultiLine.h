@@ -32,6 +32,7 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void insertFromMimeData(const QMimeData *source) override;
 
 private:
     QString m_setText;

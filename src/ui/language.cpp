@@ -22,7 +22,7 @@ void showText(QWidget &control, const QString &text, const QFont &font)
 
 } // namespace
 
-QString hindiFont()
+QString hindiFamily()
 {
     return u"Kruti Dev 010"_s;
 }
@@ -48,7 +48,12 @@ void SetEngFont(QWidget &control, const QString &text)
 
 void SetHindiFont(QWidget &control, const QString &text)
 {
-    showText(control, text, QFont(hindiFont(), 12));
+    showText(control, text, hindiFont());
+}
+
+QFont hindiFont()
+{
+    return QFont(hindiFamily(), 12);
 }
 
 void TranslateForm(QWidget &) { }

@@ -6,11 +6,13 @@
 
 #include <optional>
 
+class QFont;
 class QTreeView;
 class QWidget;
 
 /// The font in whose codes Hindi is kept.
-[[nodiscard]] QString hindiFont();
+[[nodiscard]] QString hindiFamily();
+[[nodiscard]] QFont hindiFont();
 
 /// The texts in the shop's second language, as `Lang.mdb` beside the program has them for English ones.
 class LanguageTable {
@@ -18,7 +20,7 @@ public:
     /// Throws RuntimeError where the file is missing or cannot be read.
     LanguageTable();
 
-    /// In the codes of `hindiFont`; none where the table lacks the text.
+    /// In the codes of that font; none where the table lacks the text.
     [[nodiscard]] std::optional<QString> hindi(const QString &english);
 
 private:

@@ -17,7 +17,7 @@ struct Closing {
     QString words;
     CellLook look = {};
     /// Of columns that look otherwise.
-    std::vector<std::pair<int, CellLook>> looks = {};
+    QList<std::pair<int, CellLook>> looks = {};
     /// A row of blanks comes first.
     bool afterBlankRow = true;
 };

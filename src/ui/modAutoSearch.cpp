@@ -7,13 +7,17 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMouseEvent>
 #include <QScopeGuard>
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QToolTip>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -98,11 +102,7 @@ public:
         for (QObject *part : std::initializer_list<QObject *>{&combo, m_line, m_list})
             part->installEventFilter(this);
         // Deleting, cutting and undoing change the text without a key that the search sees.
-        connect(m_line, &QLineEdit::textEdited, this, [this](const QString &text) {
-            const int caret = m_line->cursorPosition();
-            showOwnText(m_combo, text);
-            m_line->setCursorPosition(caret);
-        });
+        connect(m_line, &QLineEdit::textEdited, this, &AutoSearch::textEdited);
         connect(&combo, &QComboBox::currentTextChanged, this, &AutoSearch::showWhetherChosen);
     }
 
@@ -119,6 +119,12 @@ public:
         case QEvent::WindowActivate:
             // The line would drop its selection now, as the open list has the focus and not the line.
             return watched == m_line;
+        case QEvent::InputMethod: return composing(watched, *static_cast<QInputMethodEvent *>(event));
+        case QEvent::FocusIn:
+            m_isClickedInto = static_cast<QFocusEvent *>(event)->reason() == Qt::MouseFocusReason;
+            return false;
+        case QEvent::MouseButtonPress: m_selectsWhole = std::exchange(m_isClickedInto, false); return false;
+        case QEvent::MouseButtonRelease: return watched == m_line && clickedInto(*static_cast<QMouseEvent *>(event));
         default: return false;
         }
     }
@@ -130,6 +136,43 @@ private:
         const bool namesKey =
             event.key() != Qt::Key_Alt && event.key() != Qt::Key_Control && event.key() != Qt::Key_Shift;
         return (modifiers == Qt::AltModifier || modifiers == Qt::ControlModifier) && namesKey;
+    }
+
+    void textEdited()
+    {
+        // A text that is set would end what is being composed.
+        m_isEditOpen = m_isComposing;
+        if (m_isComposing)
+            return;
+        const int caret = m_line->cursorPosition();
+        showOwnText(m_combo, m_line->text());
+        m_line->setCursorPosition(caret);
+    }
+
+    bool composing(const QObject *watched, QInputMethodEvent &input)
+    {
+        if (watched == &m_combo) {
+            m_isComposing = !input.preeditString().isEmpty();
+            if (m_isEditOpen && !m_isComposing)
+                textEdited();
+            return false;
+        }
+        if (watched != m_list)
+            return false;
+        // As a key in the list, it is one in the text.
+        QCoreApplication::sendEvent(&m_combo, &input);
+        return true;
+    }
+
+    /// True for the end of the click that brought the focus: it selects all as each other way into the field does, but
+    /// for a part that the mouse was drawn over.
+    bool clickedInto(const QMouseEvent &release)
+    {
+        const bool isClick = std::exchange(m_selectsWhole, false) && release.button() == Qt::LeftButton;
+        if (!isClick || m_line->hasSelectedText())
+            return false;
+        selectWhole(*m_line);
+        return true;
     }
 
     bool keyPressed(const QObject *watched, QKeyEvent *event)
@@ -204,7 +247,7 @@ private:
             : -1;
         const int index = begun >= 0 ? begun : qBound(0, m_combo.currentIndex() + by, m_combo.count() - 1);
         selectEntry(m_combo, index);
-        m_line->selectAll();
+        selectWhole(*m_line);
         emit m_combo.activated(index);
         emit m_combo.textActivated(m_combo.itemText(index));
     }
@@ -220,6 +263,11 @@ private:
     QComboBox &m_combo;
     QLineEdit *m_line;
     QAbstractItemView *m_list;
+    bool m_isClickedInto = false;
+    bool m_selectsWhole = false;
+    bool m_isComposing = false;
+    /// The text was changed under what is being composed, and the entry behind it not yet.
+    bool m_isEditOpen = false;
 };
 
 class OpensOnFocus : public QObject {
@@ -228,11 +276,17 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        if (event->type() == QEvent::FocusIn && isUsers(static_cast<QFocusEvent *>(event)->reason()))
+        const auto reason =
+            event->type() == QEvent::FocusIn ? static_cast<QFocusEvent *>(event)->reason() : Qt::NoFocusReason;
+        if (isUsers(reason))
             // When the click that brought the focus, or the key, has done what it does.
-            QTimer::singleShot(0, this, [this] {
-                if (m_combo.hasFocus())
-                    SelectTypedEntry(m_combo);
+            QTimer::singleShot(0, this, [this, reason] {
+                if (!m_combo.hasFocus())
+                    return;
+                SelectTypedEntry(m_combo);
+                // The open list takes the end of the click.
+                if (reason == Qt::MouseFocusReason && !m_combo.lineEdit()->hasSelectedText())
+                    selectWhole(*m_combo.lineEdit());
             });
         return false;
     }
@@ -258,7 +312,7 @@ int AutoSearchKey(QComboBox &combo, int key)
     const auto pointer = qScopeGuard([&combo] { combo.unsetCursor(); });
     if (key >= keys::Blank) {
         // Before the list opens: opening it may cost the line its selection.
-        const QString text = textBeforeSelection(*line) + QChar(key);
+        const QString text = textBeforeSelection(*line) + keys::textOf(key);
         ShowDropDown(combo);
         if (!typeAhead(combo, text))
             refuse(combo, text);
@@ -285,8 +339,11 @@ void SelectTypedEntry(QComboBox &combo)
 
 void ShowDropDown(QComboBox &combo)
 {
-    if (!combo.view()->isVisible() && combo.isVisible())
-        combo.showPopup();
+    if (combo.view()->isVisible() || !combo.isVisible())
+        return;
+    combo.showPopup();
+    // What follows the entry is in view with it.
+    combo.view()->scrollTo(viewIndex(combo, combo.currentIndex()), QAbstractItemView::PositionAtTop);
 }
 
 int SelectComboEntry(QComboBox &combo)
@@ -337,7 +394,7 @@ void setComboText(QComboBox &combo, const QString &text)
         showOwnText(combo, text);
         // The next name is typed over it; elsewhere a long one shows its beginning.
         if (combo.window()->focusWidget() == &combo)
-            line->selectAll();
+            selectWhole(*line);
         else
             line->home(false);
     } else

@@ -68,11 +68,11 @@ void makeScrollable(QWidget &window)
 
 } // namespace
 
-void fitToMonitor(QWidget &window)
+void fitToMonitor(QWidget &window, const QScreen &monitor)
 {
     if (!window.layout())
         return;
-    const QSize room = window.screen()->availableSize() - frame;
+    const QSize room = monitor.availableSize() - frame;
     QSize size = window.testAttribute(Qt::WA_Resized) ? window.size() : window.sizeHint();
     if (!fits(leastSize(*window.layout()), room)) {
         makeScrollable(window);

@@ -1,7 +1,8 @@
 #pragma once
 
+class QScreen;
 class QWidget;
 
-/// Before it is shown: makes a window no larger than its monitor, with its frame. Where not even the least size of its
+/// Before it is shown: makes a window no larger than `monitor`, with its frame. Where not even the least size of its
 /// content fits, the content scrolls, and what gets the focus comes into view.
-void fitToMonitor(QWidget &window);
+void fitToMonitor(QWidget &window, const QScreen &monitor);

@@ -2,6 +2,7 @@
 
 #include <QSettings>
 
-/// What the program keeps for the user of the machine and not for the shop: widths of columns, sizes of screens,
+/// What the program keeps for the user of the machine and not for the shop: widths and order of columns, sizes of
+/// screens,
 /// whether a database was ever chosen.
 [[nodiscard]] QSettings userValues();

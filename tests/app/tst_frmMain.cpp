@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;
@@ -30,6 +31,7 @@ private slots:
     void aNewShopGetsItsRow();
     void whatAShopLeavesOutStaysAsItWas();
     void aDateTypedIsInForceAtOnceAndSurvives();
+    void whatIsNoDateLeadsNowhere();
     void followingTheMachineDoesNotEraseTheStoredDate();
     void closingTheCalendarConfirmsTheDate();
     void escapeAsks();
@@ -151,6 +153,31 @@ void MainTest::aDateTypedIsInForceAtOnceAndSurvives()
         QCOMPARE(GetSetting(setting::WorkingDate), u"17-Nov-2025"_s);
     }));
     QVERIFY(runProgram([](frmMain &) { QCOMPARE(session::CurrentDate, QDate(2025, 11, 17)); }));
+}
+
+void MainTest::whatIsNoDateLeadsNowhere()
+{
+    ReadyShop shop;
+    ModalScript script;
+    QVERIFY(runProgram([&](frmMain &screen) {
+        auto &TodayDate = control<DateField>(screen, "TodayDate");
+        press(Qt::Key_F2);
+        type(u"31/6"_s);
+        for (const char command : {'n', 'm', 's', 'a', '3'}) {
+            script.expectMessage(u"\"31/6\" is not a date!"_s);
+            command == '3' ? press(Qt::Key_F3) : accessKey(command);
+            QVERIFY(script.isDone());
+            QVERIFY(TodayDate.hasFocus());
+            QCOMPARE(TodayDate.refused(), u"31/6"_s);
+        }
+        type(u"30/6"_s);
+        script.expect(u"frmEditJOB"_s, [](QWidget &card) {
+            QCOMPARE(control<DateField>(card, "JobDate").date(), QDate(2011, 6, 30));
+            press(Qt::Key_Escape);
+        });
+        accessKey('n');
+        QToolTip::hideText();
+    }));
 }
 
 void MainTest::followingTheMachineDoesNotEraseTheStoredDate()
@@ -298,7 +325,8 @@ void MainTest::theMenusLeadToTheirScreens_data()
                              << QMap<char, QString>{{'c', u"frmClients"_s}, {'w', u"frmWorkers"_s},
                                     {'i', u"frmItems"_s}, {'a', u"frmAccountsList"_s}};
     QTest::newRow("reports") << 's' << u"frmMenu"_s
-                             << QMap<char, QString>{{'r', u"frmRatings"_s}, {'t', u"frmTrailDate"_s}};
+                             << QMap<char, QString>{
+                                    {'r', u"frmRatings"_s}, {'t', u"frmTrailDate"_s}, {'v', u"frmDeliveryRegister"_s}};
 }
 
 void MainTest::theMenusLeadToTheirScreens()
@@ -328,14 +356,14 @@ void MainTest::everyCommandHasItsCaption_data()
     QTest::addColumn<QString>("captions");
     QTest::newRow("main screen")
         << ' '
-        << u"cmdCreateJOB &New Job Card|cmdCreateNewClint &Masters|-Command2 JOB &Register|Command8 Report&s|"
+        << u"cmdCreateJOB &New Job Card|cmdCreateNewClint &Masters|Command2 JOB &Register|Command8 Report&s|"
            "-Command5 Shop Info|-Command7 Settings|Command4 &About Corvane"_s;
     QTest::newRow("masters")
         << 'm' << u"cmdCreateNewClint &Clients|Command1 &Workers|Command3 &Items|Command2 &Accounts|Command8 Back"_s;
     QTest::newRow("reports")
         << 's'
-        << u"-Command2 D&ues Register|-Command3 &Account Book|-Command7 &Wages Register|-Command6 &Day Book|"
-           "-Command10 Deli&very Register|Command5 &Ratings|Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
+        << u"Command2 D&ues Register|Command3 &Account Book|Command7 &Wages Register|Command6 &Day Book|"
+           "Command10 Deli&very Register|Command5 &Ratings|Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
            "-Command9 &Export Status Report|Command8 Back"_s;
 }
 

@@ -45,6 +45,7 @@ private slots:
     void aFileThatCannotBeOpenedIsShownAndAnotherOffered();
     void theOfferIsRepeatedUntilADatabaseIsOpen();
     void aFileThatCannotBeMadeTellsWhy();
+    void aDefaultFileThatIsGoneIsTheCause();
     void anUnfinishedSaveIsTold();
     void nobodyElseMayReadWhatTheProgramMakes();
     void theWorkingDate_data();
@@ -376,7 +377,8 @@ void StartupTest::aFileThatCannotBeMadeTellsWhy()
     // Another start is making the default file at this moment.
     auto maker = std::make_unique<UnfinishedFile>(start.path(u"data15.mdb"_s));
     ModalScript script;
-    script.expectBox(u"Database File Error!\r\nThe file cannot be made: No such file or directory.\r\n"_s
+    script.expectBox(u"Database File Error!\r\nThe file cannot be made: No such file or directory.\n\n"
+                     "Nothing of this file was written. When the cause is mended, it can be made again.\r\n"_s
         + start.path(u"gone/shop.mdb"_s));
     script.expect(u"frmSelectDB"_s, chooseDefault);
     script.expectBox(fileError(Fault::Locked, start.path(u"data15.mdb"_s)));
@@ -386,6 +388,23 @@ void StartupTest::aFileThatCannotBeMadeTellsWhy()
     });
     QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
     QVERIFY(!QFileInfo::exists(start.path(u"gone"_s)));
+}
+
+void StartupTest::aDefaultFileThatIsGoneIsTheCause()
+{
+    StartFolder start;
+    storeMarker(u"1"_s);
+    start.write(u"shop.mdb"_s, "x");
+    start.configure(start.path(u"shop.mdb"_s));
+    ModalScript script;
+    script.expectBox(fileError(Fault::NotADatabase, start.path(u"shop.mdb"_s)));
+    script.expect(u"frmSelectDB"_s, [&](QWidget &window) {
+        QVERIFY(QFile::remove(start.path(u"shop.mdb"_s)));
+        closeIt(window);
+    });
+    script.expectBox(fileError(Fault::FileNotFound, start.path(u"data15.mdb"_s)));
+    script.expect(u"frmSelectDB"_s, chooseDefault);
+    QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
 }
 
 void StartupTest::anUnfinishedSaveIsTold()

@@ -27,6 +27,7 @@ class SafeFileTest : public QObject {
 private slots:
     void aFileIsReplacedWhole();
     void aFileIsPlacedWhereNothingStands();
+    void aFailureTellsWhatBecameOfTheFile();
     void nothingIsLeftOfAFileThatIsNotFinished();
     void whatAStoppedProgramLeftIsTakenOver();
     void twoMakersOfOneFileDoNotMix();
@@ -93,6 +94,25 @@ void SafeFileTest::aFileIsPlacedWhereNothingStands()
     QCOMPARE(folder.names(), QStringList({u"copy"_s, u"delivered"_s}));
 }
 
+void SafeFileTest::aFailureTellsWhatBecameOfTheFile()
+{
+    Folder folder;
+    folder.write(u"a"_s, "x");
+    const UnfinishedFile other(folder.at(u"taken"_s));
+    for (const auto &[from, to] :
+        {std::pair{u"gone"_s, u"b"_s}, {u"a"_s, u"missing/b"_s}, {u"a"_s, u"a"_s}, {u"a"_s, u"taken"_s}}) {
+        try {
+            safeFile::copyWhole(folder.at(from), folder.at(to));
+            QFAIL("it was copied");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.written(), Written::Nothing);
+            QVERIFY(error.canGoOn());
+            QVERIFY2(error.fault() == Fault::Locked || error.text().contains(u"\n\nNothing of this file was written."),
+                qPrintable(error.text()));
+        }
+    }
+}
+
 void SafeFileTest::nothingIsLeftOfAFileThatIsNotFinished()
 {
     Folder folder;
@@ -133,8 +153,10 @@ void SafeFileTest::twoMakersOfOneFileDoNotMix()
     // The first one still has its mark on the file, which has its own name now.
     UnfinishedFile second(folder.at(u"a"_s));
     second.write("second");
+    folder.write(u"a-journal"_s, "of the first");
     EXPECT_FAULT(Fault::FileFault, second.place());
     QCOMPARE(folder.content(u"a"_s), "first");
+    QCOMPARE(folder.content(u"a-journal"_s), "of the first");
 }
 
 void SafeFileTest::aJournalOfThatNameIsPutAside()
@@ -161,6 +183,14 @@ void SafeFileTest::onlyTheOwnerMayLook()
     QVERIFY(safeFile::makeFolder(folder.at(u"in/folder"_s)));
     QVERIFY(safeFile::makeFolder(folder.at(u"in/folder"_s)));
     QVERIFY(!safeFile::makeFolder(folder.at(u"a/folder"_s)));
+    // A stopped program of an earlier version has left this.
+    folder.write(u"c.new"_s, "old");
+    QCOMPARE(chmod(QFile::encodeName(folder.at(u"c.new"_s)).constData(), 0666), 0);
+    safeFile::writeWhole(folder.at(u"c"_s), "x");
+    QCOMPARE(rightsOf(folder.at(u"c"_s)), 0600U);
+    QVERIFY(QFile::link(folder.at(u"a"_s), folder.at(u"d.new"_s)));
+    EXPECT_FAULT(Fault::FileFault, safeFile::writeWhole(folder.at(u"d"_s), "into another file"));
+    QCOMPARE(folder.content(u"a"_s), "x");
     QCOMPARE(rightsOf(folder.at(u"a"_s)), 0600U);
     QCOMPARE(rightsOf(folder.at(u"in"_s)), 0700U);
     QCOMPARE(rightsOf(folder.at(u"in/folder"_s)), 0700U);

@@ -14,6 +14,8 @@ class ValuesTest : public QObject {
 private slots:
     void numbersAreReadFromTheFrontOfATexts_data();
     void numbersAreReadFromTheFrontOfATexts();
+    void theNumberIsFoundInAText_data();
+    void theNumberIsFoundInAText();
     void numbersAreWrittenPlainly_data();
     void numbersAreWrittenPlainly();
     void moneyRoundsAsAPersonSeesIt_data();
@@ -57,6 +59,30 @@ void ValuesTest::numbersAreReadFromTheFrontOfATexts()
     QFETCH(QString, text);
     QFETCH(double, number);
     QCOMPARE(Val(text), number);
+}
+
+void ValuesTest::theNumberIsFoundInAText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("number");
+    const auto row = [](const QString &text, const QString &number) {
+        QTest::newRow(qPrintable(text)) << text << number;
+    };
+    row(u"Rs. 1,500.00/-"_s, u"1500.00"_s);
+    row(u"Rs.500"_s, u"500"_s);
+    row(u"1,50,000"_s, u"150000"_s);
+    row(u" .5 m"_s, u".5"_s);
+    row(u"Total 12."_s, u"12"_s);
+    row(u"-7"_s, u"-7"_s);
+    // None or several.
+    for (const char *text : {"Sherwani", "12,50", "1,5000", "1.2.3", "100\n200", "10-12", "1e2"})
+        row(QString::fromLatin1(text), {});
+}
+
+void ValuesTest::theNumberIsFoundInAText()
+{
+    QFETCH(QString, text);
+    QTEST(numberIn(text), "number");
 }
 
 void ValuesTest::numbersAreWrittenPlainly_data()

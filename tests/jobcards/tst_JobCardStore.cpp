@@ -44,6 +44,8 @@ void JobCardStoreTest::numbersFollowTheHighestCard()
 {
     OrderDesk desk;
     QCOMPARE(JobCardStore::GetNewNum(), 1);
+    SaveSetting(setting::FirstJobNumber, u"0"_s);
+    QCOMPARE(JobCardStore::GetNewNum(), 1);
     SaveSetting(setting::FirstJobNumber, u"1001"_s);
     QCOMPARE(JobCardStore::GetNewNum(), 1001);
     JobCardStore first = desk.book(u"1001"_s);
@@ -368,41 +370,30 @@ void JobCardStoreTest::anotherProgramsWorkIsNotWrittenOver_data()
 {
     QTest::addColumn<QString>("statement");
     QTest::addColumn<int>("fault");
+    const auto row = [](const char *name, const QString &statement, int fault) {
+        QTest::newRow(name) << statement << fault;
+    };
     const int refused = static_cast<int>(Fault::RowNotFound);
-    QTest::newRow("something else") << u"Update Accounts set City='Pune' where id=5"_s << 0;
-    QTest::newRow("work on a row") << u"Update JOBS_DETAIL set DoneByWorker=1 where id=1"_s << 0;
-    QTest::newRow("the card deleted") << u"Delete from JOBS where id=1"_s << refused;
-    QTest::newRow("a row deleted") << u"Delete from JOBS_DETAIL where id=1"_s << refused;
-    QTest::newRow("a row of it moved in") << u"Update JOBS_DETAIL set JobID=1 where id=3"_s << refused;
-    QTest::newRow("the client renamed") << u"Update Accounts set Title='Asha' where id=5"_s
-                                        << static_cast<int>(Fault::NoCurrentRecord);
-    QTest::newRow("the receipt account renamed")
-        << u"Update Accounts set Title='Till' where id=4"_s << static_cast<int>(Fault::NoCurrentRecord);
-    QTest::newRow("the number used") << u"Update JOBS set Id=3 where Id=2"_s << static_cast<int>(Fault::NumberTaken);
+    const int missing = static_cast<int>(Fault::NoCurrentRecord);
+    row("something else", u"Update Accounts set City='Pune' where id=5"_s, 0);
+    row("work on a row", u"Update JOBS_DETAIL set DoneByWorker=1, WorkerID=7, Loc='Rack 2' where id=1"_s, 0);
+    row("a fitting", u"Update JOBS set appeared=1, appearedDate=#12-Apr-2011# where id=1"_s, 0);
+    row("the card deleted", u"Delete from JOBS where id=1"_s, refused);
+    row("an advance", u"Update JOBS set AmountPaid=300 where id=1"_s, refused);
+    row("the card handed over", u"Update JOBS set JobFinished=1 where id=1"_s, refused);
+    row("a row deleted", u"Delete from JOBS_DETAIL where id=1"_s, refused);
+    row("a row of it moved in", u"Update JOBS_DETAIL set JobID=1 where id=3"_s, refused);
+    row("a row changed", u"Update JOBS_DETAIL set QNT=3, Amount=1200 where id=2"_s, refused);
+    row("the client renamed", u"Update Accounts set Title='Asha' where id=5"_s, missing);
+    row("the receipt account renamed", u"Update Accounts set Title='Till' where id=4"_s, missing);
+    row("the item renamed", u"Update Items set NAME='Long Coat' where id=1"_s, missing);
+    row("the number used", u"Update JOBS set Id=3 where Id=2"_s, static_cast<int>(Fault::NumberTaken));
 }
 
 void JobCardStoreTest::anotherProgramsWorkIsNotWrittenOver()
 {
-    QFETCH(QString, statement);
-    QFETCH(int, fault);
-    OrderDesk desk;
-    clsJobCardData rows = desk.rows(2);
-    JobCardStore store;
-    store.SaveNew(desk.card(u"1"_s), rows);
-    desk.book(u"2"_s);
-    // Opened again, as another screen would.
-    clsJobCardData opened;
-    JobCardStore reopened;
-    reopened.openSaved(1);
-    reopened.readRows(opened);
-
-    Connection other;
-    other.open(desk.path());
-    other.execute(statement);
-    const auto everything = [&desk] {
-        return desk.lines(u"Select * from JOBS"_s) + desk.lines(u"Select * from JOBS_DETAIL"_s) + desk.postings();
-    };
-    const QStringList before = everything();
+    QFETCH(const QString, statement);
+    QFETCH(const int, fault);
     const auto faultOf = [](const std::function<void()> &save) {
         try {
             save();
@@ -411,20 +402,48 @@ void JobCardStoreTest::anotherProgramsWorkIsNotWrittenOver()
         }
         return 0;
     };
-    JobCard card = desk.card(u"1"_s);
-    card.Remark = u"changed"_s;
-    if (fault == static_cast<int>(Fault::NumberTaken)) {
+    // As the card's screen saved it, and as one finds it that opens it again.
+    for (const bool isReopened : {false, true}) {
+        OrderDesk desk;
+        clsJobCardData rows = desk.rows(2);
+        JobCardStore store;
+        store.SaveNew(desk.card(u"1"_s), rows);
+        desk.book(u"2"_s);
+        if (isReopened) {
+            rows = {};
+            store.openSaved(1);
+            store.readRows(rows);
+        }
+        rows.AddNewRow(OrderDesk::row());
+        rows.SetRemarks(1, u"Silk"_s);
         JobCardStore fresh;
-        QCOMPARE(faultOf([&] { fresh.SaveNew(desk.card(u"3"_s), rows); }), fault);
-        QCOMPARE(fresh.EditMode(), u"N"_s);
-        QCOMPARE(everything(), before);
-        return;
+        clsJobCardData freshRows = desk.rows(1);
+
+        Connection other;
+        other.open(desk.path());
+        other.execute(statement);
+        const auto everything = [&desk] {
+            return desk.lines(u"Select * from JOBS"_s) + desk.lines(u"Select * from JOBS_DETAIL"_s) + desk.postings();
+        };
+        const QStringList before = everything();
+        JobCard card = desk.card(fault == static_cast<int>(Fault::NumberTaken) ? u"3"_s : u"1"_s);
+        card.Remark = u"changed"_s;
+        QCOMPARE(faultOf([&] { store.SaveEdit(card, rows); }), fault);
+        QCOMPARE(desk.count(u"JOBS where Remark='changed'"_s), fault == 0 ? 1 : 0);
+        if (fault != 0)
+            QCOMPARE(everything(), before);
+        else
+            other.execute(u"Update Accounts set City='Goa' where id=5"_s);
+        // What it wrote itself is nobody else's work.
+        QCOMPARE(faultOf([&] { store.SaveEdit(card, rows); }), fault);
+
+        if (fault != static_cast<int>(Fault::RowNotFound)) {
+            QCOMPARE(faultOf([&] { fresh.SaveNew(desk.card(u"3"_s), freshRows); }), fault);
+            QCOMPARE(fresh.EditMode(), fault == 0 ? u"E"_s : u"N"_s);
+        }
+        if (fault != 0)
+            QCOMPARE(everything(), before);
     }
-    QCOMPARE(faultOf([&] { store.SaveEdit(card, rows); }), fault);
-    if (fault != 0)
-        QCOMPARE(everything(), before);
-    QCOMPARE(faultOf([&] { reopened.SaveEdit(card, opened); }), fault);
-    QCOMPARE(desk.count(u"JOBS where Remark='changed'"_s), fault == 0 ? 1 : 0);
 }
 
 CORVANE_TEST(JobCardStoreTest)

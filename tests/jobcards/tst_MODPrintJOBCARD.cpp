@@ -14,6 +14,7 @@
 #include "ui/kvComboBox.h"
 
 #include <QImage>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -34,6 +35,7 @@ private slots:
     void theLogoTakesItsPlace();
     void aLogoThatIsGoneFailsThePrint();
     void aCardThatIsGoneFailsThePrint();
+    void aPrintThatHasNoRoomTakesNothingFromTheCard();
     void theSettingDecidesTheWay_data();
     void theSettingDecidesTheWay();
     void theCommandPrintsASavedCardOnly();
@@ -191,8 +193,43 @@ void PrintJobCardTest::aLogoThatIsGoneFailsThePrint()
 void PrintJobCardTest::aCardThatIsGoneFailsThePrint()
 {
     PrintDesk desk;
-    EXPECT_FAULT(Fault::NoCurrentRecord, PrintJobCard(9));
+    try {
+        PrintJobCard(9);
+        QFAIL("it was printed");
+    } catch (const RuntimeError &error) {
+        QCOMPARE(error.fault(), Fault::NoCurrentRecord);
+        QVERIFY(error.canGoOn());
+    }
     QCOMPARE(desk.printer.jobs(), 0);
+}
+
+void PrintJobCardTest::aPrintThatHasNoRoomTakesNothingFromTheCard()
+{
+    PrintDesk desk;
+    SaveSetting(setting::PrintAfterSave, u"1"_s);
+    ModalScript script;
+    script.expect(u"frmEditJOB"_s, [&](QWidget &screen) {
+        control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
+        script.expect(u"frmAddItem"_s, [](QWidget &item) {
+            driver::type(u"coat"_s);
+            press(Qt::Key_Return);
+            control<QLineEdit>(item, "txtRemark").setText(QString(50000, u'x'));
+            accessKey('o');
+        });
+        accessKey('a');
+        script.expect(u"frmMsg"_s, [&desk](QWidget &) {
+            desk.connection.define(u"PRAGMA max_page_count = "_s + desk.lines(u"PRAGMA page_count"_s).first());
+            press(Qt::Key_Return);
+        });
+        script.expectBox(u"There is not enough space on the disk.\n\n"_s + desk.path());
+        accessKey('s');
+        QCOMPARE(screen.windowTitle(), u"Edit JOB Card"_s);
+        press(Qt::Key_Escape);
+    });
+    frmEditJOB().ShowAddNew();
+    QVERIFY(script.isDone());
+    QCOMPARE(desk.printer.jobs(), 0);
+    QCOMPARE(desk.count(u"JOBS"_s), 1);
 }
 
 void PrintJobCardTest::theSettingDecidesTheWay_data()

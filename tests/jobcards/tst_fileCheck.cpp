@@ -2,11 +2,16 @@
 
 #include "OrderDesk.h"
 #include "store/DataEnvironment.h"
+#include "store/leftBehind.h"
 #include "support/fileContent.h"
 #include "support/testRegistry.h"
 
 #include <QDir>
+#include <QScopeGuard>
 #include <QTest>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +27,8 @@ private slots:
     void aDamagedPageIsFound();
     void lookingChangesNothing_data();
     void lookingChangesNothing();
+    void aFileInUseIsLookedAtAsItIs();
+    void aCopyThatCannotBeMadeIsTheCause();
 };
 
 namespace {
@@ -259,6 +266,62 @@ void FileCheckTest::lookingChangesNothing()
     QCOMPARE(report.remark.isEmpty(), !journal.startsWith('j'));
     QCOMPARE(report.cards, 4);
     QCOMPARE(state(), before);
+
+    // By a link to it, too.
+    const QTemporaryDir elsewhere;
+    const QString link = elsewhere.filePath(u"shop.mdb"_s);
+    QVERIFY(QFile::link(desk.path(), link));
+    QCOMPARE(fileCheck::check(link).remark, report.remark);
+    QCOMPARE(state(), before);
+}
+
+void FileCheckTest::aFileInUseIsLookedAtAsItIs()
+{
+    FullDesk desk;
+    DE().CN.close();
+    int ready[2];
+    QCOMPARE(pipe(ready), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        Connection writing;
+        writing.open(desk.path());
+        // So small a cache that the file is written to before the commit.
+        writing.define(u"PRAGMA cache_size = 1"_s);
+        writing.define(u"begin immediate"_s);
+        writing.execute(u"Insert into INFO (USER, PASS) values ('%1', '')"_s.arg(QString(60000, u'u')));
+        writing.execute(u"Update JOBS set Remark='under way'"_s);
+        const char done = 1;
+        const bool told = ::write(ready[1], &done, 1) == 1;
+        usleep(300'000);
+        writing.define(u"commit"_s);
+        writing.close();
+        _exit(told ? 0 : 1);
+    }
+    char done = 0;
+    QCOMPARE(read(ready[0], &done, 1), ssize_t(1));
+    const bool looksUnfinished = leftBehind::isHot(desk.path());
+    const fileCheck::Report report = fileCheck::check(desk.path());
+    waitpid(child, nullptr, 0);
+    close(ready[0]);
+    close(ready[1]);
+    QVERIFY(looksUnfinished);
+    QVERIFY2(report.isWhole(), qPrintable(report.failure + report.differences.join(u'\n')));
+    QCOMPARE(report.remark, QString());
+}
+
+void FileCheckTest::aCopyThatCannotBeMadeIsTheCause()
+{
+    FullDesk desk;
+    DE().CN.close();
+    writeContent(desk.path() + u"-journal"_s, QByteArray(512, 'j'));
+    const QByteArray before = qgetenv("TMPDIR");
+    const auto restore = qScopeGuard([&before] { before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before); });
+    const QString noFolder = desk.folder.filePath(u"a file"_s);
+    writeContent(noFolder, {});
+    qputenv("TMPDIR", QFile::encodeName(noFolder));
+    const fileCheck::Report report = fileCheck::check(desk.path());
+    QVERIFY(!report.isReadable());
+    QVERIFY2(report.failure.contains(noFolder), qPrintable(report.failure));
 }
 
 CORVANE_TEST(FileCheckTest)

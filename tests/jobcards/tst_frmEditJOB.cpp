@@ -21,6 +21,13 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <sqlite3.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+
 using namespace Qt::StringLiterals;
 using driver::accessKey;
 using driver::control;
@@ -56,10 +63,53 @@ private slots:
     void aNumberBeyondTheRangeIsToldAtTheField();
     void aSaveThatFailsLeavesTheCardOnTheScreen_data();
     void aSaveThatFailsLeavesTheCardOnTheScreen();
+    void aSaveOfUnknownOutcomeGetsNoOtherNumber();
     void aNumberUsedByAnotherProgramGivesWayToTheNext();
+    void aCardThatAnotherProgramDeletedIsTold();
 };
 
 namespace {
+
+/// A disk on which a journal can be made, and from its removal on neither removed nor opened.
+class StuckJournal {
+public:
+    StuckJournal()
+    {
+        m_isStuck = false;
+        replace("open", reinterpret_cast<sqlite3_syscall_ptr>(open));
+        replace("unlink", reinterpret_cast<sqlite3_syscall_ptr>(unlink));
+    }
+    ~StuckJournal()
+    {
+        replace("open", nullptr);
+        replace("unlink", nullptr);
+    }
+    Q_DISABLE_COPY_MOVE(StuckJournal)
+
+private:
+    static void replace(const char *call, sqlite3_syscall_ptr function)
+    {
+        sqlite3_vfs *system = sqlite3_vfs_find(nullptr);
+        QCOMPARE(system->xSetSystemCall(system, call, function), SQLITE_OK);
+    }
+    static bool isJournal(const char *path) { return QByteArrayView(path).endsWith("-journal"); }
+    static int fail()
+    {
+        errno = EIO;
+        return -1;
+    }
+    static int open(const char *path, int flags, int mode)
+    {
+        return m_isStuck && isJournal(path) ? fail() : ::open(path, flags, mode);
+    }
+    static int unlink(const char *path)
+    {
+        m_isStuck = m_isStuck || isJournal(path);
+        return m_isStuck ? fail() : ::unlink(path);
+    }
+
+    static inline bool m_isStuck = false;
+};
 
 QString text(const QWidget &screen, const char *name)
 {
@@ -638,6 +688,46 @@ void EditJobTest::aSaveThatFailsLeavesTheCardOnTheScreen()
     QCOMPARE(desk.lines(u"Select ID, AmountDue from JOBS"_s), QStringList{u"1|1200"_s});
     QCOMPARE(desk.count(u"JOBS_DETAIL"_s), 1);
     QCOMPARE(desk.count(u"Postings"_s), 2);
+}
+
+void EditJobTest::aSaveOfUnknownOutcomeGetsNoOtherNumber()
+{
+    OrderDesk desk;
+    ModalScript script;
+    onCard(script, 0, [&](QWidget &screen) {
+        type(u"Asha"_s);
+        expectItem(script, u"Coat"_s, u"3"_s);
+        accessKey('a');
+        {
+            const StuckJournal disk;
+            script.expectBox(u"The disk failed: the file cannot be read or written.\n\n"
+                             "It is not known whether this entry was written. Look before you enter it again.\n\n"_s
+                + desk.path());
+            accessKey('s');
+            QVERIFY(driver::waitActive(screen));
+        }
+        QCOMPARE(screen.windowTitle(), u"Create New Job Card"_s);
+        // Without its journal the card stands there.
+        QVERIFY(QFile::remove(desk.path() + u"-journal"_s));
+        for (int again = 0; again < 2; ++again) {
+            script.expectMessage(
+                u"Duplicate Job ID!\r\nIt may be this card, of which it was not known whether it was written.\r\n"
+                "Look at that card before you enter this one again."_s);
+            accessKey('s');
+            QCOMPARE(text(screen, "txtJOBID"), u"1"_s);
+        }
+    });
+    QCOMPARE(desk.lines(u"Select ID, AmountDue from JOBS"_s), QStringList{u"1|1200"_s});
+}
+
+void EditJobTest::aCardThatAnotherProgramDeletedIsTold()
+{
+    OrderDesk desk;
+    ModalScript script;
+    script.expectMessage(u"Job Card not found!"_s);
+    bool deleted = false;
+    frmEditJOB().ShowEdit(1, deleted);
+    QVERIFY(deleted);
 }
 
 void EditJobTest::aNumberUsedByAnotherProgramGivesWayToTheNext()

@@ -40,6 +40,8 @@ private slots:
     void whatIsInUseStays();
     void deletingAsksFirst_data() { addMasters(); }
     void deletingAsksFirst();
+    void whatAnotherProgramDeletedIsNotSaved_data() { addMasters(); }
+    void whatAnotherProgramDeletedIsNotSaved();
     void whatIsNotThereIsAFailure();
 
 private:
@@ -342,6 +344,27 @@ void MasterEditorTest::deletingAsksFirst()
     QVERIFY(session::NeedRefresh);
     QCOMPARE(nameOf(desk, master(kind)), QString());
     QCOMPARE(desk.count(master(kind).table), others);
+}
+
+void MasterEditorTest::whatAnotherProgramDeletedIsNotSaved()
+{
+    QFETCH(int, kind);
+    MasterDesk desk;
+    inScreen(
+        master(kind).editor, [kind] { master(kind).edit(master(kind).id); },
+        [&](QWidget &editor, ModalScript &script) {
+            Connection other;
+            other.open(desk.path());
+            other.execute(u"Delete from %1 where id=%2"_s.arg(master(kind).table).arg(master(kind).id));
+            type(u"another name"_s);
+            const QString typed = control<kvTextBox>(editor, "txtName").text();
+            session::NeedRefresh = false;
+            script.expectMessage(u"Another program has deleted this entry meanwhile. Nothing was saved."_s);
+            accessKey('s');
+            QCOMPARE(control<kvTextBox>(editor, "txtName").text(), typed);
+            press(Qt::Key_Escape);
+        });
+    QCOMPARE(nameOf(desk, master(kind)), QString());
 }
 
 void MasterEditorTest::whatIsNotThereIsAFailure()

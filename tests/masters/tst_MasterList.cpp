@@ -31,6 +31,8 @@ private slots:
     void keysOfTheListWorkInTheSearchBox();
     void theSelectedOneOpens_data() { addMasters(); }
     void theSelectedOneOpens();
+    void whatAnotherProgramDeletedIsTold_data() { addMasters(); }
+    void whatAnotherProgramDeletedIsTold();
     void newOnesAreAddedFromTheList_data() { addMasters(); }
     void newOnesAreAddedFromTheList();
     void theListIsFilledAgainOnlyWhenNeeded();
@@ -204,6 +206,32 @@ void MasterListTest::theSelectedOneOpens()
             QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
             QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
         });
+        press(Qt::Key_Escape);
+    });
+}
+
+void MasterListTest::whatAnotherProgramDeletedIsTold()
+{
+    QFETCH(int, kind);
+    const Master &master = masters().at(static_cast<size_t>(kind));
+    MasterDesk desk;
+    inScreen(master.list, master.openList, [&](QWidget &screen, ModalScript &script) {
+        type(master.name);
+        QCOMPARE(selected(screen), master.name);
+        Connection other;
+        other.open(desk.path());
+        other.execute(u"Delete from %1 where id=%2"_s.arg(master.table).arg(master.id));
+        script.expectMessage(u"Another program has deleted or renamed \"%1\"."_s.arg(master.name));
+        press(Qt::Key_Return);
+        QVERIFY(!listed(screen).contains(master.name));
+        // And what the other one adds is there without being asked for.
+        session::NeedRefresh = false;
+        other.execute(master.table == u"Items"_s
+                ? u"Insert into Items (Name, ItemDetails, Fees) values ('Zari Coat', '', 1)"_s
+                : u"Insert into Accounts (Title, Type) values ('Zari Coat', %1)"_s.arg(kind == Account ? 2 : kind));
+        script.expect(master.editor, [](QWidget &) { press(Qt::Key_Escape); });
+        accessKey('a');
+        QVERIFY(listed(screen).contains(u"Zari Coat"_s));
         press(Qt::Key_Escape);
     });
 }

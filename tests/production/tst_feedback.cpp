@@ -182,7 +182,8 @@ void FeedbackTest::workersAreRankedByTheSumOfTheirScores()
     shop.rate(mohan, {1, 1});
     shop.rate(ravi, {5, 5, 0, 0, 5, 1});
     const auto shown = [] {
-        const frmRatings screen;
+        frmRatings screen;
+        [&screen] { QVERIFY(driver::show(screen)); }();
         const auto &list = control<ListView>(screen, "lvSummary");
         QStringList lines;
         for (int row = 0; row < list.list().rowCount(); ++row) {

@@ -46,7 +46,8 @@ struct Workshop : TestShop {
 
     [[nodiscard]] static QStringList shown()
     {
-        const frmDDP screen;
+        frmDDP screen;
+        [&screen] { QVERIFY(driver::show(screen)); }();
         QStringList lines;
         for (const QStringList &row : driver::rows(control<ListView>(screen, "lvSummary")))
             lines += row.join(u'|');

@@ -138,13 +138,14 @@ void PrintAssignmentTest::theCodeNamesTheGarment()
     // With the quiet margin of four modules around the 21 of so short a text.
     constexpr int modules = 29;
     int differing = 0;
-    for (int module = 0; module < modules * modules; ++module) {
-        const QPointF share((module % modules + 0.5) / modules, (module / modules + 0.5) / modules);
-        const QPointF onPaper =
-            QPointF(place.topLeft()) + QPointF(share.x() * place.width(), share.y() * place.height());
-        const bool printed = qGray(page.pixel((onPaper * resolution / 1440).toPoint())) < 128;
-        const bool given = qGray(code.pixel((share * code.width()).toPoint())) < 128;
-        differing += printed != given;
+    for (int y = 0; y < modules; ++y) {
+        for (int x = 0; x < modules; ++x) {
+            const QPointF share((x + 0.5) / modules, (y + 0.5) / modules);
+            const QPointF spot = QPointF(place.topLeft()) + share * place.width();
+            const bool isPrinted = qGray(page.pixel((spot * resolution / 1440).toPoint())) < 128;
+            const bool isGiven = qGray(code.pixel((share * code.width()).toPoint())) < 128;
+            differing += isPrinted != isGiven;
+        }
     }
     QCOMPARE(differing, 0);
 }
@@ -156,6 +157,7 @@ void PrintAssignmentTest::theSlipIsInHindiWhereTheShopWantsIt_data()
     QTest::addColumn<bool>("isHindi");
     QTest::newRow("Hindi") << u"Hindi"_s << u"Yes"_s << true;
     QTest::newRow("Hindi, slips in English") << u"Hindi"_s << u"No"_s << false;
+    QTest::newRow("Hindi, asked for in another way") << u"Hindi"_s << u"1"_s << false;
     QTest::newRow("Hindi, never asked for") << u"Hindi"_s << QString() << false;
     QTest::newRow("English") << u"English"_s << u"Yes"_s << false;
 }

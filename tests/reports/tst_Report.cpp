@@ -340,6 +340,8 @@ void ReportTest::aPdfHoldsTheTextsAndIsWrittenWholeOrNotAtAll()
     const ReportPages pages = *layOut(report, desk.source);
     const QString file = desk.folder.filePath(u"report.pdf"_s);
     QCOMPARE(pages.savePdf(file), ReportPages::Drawn::Whole);
+    constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QCOMPARE(QFile::permissions(file) & others, QFile::Permissions());
     const QStringList read = pdfText(file);
     QCOMPARE(read.size(), 2);
     QVERIFY(read.first().contains(u"Client 1\n"_s));
@@ -394,20 +396,28 @@ void ReportTest::aFootThatGrowsKeepsItsRoom()
 void ReportTest::theLastTwoLinesStayWithTheFoot_data()
 {
     QTest::addColumn<int>("lines");
+    QTest::addColumn<bool>("grouped");
     // 51 lines fill a page.
-    for (const int lines : {1, 2, 47, 48, 49, 50, 51, 52, 53, 99, 100, 101, 102, 103})
-        QTest::addRow("%d lines", lines) << lines;
+    for (const int lines : {1, 2, 47, 48, 49, 50, 51, 52, 53, 99, 100, 101, 102, 103}) {
+        QTest::addRow("%d lines", lines) << lines << false;
+        QTest::addRow("%d lines of a group", lines) << lines << true;
+    }
 }
 
 void ReportTest::theLastTwoLinesStayWithTheFoot()
 {
     QFETCH(const int, lines);
+    QFETCH(const bool, grouped);
     Desk desk;
     desk.addClients(lines);
-    Report report(u"Test"_s, {});
+    Report report(u"Test"_s, {}, grouped ? u"rows"_s : QString());
     report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
     report.add(Kind::ReportFoot, u"foot"_s, 900).caption(u"Total"_s, wholeWidth);
-    desk.source.open(u"Select * from Accounts where Type=0 order by id"_s);
+    const QString rows = u"Select * from Accounts where Type=0 order by id"_s;
+    DE().CN.execute(u"update Accounts set Nature=1 where type=0"_s);
+    desk.source.open(grouped ? u"SHAPE {SELECT * FROM Accounts where id=4} APPEND ({"_s + rows
+                + u"} AS rows RELATE ReadOnly TO Nature) AS rows"_s
+                             : rows);
     const ReportPages pages = *layOut(report, desk.source);
     QStringList all;
     for (int i = 0; i < pages.count(); ++i)

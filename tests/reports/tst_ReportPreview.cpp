@@ -1,5 +1,6 @@
 #include "reports/ReportPreview.h"
 
+#include "base/safeFile.h"
 #include "devices/printer.h"
 #include "reports/PageView.h"
 #include "reports/reportOutput.h"
@@ -10,6 +11,7 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QPdfWriter>
 #include <QScopeGuard>
@@ -29,6 +31,7 @@ class ReportPreviewTest : public QObject {
 private slots:
     void keysTurnAndZoom();
     void thePrinterGetsAllPages();
+    void aPrintThatIsBrokenOffIsNotBegun();
     void whatStopsAPrintIsTold_data();
     void whatStopsAPrintIsTold();
     void aPdfIsSavedWhereTheUserSays();
@@ -111,6 +114,31 @@ void ReportPreviewTest::thePrinterGetsAllPages()
     QCOMPARE(titles.size(), 2);
 }
 
+void ReportPreviewTest::aPrintThatIsBrokenOffIsNotBegun()
+{
+    const QTemporaryDir folder;
+    const QString paper = folder.filePath(u"paper.pdf"_s);
+    QList<printer::Outcome> outcomes;
+    printer::replace([&](const printer::Job &job) {
+        QPdfWriter device(paper);
+        outcomes += job.draw(device, 1, job.pageCount);
+        return outcomes.last();
+    });
+    const auto putBack = qScopeGuard([] { printer::replace({}); });
+    ReportPreview preview(threePages());
+    QVERIFY(driver::show(preview));
+    // What a printer has is printed: of a long job it has nothing before it has all.
+    ModalScript script;
+    script.expect(u"QProgressDialog"_s, [](QWidget &) { press(Qt::Key_Escape); });
+    reportOutput::print(ReportPages(u"Many"_s, {11906, 16838}, 100000, [](int) { return ReportPages::Page(); }));
+    QCOMPARE(outcomes, QList{printer::Outcome::Cancelled});
+    QVERIFY(!QFile::exists(paper));
+
+    reportOutput::print(ReportPages(u"Some"_s, {11906, 16838}, 8, [](int) { return ReportPages::Page(); }));
+    QCOMPARE(outcomes.last(), printer::Outcome::Printed);
+    QCOMPARE(pdfText(paper).size(), 8);
+}
+
 void ReportPreviewTest::whatStopsAPrintIsTold_data()
 {
     QTest::addColumn<int>("outcome");
@@ -165,6 +193,16 @@ void ReportPreviewTest::aPdfIsSavedWhereTheUserSays()
     {
         ModalScript script;
         script.expect(u"QFileDialog"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        accessKey('s');
+    }
+    {
+        const UnfinishedFile other(folder.filePath(u"taken.pdf"_s));
+        ModalScript script;
+        script.expect(u"QFileDialog"_s, answerWith(folder.filePath(u"taken"_s)));
+        QVERIFY(driver::waitActive(preview));
+        script.expectMessage(u"The PDF file cannot be written there!\r\n"_s
+            + QDir::toNativeSeparators(folder.filePath(u"taken.pdf"_s))
+            + u"\r\nThe file is in use by another program."_s);
         accessKey('s');
     }
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);

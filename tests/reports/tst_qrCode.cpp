@@ -65,7 +65,7 @@ void QrCodeTest::aCodeIsWhatScannersRead()
 void QrCodeTest::aTextTooLongForACodeIsRefused()
 {
     QVERIFY(!qrCode(QString(1000, u'x')).isNull());
-    EXPECT_FAULT(Fault::FileFault, qrCode(QString(3000, u'x')));
+    EXPECT_FAULT(Fault::FileFault, static_cast<void>(qrCode(QString(3000, u'x'))));
 }
 
 CORVANE_TEST(QrCodeTest)

@@ -19,6 +19,8 @@ private slots:
     void aWriteByItselfIsWholeOrNot();
     void aGroupThatCannotBeginOrCommitGoesBack_data();
     void aGroupThatCannotBeginOrCommitGoesBack();
+    void scratchTablesAreNoEntry();
+    void aGroupThatIsClosedInItsMidstGoesBack();
 };
 
 namespace {
@@ -59,7 +61,10 @@ void DiskFaultsTest::aGroupGoesBackWhole()
     QCOMPARE(GetAccountBalance(5, {2011, 4, 1}), 100.0);
     fill(file);
     int takenBack = 0;
-    const auto count = [&takenBack] { ++takenBack; };
+    const auto count = [&takenBack](Written written) {
+        QCOMPARE(written, Written::Nothing);
+        ++takenBack;
+    };
     const auto body = [&] {
         DE().CN.execute(u"Update Postings set Amount=70 where AccID=5"_s);
         DE().CN.execute(u"Update Accounts set Title='Babu' where Id=5"_s);
@@ -116,7 +121,7 @@ void DiskFaultsTest::aFaultOfTheRulesKeepsWhatCameBefore()
         file.addAccount(u"Asha"_s);
         file.connection.execute(u"Insert into Accounts (Title) values ('no type')"_s);
     };
-    EXPECT_FAULT(Fault::MissingValue, WriteGroup::run(file.connection, body, [&] { takenBack = true; }));
+    EXPECT_FAULT(Fault::MissingValue, WriteGroup::run(file.connection, body, [&](Written) { takenBack = true; }));
     QVERIFY(!takenBack);
     QCOMPARE(file.count(u"Accounts"_s), 5);
 }
@@ -168,7 +173,7 @@ void DiskFaultsTest::aGroupThatCannotBeginOrCommitGoesBack()
         file.addAccount(u"Asha"_s);
     };
     try {
-        WriteGroup::run(file.connection, write, [&] { takenBack = true; });
+        WriteGroup::run(file.connection, write, [&](Written) { takenBack = true; });
         QFAIL("it was written");
     } catch (const RuntimeError &error) {
         QCOMPARE(error.fault(), Fault::Locked);
@@ -182,6 +187,46 @@ void DiskFaultsTest::aGroupThatCannotBeginOrCommitGoesBack()
     QCOMPARE(file.count(u"Accounts"_s), 4);
     WriteGroup::run(file.connection, write);
     QCOMPARE(file.count(u"Accounts"_s), 5);
+}
+
+void DiskFaultsTest::scratchTablesAreNoEntry()
+{
+    StoreFile file;
+    Connection other;
+    other.open(file.path());
+    const auto toldBy = [&file] {
+        try {
+            WriteGroup::runScratch(file.connection, [&file] {
+                file.connection.execute(u"Insert into rank (NAME, Score, Rating) values ('%1', 1, 1)"_s.arg(large));
+            });
+        } catch (const RuntimeError &error) {
+            return error.written() == Written::NotTried && error.canGoOn() ? error.text() : error.report();
+        }
+        return QString();
+    };
+    fill(file);
+    QCOMPARE(toldBy(), u"There is not enough space on the disk."_s);
+    makeRoom(file);
+    other.define(u"begin immediate"_s);
+    QCOMPARE(toldBy(), u"The file is in use by another program."_s);
+    other.define(u"rollback"_s);
+    QCOMPARE(file.count(u"rank"_s), 0);
+    QCOMPARE(toldBy(), QString());
+    QCOMPARE(file.count(u"rank"_s), 1);
+}
+
+void DiskFaultsTest::aGroupThatIsClosedInItsMidstGoesBack()
+{
+    StoreFile file;
+    // As when the process ends itself in an event loop that shows how far the group is.
+    const auto body = [&file] {
+        file.addAccount(u"half"_s);
+        file.connection.close();
+    };
+    WriteGroup::run(file.connection, body);
+    EXPECT_FAULT(Fault::NotOpen, WriteGroup::run(file.connection, body));
+    file.connection.open(file.path());
+    QCOMPARE(file.count(u"Accounts"_s), 4);
 }
 
 CORVANE_TEST(DiskFaultsTest)

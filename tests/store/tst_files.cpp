@@ -1,3 +1,4 @@
+#include "base/safeFile.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
@@ -30,7 +31,8 @@ private slots:
     void badFilesAreToldApartAndNotTouched();
     void aLockedFileIsToldAsSuch();
     void oneFileAtRest();
-    void aFullDiskLeavesWhatWasWritten();
+    void aFullDiskTakesBackWhatHadNoRoom();
+    void writesWaitForTheDisk();
     void theFileIsUnreadableWithoutItsPassword();
     void aSettingIsStoredOnce();
     void everySettingHasItsDefault();
@@ -159,6 +161,11 @@ void FilesTest::aFileElsewhereStaysIdleAndTheDefaultFileIsUsed()
     Recordset idleRows(idle);
     idleRows.open(u"Select * from Accounts"_s);
     QCOMPARE(idleRows.recordCount(), 0);
+
+    // Whoever opens has told already what is wrong with the default file; nothing else is made of it.
+    session::DBPath = file.folder.filePath(u"another.mdb"_s);
+    const auto fault = CreateDatabase([] { renewDE(); });
+    QVERIFY2(!fault, qPrintable(fault ? fault->report() : QString()));
 }
 
 void FilesTest::badFilesAreToldApartAndNotTouched_data()
@@ -243,7 +250,7 @@ void FilesTest::oneFileAtRest()
     QCOMPARE(QDir(file.folder.path()).entryList(QDir::Files), QStringList{u"data15.mdb"_s});
 }
 
-void FilesTest::aFullDiskLeavesWhatWasWritten()
+void FilesTest::aFullDiskTakesBackWhatHadNoRoom()
 {
     StoreFile file;
     file.addAccount(u"Asha"_s);
@@ -265,6 +272,32 @@ void FilesTest::aFullDiskLeavesWhatWasWritten()
     QCOMPARE(rows.recordCount(), 6);
     rows.reopen(u"PRAGMA integrity_check"_s);
     QCOMPARE(rows.value(0).toText(), u"ok"_s);
+}
+
+void FilesTest::writesWaitForTheDisk()
+{
+    constexpr int extra = 3;
+    const auto durability = [](Connection &connection) {
+        Recordset asked(connection);
+        asked.open(u"PRAGMA synchronous"_s);
+        const int synchronous = asked.value(0).toInt();
+        asked.reopen(u"PRAGMA journal_mode"_s);
+        return asked.value(0).toText() == u"delete" ? synchronous : -1;
+    };
+    StoreFile file;
+    QCOMPARE(durability(file.connection), extra);
+    const UnfinishedFile unfinished(file.folder.filePath(u"made.mdb"_s));
+    Connection made;
+    made.create(unfinished);
+    QCOMPARE(durability(made), extra);
+    made.close();
+
+    // Somebody's tool has changed the way of writing, and keeps the file open.
+    file.connection.define(u"PRAGMA journal_mode = WAL"_s);
+    const Connection::Statement reading(file.connection, "select * from Accounts", {}, {});
+    Connection second;
+    EXPECT_FAULT(Fault::Locked, second.open(file.path()));
+    QVERIFY(!second.isOpen());
 }
 
 void FilesTest::theFileIsUnreadableWithoutItsPassword()

@@ -21,6 +21,8 @@ class LeftBehindTest : public QObject {
 
 private slots:
     void aWriteCutShortIsTakenBackAndKept();
+    void itIsFoundBehindALink();
+    void lookingTakesNothingBack();
     void aForeignJournalDoesNotSpoilTheCopy();
     void aForeignLogIsTakenAway();
     void aJournalThatIsOverIsRemoved_data();
@@ -92,6 +94,36 @@ void LeftBehindTest::aWriteCutShortIsTakenBackAndKept()
     connection.close();
     connection.open(shop.path());
     QCOMPARE(connection.keptAside(), QString());
+}
+
+void LeftBehindTest::itIsFoundBehindALink()
+{
+    StoreFile shop;
+    const CutShort cut(shop);
+    writeContent(shop.path(), cut.file);
+    writeContent(shop.path() + u"-journal"_s, cut.journal);
+    const QTemporaryDir desk;
+    const QString link = desk.filePath(u"shop.mdb"_s);
+    QVERIFY(QFile::link(shop.path(), link));
+    Connection connection;
+    connection.open(link);
+    QCOMPARE(titles(connection), soundTitles);
+    QCOMPARE(QFileInfo(connection.keptAside()).absolutePath(), shop.folder.path());
+    QCOMPARE(contentOf(connection.keptAside() + u"/data15.mdb-journal"_s), cut.journal);
+    QCOMPARE(QDir(desk.path()).entryList(QDir::Files), QStringList{u"shop.mdb"_s});
+}
+
+void LeftBehindTest::lookingTakesNothingBack()
+{
+    StoreFile shop;
+    const CutShort cut(shop);
+    writeContent(shop.path(), cut.file);
+    writeContent(shop.path() + u"-journal"_s, cut.journal);
+    Connection connection;
+    EXPECT_FAULT(Fault::CannotOpen, connection.openReadOnly(shop.path()));
+    QVERIFY(!connection.isOpen());
+    QCOMPARE(contentOf(shop.path()), cut.file);
+    QCOMPARE(contentOf(shop.path() + u"-journal"_s), cut.journal);
 }
 
 void LeftBehindTest::aForeignJournalDoesNotSpoilTheCopy()

@@ -23,6 +23,7 @@ private slots:
     void anAnswerDoesNotOutliveAWrite();
     void anAnswerFromAGroupThatWasTakenBackIsForgotten();
     void manyAnswersAreAsGoodAsOne();
+    void listsShowABlankForWhatIsGone();
     void aFieldIsFoundOrMinusOne();
     void listsComeSorted();
     void aLookupTakesItsCommandObject();
@@ -167,6 +168,24 @@ void LookupsTest::manyAnswersAreAsGoodAsOne()
         for (int id = 5; id <= last; ++id)
             file.connection.execute(u"Update Accounts set Title='Guest %1' where id=%1"_s.arg(id));
     }
+}
+
+void LookupsTest::listsShowABlankForWhatIsGone()
+{
+    StoreFile file;
+    // Enough of them for the whole column to be read at once.
+    for (int number = 5; number < 50; ++number)
+        file.addAccount(u"Account %1"_s.arg(number), {}, number % 2);
+    file.connection.execute(u"Update Accounts set Mobile='98290' where id>4 and id<45"_s);
+    for (int number = 5; number < 60; ++number) {
+        QCOMPARE(titleOrBlank(number), number < 50 ? u"Account %1"_s.arg(number) : QString());
+        // A worker's is none of a client's.
+        QCOMPARE(mobileOrBlank(number), number < 45 && number % 2 == 0 ? u"98290"_s : QString());
+    }
+    QCOMPARE(itemNameOrBlank(1), QString());
+    EXPECT_FAULT(Fault::NoCurrentRecord, (void)GetAccountTitle(55));
+    file.connection.execute(u"Update Accounts set Mobile='1', Title='Asha' where id=46"_s);
+    QCOMPARE(titleOrBlank(46) + mobileOrBlank(46), u"Asha1"_s);
 }
 
 void LookupsTest::aFieldIsFoundOrMinusOne()

@@ -28,6 +28,7 @@ private slots:
     void theLastRowAloneIsAsAmongAll_data();
     void theLastRowAloneIsAsAmongAll();
     void aRowIsAddedWithoutReadingTheOthers();
+    void someColumnsAreAsAmongAll();
     void aFailureInAGroupLeavesTheEarlierWrites();
     void aGroupThatCannotBeCommittedIsNotLeftOpen();
     void moneyIsExact();
@@ -304,6 +305,31 @@ void RecordsetTest::aRowIsAddedWithoutReadingTheOthers()
     rows.reopen(u"Select * from Accounts where Title='Asha'"_s);
     QCOMPARE(rows.integer(u"ID"), id);
     EXPECT_FAULT(Fault::Syntax, rows.openToAdd(u"Select * from"_s));
+}
+
+void RecordsetTest::someColumnsAreAsAmongAll()
+{
+    StoreFile file;
+    for (const QString &title : {u"Zoya"_s, u"Asha"_s, u"Mohan"_s})
+        file.addAccount(title, {1980, 1, 31});
+    const QString statement =
+        u"select * from  Accounts where Type=0 and dob between #01-Jan-1980# and #31-Jan-1980# order by Title,id"_s;
+    Recordset all(file.connection);
+    all.open(statement);
+    Recordset some(file.connection);
+    some.openColumns(statement, {u"Title"_s, u"id"_s, u"DOB"_s});
+    QCOMPARE(some.recordCount(), 3);
+    QCOMPARE(some.columnCount(), 3);
+    for (; !all.eof(); all.moveNext(), some.moveNext()) {
+        for (const QStringView name : {u"Id", u"Title", u"dob"})
+            QVERIFY(some.value(name) == all.value(name));
+    }
+    some.moveFirst();
+    EXPECT_FAULT(Fault::ItemNotFound, (void)some.value(u"City"));
+    EXPECT_FAULT(Fault::Engine, some.set(u"Title", u"Asha"_s));
+    EXPECT_FAULT(Fault::Syntax, some.openColumns(statement, {u"Nowhere"_s}));
+    some.openColumns(u"Select count(*) from Accounts where Type=0"_s, {u"Title"_s});
+    QCOMPARE(some.value(0).toInt(), 3);
 }
 
 void RecordsetTest::aFailureInAGroupLeavesTheEarlierWrites()

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QTest>
 #include <QWindow>
 
@@ -95,4 +96,11 @@ QStringList driver::entries(const QComboBox &combo)
     for (int i = 0; i < combo.count(); ++i)
         texts += combo.itemText(i);
     return texts;
+}
+
+int driver::leftmost(QLineEdit &line)
+{
+    // It scrolls when it is drawn.
+    line.grab();
+    return line.cursorPositionAt({4, line.height() / 2});
 }

@@ -5,6 +5,7 @@
 
 class QAbstractItemView;
 class QComboBox;
+class QLineEdit;
 
 /// Hands and eyes of a test: keys go through the window that has the focus, as the keyboard's do, so shortcuts, open
 /// lists and key previews see them as they would.
@@ -34,5 +35,7 @@ template <typename Control>
 [[nodiscard]] QList<QStringList> rows(const QAbstractItemView &list);
 [[nodiscard]] QStringList column(const QAbstractItemView &list, int column);
 [[nodiscard]] QStringList entries(const QComboBox &combo);
+/// Which character of its text a line shows first.
+[[nodiscard]] int leftmost(QLineEdit &line);
 
 } // namespace driver

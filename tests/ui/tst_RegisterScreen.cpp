@@ -88,6 +88,7 @@ private slots:
     void theRowIsTheOneBeforeTheQuestion();
     void aRowWithoutATagAnswersToNothing();
     void theMenuOfARowOpensByMouseAndKey();
+    void aTextIsFoundInAnyColumn();
     void whatTheUserLooksAtStays();
     void listsFillThemselvesWhenTold_data();
     void listsFillThemselvesWhenTold();
@@ -140,6 +141,43 @@ void RegisterTest::aRowWithoutATagAnswersToNothing()
         QVERIFY((ListRow{.tag = some}.hasTag()));
 }
 
+void RegisterTest::aTextIsFoundInAnyColumn()
+{
+    GarmentScreen screen;
+    QVERIFY(driver::show(screen));
+    // Garments 25 to 1, the odd ones completed, and the closing rows.
+    screen.fillTo(25, GarmentScreen::Keep::First);
+    screen.list.setFocus();
+    const auto found = [&screen] { return screen.list.currentTag().toInt(); };
+    const auto told = [&screen] { return screen.findChild<QWidget *>(u"lblFound"_s)->isVisible(); };
+    driver::press(Qt::Key_L, Qt::ControlModifier);
+    driver::type(u"DELI"_s);
+    QCOMPARE(found(), 24);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(found(), 22);
+    driver::press(Qt::Key_Up);
+    driver::press(Qt::Key_Up);
+    QCOMPARE(found(), 2);
+    QVERIFY(!told());
+    driver::type(u"x"_s);
+    QVERIFY(told());
+    QCOMPARE(found(), 2);
+    // Escape leaves the search first, and the list goes on from the line found.
+    driver::press(Qt::Key_Escape);
+    QVERIFY(screen.isVisible());
+    QVERIFY(screen.list.hasFocus());
+    driver::press(Qt::Key_L, Qt::ControlModifier);
+    driver::type(u"garment 1"_s);
+    QCOMPARE(found(), 1);
+    driver::press(Qt::Key_Down);
+    QCOMPARE(found(), 19);
+    driver::press(Qt::Key_Escape);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(screen.noted, QStringList{u"opened 19"_s});
+    driver::press(Qt::Key_Escape);
+    QVERIFY(!screen.isVisible());
+}
+
 void RegisterTest::theMenuOfARowOpensByMouseAndKey()
 {
     const TestShop shop;
@@ -151,8 +189,14 @@ void RegisterTest::theMenuOfARowOpensByMouseAndKey()
     const auto menu = [] { return qobject_cast<QMenu *>(QApplication::activePopupWidget()); };
     const QPoint second = screen.list.visualRect(screen.list.model()->index(1, 0)).center();
     QTest::mousePress(screen.list.viewport(), Qt::RightButton, {}, second);
-    QContextMenuEvent clicked(QContextMenuEvent::Mouse, second, screen.list.viewport()->mapToGlobal(second));
-    QCoreApplication::sendEvent(screen.list.viewport(), &clicked);
+    const auto rightClick = [&screen](QPoint place) {
+        QContextMenuEvent clicked(QContextMenuEvent::Mouse, place, screen.list.viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(screen.list.viewport(), &clicked);
+    };
+    // Below the last row there is none to act on, whichever is current.
+    rightClick({20, screen.list.viewport()->height() - 4});
+    QVERIFY(!menu());
+    rightClick(second);
     QTRY_VERIFY(menu());
     QCOMPARE(menu()->actions().size(), 3);
     QCOMPARE(menu()->actions().at(0)->text(), u"Mark as Done\tF7"_s);
@@ -190,7 +234,18 @@ void RegisterTest::whatTheUserLooksAtStays()
     screen.fillTo(50, Keep::Tag);
     QCOMPARE(screen.list.currentRow(), 51);
 
-    // The place of the row opened last, wherever the user went since.
+    // Of the legs of one document the one that was looked at, not the first.
+    std::vector<ListRow> legs;
+    for (int i = 0; i < 100; ++i)
+        legs.push_back({.cells = {u"Leg"_s}, .tag = u"12|1"_s});
+    screen.showRows(legs, Keep::First);
+    screen.list.setCurrentRow(60);
+    screen.showRows(legs, Keep::Tag);
+    QCOMPARE(screen.list.currentRow(), 60);
+
+    // The place of the row opened last, wherever the user went since; before any was, the first.
+    screen.fillTo(50, Keep::Place);
+    QCOMPARE(screen.list.currentRow(), 0);
     screen.list.setCurrentRow(20);
     driver::press(Qt::Key_Return);
     screen.list.setCurrentRow(0);

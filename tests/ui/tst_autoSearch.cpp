@@ -73,6 +73,7 @@ private slots:
     void halfANameIsNoChoice();
     void theNextNameIsTypedOverTheOld_data();
     void theNextNameIsTypedOverTheOld();
+    void longNamesShowTheirBeginning();
     void aRefusedLetterIsTold();
     void whatElseBeginsSoStandsBelowTheMatch();
     void pastingSearchesToo();
@@ -131,6 +132,29 @@ void AutoSearchTest::whatIsComposedSearchesToo()
     compose(u"é"_s);
     QCOMPARE(screen.text(), u"Émile"_s);
     QCOMPARE(screen.selected(), u"mile"_s);
+    compose(u"\U0001F44D"_s);
+    QCOMPARE(screen.text(), u"Émile"_s);
+
+    // Under what is being composed nothing is set: that would end it. It begins in the open list.
+    QVERIFY(screen.isOpen());
+    const auto begin = [&screen](const QString &text) {
+        QInputMethodEvent begun(text, {});
+        QApplication::sendEvent(screen.combo.view(), &begun);
+    };
+    QSignalSpy chosen(&screen.combo, &kvComboBox::currentIndexChanged);
+    begin(u"m"_s);
+    QCOMPARE(screen.text(), u"É"_s);
+    QCOMPARE(chosen.count(), 0);
+    QInputMethodEvent composed;
+    composed.setCommitString(u"m"_s);
+    QApplication::sendEvent(screen.combo.view(), &composed);
+    QCOMPARE(screen.text(), u"Émile"_s);
+    QCOMPARE(screen.selected(), u"ile"_s);
+    // Given up, it leaves half a name.
+    begin(u"i"_s);
+    begin({});
+    QCOMPARE(screen.text(), u"Ém"_s);
+    QCOMPARE(screen.combo.currentIndex(), -1);
 }
 
 void AutoSearchTest::backspaceCutsTheTextAndSelectsNothing()
@@ -287,7 +311,8 @@ void AutoSearchTest::halfANameIsNoChoice()
 void AutoSearchTest::theNextNameIsTypedOverTheOld_data()
 {
     QTest::addColumn<QString>("way");
-    for (const char *way : {"arrows in the open list", "arrows", "set, then entered", "set while entered"})
+    for (const char *way :
+        {"arrows in the open list", "arrows", "set, then entered", "set, then clicked", "set while entered"})
         QTest::newRow(way) << QString::fromLatin1(way);
 }
 
@@ -297,10 +322,13 @@ void AutoSearchTest::theNextNameIsTypedOverTheOld()
     SearchScreen screen;
     QVERIFY(driver::show(screen));
     if (way.startsWith(u"set"_s)) {
-        if (way == u"set, then entered"_s)
+        if (way != u"set while entered"_s)
             screen.next.setFocus();
         screen.combo.setText(u"Anita"_s);
-        screen.combo.setFocus();
+        if (way == u"set, then clicked"_s)
+            QTest::mouseClick(screen.combo.lineEdit(), Qt::LeftButton, {}, {30, 10});
+        else
+            screen.combo.setFocus();
     } else {
         driver::type(u"anil"_s);
         if (way == u"arrows"_s)
@@ -310,6 +338,30 @@ void AutoSearchTest::theNextNameIsTypedOverTheOld()
     QCOMPARE(screen.text(), u"Anita"_s);
     driver::type(u"ravin"_s);
     QCOMPARE(screen.text(), u"Ravindra"_s);
+    // Once entered, a click sets the caret, and one that draws over a part selects that.
+    driver::press(Qt::Key_Escape);
+    QTest::mouseClick(screen.combo.lineEdit(), Qt::LeftButton, {}, {30, 10});
+    QCOMPARE(screen.selected(), QString());
+    screen.next.setFocus();
+    QTest::mousePress(screen.combo.lineEdit(), Qt::LeftButton, {}, {30, 10});
+    QTest::mouseMove(screen.combo.lineEdit(), {300, 10});
+    QTest::mouseRelease(screen.combo.lineEdit(), Qt::LeftButton, {}, {300, 10});
+    QVERIFY(u"Ravindra"_s.endsWith(screen.selected()) && screen.selected().size() < 8 && screen.selected().size() > 1);
+}
+
+void AutoSearchTest::longNamesShowTheirBeginning()
+{
+    const QString name = QString(u"Rajendra Kumar Shekhawat, "_s).repeated(12);
+    SearchScreen screen;
+    setComboEntries(screen.combo, {name + u'1', name + u'2'});
+    QVERIFY(driver::show(screen));
+    const auto showsItsBeginning = [&screen] {
+        return screen.selected() == screen.text() && driver::leftmost(*screen.combo.lineEdit()) < 2;
+    };
+    driver::press(Qt::Key_Down);
+    QVERIFY2(showsItsBeginning(), "by the arrows");
+    screen.combo.setText(name + u'2');
+    QVERIFY2(showsItsBeginning(), "set while entered");
 }
 
 void AutoSearchTest::aRefusedLetterIsTold()
@@ -338,6 +390,11 @@ void AutoSearchTest::whatElseBeginsSoStandsBelowTheMatch()
     QCOMPARE(topRow(), 237);
     driver::press(Qt::Key_Down);
     QCOMPARE(topRow(), 237);
+    // Also where the list opens on a name that stands there.
+    driver::press(Qt::Key_Escape);
+    screen.combo.setText(u"Client 300"_s);
+    SelectTypedEntry(screen.combo);
+    QCOMPARE(topRow(), 300);
 }
 
 void AutoSearchTest::pastingSearchesToo()
@@ -460,11 +517,21 @@ void AutoSearchTest::aListOpensWhereTheUserComesToIt()
     QCOMPARE(screen.selected(), u"'Brien"_s);
     driver::press(Qt::Key_Escape);
 
-    // A click into the text, which stays open, and what a box above the screen leaves behind.
-    driver::press(Qt::Key_Tab);
-    QTest::mouseClick(screen.combo.lineEdit(), Qt::LeftButton);
-    QTRY_VERIFY(screen.isOpen());
-    driver::press(Qt::Key_Escape);
+    // A click into the text, which stays open and is typed over, also where the list is there before the click ends.
+    for (const bool isSlow : {false, true}) {
+        driver::press(Qt::Key_Tab);
+        QTest::mousePress(screen.combo.lineEdit(), Qt::LeftButton, {}, {30, 10});
+        if (isSlow)
+            QTRY_VERIFY(screen.isOpen());
+        else
+            QTest::mouseRelease(screen.combo.lineEdit(), Qt::LeftButton, {}, {30, 10});
+        QTRY_VERIFY(screen.isOpen());
+        QCOMPARE(screen.selected(), screen.text());
+        driver::press(Qt::Key_Escape);
+    }
+    QTest::mouseRelease(screen.combo.lineEdit(), Qt::LeftButton, {}, {30, 10});
+
+    // What a box above the screen leaves behind.
     {
         Screen above(u"above"_s);
         QVERIFY(driver::show(above));

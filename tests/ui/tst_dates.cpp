@@ -9,8 +9,12 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QClipboard>
+#include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -42,6 +46,8 @@ private slots:
     void typingBeginsAnewWhereverTheCaretStands_data();
     void typingBeginsAnewWhereverTheCaretStands();
     void whatIsNoDateIsNotSaved();
+    void whatTheMouseBringsIsTyped_data();
+    void whatTheMouseBringsIsTyped();
     void escapeDropsWhatIsTyped();
     void aCharacterStepsTheDay();
     void whatIsNoDateIsToldAndTheDateStays_data();
@@ -216,6 +222,71 @@ void DateTest::whatIsNoDateIsNotSaved()
     driver::type(u"31/6"_s);
     script.expectMessage(u"\"31/6\" is not a date!"_s);
     QVERIFY(hasRefusedDate(screen));
+    QToolTip::hideText();
+}
+
+void DateTest::whatTheMouseBringsIsTyped_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"Ctrl+V", "menu", "middle button", "composed"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void DateTest::whatTheMouseBringsIsTyped()
+{
+    QFETCH(QString, way);
+    DateScreen screen;
+    QVERIFY(driver::show(screen));
+    auto *line = screen.date.findChild<QLineEdit *>();
+    const auto choose = [&screen, line](const QString &entry) {
+        QTimer::singleShot(0, &screen, [entry] {
+            const auto actions = qobject_cast<QMenu *>(QApplication::activePopupWidget())->actions();
+            for (QAction *action : actions) {
+                if (action->text().startsWith(entry))
+                    action->trigger();
+            }
+            QApplication::activePopupWidget()->close();
+        });
+        const QPoint place = line->rect().center();
+        QContextMenuEvent wanted(QContextMenuEvent::Mouse, place, line->mapToGlobal(place));
+        QApplication::sendEvent(line, &wanted);
+    };
+    const auto bring = [&](const QString &text) {
+        QApplication::clipboard()->setText(text);
+        QApplication::clipboard()->setText(text, QClipboard::Selection);
+        if (way == u"Ctrl+V"_s) {
+            driver::press(Qt::Key_V, Qt::ControlModifier);
+        } else if (way == u"menu"_s) {
+            choose(u"&Paste"_s);
+        } else if (way == u"middle button"_s) {
+            QTest::mouseClick(line, Qt::MiddleButton, {}, line->rect().center());
+        } else {
+            QInputMethodEvent begun(text.left(1), {});
+            QApplication::sendEvent(&screen.date, &begun);
+            QInputMethodEvent composed;
+            composed.setCommitString(text);
+            QApplication::sendEvent(&screen.date, &composed);
+        }
+    };
+    bring(u"31-feb-2011"_s);
+    QCOMPARE(screen.shown(), u"31-feb-2011"_s);
+    QCOMPARE(screen.date.date(), QDate(2015, 6, 15));
+    QCOMPARE(screen.date.refused(), u"31-feb-2011"_s);
+    bring(u"28-feb-2011"_s);
+    QCOMPARE(screen.date.refused(), QString());
+    QCOMPARE(screen.date.date(), QDate(2011, 2, 28));
+    screen.next.setFocus();
+    QCOMPARE(screen.shown(), u"28-Feb-2011"_s);
+
+    // What the menu takes out of a date leaves it whole.
+    screen.date.setFocus();
+    driver::press(Qt::Key_F2);
+    choose(u"Cu&t"_s);
+    QCOMPARE(screen.shown(), u"28-Feb-2011"_s);
+    line->setSelection(1, 1);
+    driver::press(Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(screen.shown(), u"28-Feb-2011"_s);
+    QCOMPARE(screen.date.date(), QDate(2011, 2, 28));
     QToolTip::hideText();
 }
 

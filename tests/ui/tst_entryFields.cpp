@@ -3,6 +3,7 @@
 #include "support/testRegistry.h"
 #include "ui/Command.h"
 #include "ui/Screen.h"
+#include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
@@ -11,8 +12,13 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QSignalSpy>
+#include <QTextBlock>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -36,6 +42,18 @@ public:
 
 namespace {
 
+/// What is put into a field by another way than keys.
+void dropOn(QWidget &field, const QString &text)
+{
+    QMimeData data;
+    data.setText(text);
+    const QPointF place(2, field.height() / 2);
+    QDragEnterEvent entered(place.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &entered);
+    QDropEvent dropped(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &dropped);
+}
+
 QColor background(const QWidget &field)
 {
     return field.palette().color(QPalette::Base);
@@ -55,6 +73,9 @@ private slots:
     void amountsTakeDigitsAndOnePoint();
     void amountsReadWithTwoDecimals();
     void pastedLineBreaksBecomeBlanks();
+    void whatIsPastedIsTheNumberThatItNames_data();
+    void whatIsPastedIsTheNumberThatItNames();
+    void longTextsShowTheirBeginning();
     void whatIsComposedOrDroppedGoesTheWayOfKeys();
     void enterLeavesASingleLineAndNobodyHearsOfIt();
     void enterMakesANewLineInAMultiLineBox();
@@ -127,12 +148,6 @@ void EntryFieldsTest::amountsTakeDigitsAndOnePoint()
         driver::press(Qt::Key_Tab);
         QTEST(text(), "left");
     }
-    FieldScreen screen;
-    QVERIFY(driver::show(screen));
-    screen.amount.setFocus();
-    QApplication::clipboard()->setText(typed);
-    driver::press(Qt::Key_V, Qt::ControlModifier);
-    QTEST(screen.amount.Text(), "text");
 }
 
 void EntryFieldsTest::amountsReadWithTwoDecimals()
@@ -162,6 +177,103 @@ void EntryFieldsTest::pastedLineBreaksBecomeBlanks()
     QCOMPARE(screen.name.cursorPosition(), screen.name.Text().size());
 }
 
+void EntryFieldsTest::whatIsPastedIsTheNumberThatItNames_data()
+{
+    QTest::addColumn<QString>("pasted");
+    QTest::addColumn<QString>("over");
+    QTest::addColumn<QString>("before");
+    QTest::newRow("number") << u"7.5"_s << u"7.5"_s << u"12.50"_s;
+    QTest::newRow("whole number") << u"75"_s << u"75"_s << u"7512.50"_s;
+    QTest::newRow("grouped") << u"Rs. 1,500/-"_s << u"1500"_s << u"150012.50"_s;
+    QTest::newRow("words") << u"Sherwani"_s << u"12.50"_s << u"12.50"_s;
+    QTest::newRow("begins as before") << u"12 pieces"_s << u"12"_s << u"1212.50"_s;
+    QTest::newRow("two numbers") << u"100\n200"_s << u"12.50"_s << u"12.50"_s;
+    QTest::newRow("two points") << u"1.2.3"_s << u"12.50"_s << u"12.50"_s;
+    QTest::newRow("minus") << u"-5"_s << u"12.50"_s << u"12.50"_s;
+}
+
+void EntryFieldsTest::whatIsPastedIsTheNumberThatItNames()
+{
+    QFETCH(QString, pasted);
+    QFETCH(QString, over);
+    QFETCH(QString, before);
+    FieldScreen screen;
+    kvTextBox fees(u"txtFees"_s, 2);
+    kvTextBox quantity(u"txtQnt"_s, 2);
+    filterKeys(&fees, DecimalKeysOnly);
+    filterKeys(&quantity, DigitKeysOnly);
+    screen.form.addWidget(&fees);
+    screen.form.addWidget(&quantity);
+    screen.combo.setBoxType(1);
+    screen.lines.setBoxType(1);
+    QVERIFY(driver::show(screen));
+    QApplication::clipboard()->setText(pasted);
+    QToolTip::hideText();
+    for (kvTextBox *box : {&screen.amount, &fees}) {
+        box->setText(u"12.50"_s);
+        box->setFocus();
+        driver::press(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(box->Text(), over);
+        driver::press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(box->Text(), u"12.50"_s);
+        if (over == u"12.50"_s) {
+            QTRY_COMPARE(QToolTip::text(), u"\"%1\" is not a number that fits here."_s.arg(pasted.simplified()));
+            QCOMPARE(box->selectedText(), u"12.50"_s);
+            QToolTip::hideText();
+        }
+        driver::press(Qt::Key_Home);
+        std::unique_ptr<QMenu> menu(box->createStandardContextMenu());
+        for (QAction *action : menu->actions()) {
+            if (action->text().startsWith(u"&Paste"_s))
+                action->trigger();
+        }
+        QCOMPARE(box->Text(), before);
+        box->setText(u"12.50"_s);
+        dropOn(*box, pasted);
+        QCOMPARE(box->Text(), before);
+    }
+    quantity.setText(u"3"_s);
+    quantity.setFocus();
+    driver::press(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(quantity.Text(), over.contains(u'.') ? u"3"_s : over);
+    screen.combo.setText(u"12.50"_s);
+    screen.combo.setFocus();
+    driver::press(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(screen.combo.Text(), over);
+    screen.lines.setText(u"12.50"_s);
+    screen.lines.setFocus();
+    driver::press(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(screen.lines.Text(), over);
+    QToolTip::hideText();
+}
+
+void EntryFieldsTest::longTextsShowTheirBeginning()
+{
+    const QString text = QString(u"Rajendra Kumar Shekhawat, "_s).repeated(12);
+    FieldScreen screen;
+    screen.combo.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    screen.combo.addItem(text);
+    QVERIFY(driver::show(screen));
+    QLineEdit *const inCombo = screen.combo.lineEdit();
+    const auto set = [&] {
+        screen.name.setText(text);
+        screen.combo.setText(text);
+        return driver::leftmost(screen.name) < 2 && driver::leftmost(*inCombo) < 2;
+    };
+    screen.lines.setFocus();
+    QVERIFY2(set(), "set before they are entered");
+    for (QWidget *field : std::initializer_list<QWidget *>{&screen.name, &screen.combo}) {
+        field->setFocus();
+        auto *line = field == &screen.name ? &screen.name : inCombo;
+        QVERIFY2(driver::leftmost(*line) < 2, "entered");
+        QCOMPARE(line->selectedText(), text);
+        driver::press(Qt::Key_End);
+        QVERIFY(driver::leftmost(*line) > 2);
+        driver::press(Qt::Key_Tab);
+        QVERIFY2(driver::leftmost(*line) < 2, "left");
+    }
+}
+
 void EntryFieldsTest::whatIsComposedOrDroppedGoesTheWayOfKeys()
 {
     FieldScreen screen;
@@ -186,12 +298,20 @@ void EntryFieldsTest::whatIsComposedOrDroppedGoesTheWayOfKeys()
     compose(screen.amount, u".é"_s);
     QCOMPARE(screen.amount.Text(), u"1.5"_s);
     // By the middle button.
-    QApplication::clipboard()->setText(u"2x.7"_s, QClipboard::Selection);
+    QApplication::clipboard()->setText(u"Rs 2"_s, QClipboard::Selection);
     QTest::mouseClick(&screen.amount, Qt::MiddleButton, {}, QPoint(2, screen.amount.height() / 2));
-    QCOMPARE(screen.amount.Text(), u"2.715"_s);
+    QCOMPARE(screen.amount.Text(), u"21.5"_s);
+    compose(screen.amount, u"\U0001F44D"_s);
+    QCOMPARE(screen.amount.Text(), u"21.5"_s);
 
     compose(screen.lines, u"é"_s);
     QCOMPARE(screen.lines.Text(), u"é"_s);
+    // The next syllable begins as the one before ends.
+    QInputMethodEvent next(u"n"_s, {});
+    next.setCommitString(u"र"_s);
+    QApplication::sendEvent(&screen.lines, &next);
+    QCOMPARE(screen.lines.Text(), u"éर"_s);
+    QCOMPARE(screen.lines.document()->firstBlock().layout()->preeditAreaText(), u"n"_s);
 }
 
 void EntryFieldsTest::enterLeavesASingleLineAndNobodyHearsOfIt()

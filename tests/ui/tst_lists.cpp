@@ -3,6 +3,7 @@
 #include "support/testRegistry.h"
 #include "ui/ListView.h"
 #include "ui/Screen.h"
+#include "ui/userValues.h"
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>
@@ -35,6 +36,7 @@ private slots:
     void enterAndDoubleClickOpenARow();
     void columnsShareTheWidth();
     void aWidthGivenByHandStays();
+    void aColumnStaysWhereItWasDragged();
     void aFullShopIsOneReset();
 };
 
@@ -56,6 +58,8 @@ void ListTest::rowsCanBeChangedOneByOne()
     QVERIFY(!model.index(0, 1).data(Qt::UserRole).isValid());
     QCOMPARE(model.rowOfTag(8), 1);
     QCOMPARE(model.rowOfTag(9), -1);
+    QCOMPARE(model.rowOfText(1, u"5"_s), 1);
+    QCOMPARE(model.rowOfText(0, u"5"_s), -1);
     model.setTitle(0, u"Kind"_s);
     QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), u"Kind"_s);
     model.clear();
@@ -144,6 +148,39 @@ void ListTest::aWidthGivenByHandStays()
         QTRY_COMPARE(header.length(), screen.list.viewport()->width());
         QCOMPARE(header.sectionSize(0), width);
     }
+}
+
+void ListTest::aColumnStaysWhereItWasDragged()
+{
+    const TestShop shop;
+    const auto heads = [](const ListScreen &screen) {
+        QStringList titles;
+        for (int place = 0; place < 3; ++place)
+            titles +=
+                screen.list.list().columns().at(static_cast<size_t>(screen.list.header()->logicalIndex(place))).title;
+        return titles.join(u' ');
+    };
+    for (const QString &expected : {u"Item Remark Amount"_s, u"Remark Amount Item"_s, u"Remark Amount Item"_s}) {
+        ListScreen screen;
+        QVERIFY(driver::show(screen));
+        QCOMPARE(heads(screen), expected);
+        QHeaderView &header = *screen.list.header();
+        QCOMPARE(header.length(), screen.list.viewport()->width());
+        if (header.visualIndex(0) > 0)
+            continue;
+        const auto middle = [&header](int column) {
+            return QPoint(header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2);
+        };
+        QTest::mousePress(header.viewport(), Qt::LeftButton, {}, middle(0));
+        QTest::mouseMove(header.viewport(), middle(1));
+        QTest::mouseMove(header.viewport(), middle(2) + QPoint(20, 0));
+        QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, middle(2) + QPoint(20, 0));
+    }
+    // Of a list with fewer columns.
+    userValues().setValue(u"Lists/ListScreen.lvSummary.order"_s, QVariantList{1, 0});
+    ListScreen screen;
+    QVERIFY(driver::show(screen));
+    QCOMPARE(heads(screen), u"Item Remark Amount"_s);
 }
 
 void ListTest::aFullShopIsOneReset()

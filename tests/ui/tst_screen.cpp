@@ -1,5 +1,8 @@
 #include "base/RuntimeError.h"
+#include "base/session.h"
+#include "store/DataEnvironment.h"
 #include "support/ModalScript.h"
+#include "support/TestShop.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/Application.h"
@@ -75,6 +78,7 @@ private slots:
     void keysOfTheScreenComeFirstAndOnce();
     void escapeClosesFromAnyControl();
     void activationComesOnceForEachComingToTheFront();
+    void whatAnotherProgramWroteIsNoticedOnComingBack();
     void aScreenMayCloseItselfWhenActivated();
     void noScreenIsLargerThanItsMonitor_data();
     void noScreenIsLargerThanItsMonitor();
@@ -216,6 +220,36 @@ void ScreenTest::activationComesOnceForEachComingToTheFront()
     lower.exec();
     QCOMPARE(Screen::front(), nullptr);
     QCOMPARE(lower.activations, 3);
+}
+
+void ScreenTest::whatAnotherProgramWroteIsNoticedOnComingBack()
+{
+    const TestShop shop;
+    Connection other;
+    other.open(shop.path());
+    EntryScreen screen;
+    QWidget otherProgram;
+    QVERIFY(driver::show(screen));
+    session::NeedRefresh = false;
+    for (const bool writes : {true, false}) {
+        QVERIFY(driver::show(otherProgram));
+        const quint64 before = DE().CN.otherWrites();
+        if (writes)
+            other.execute(u"Insert into rank (NAME, Score, Rating) values ('Asha', 1, 1)"_s);
+        screen.activateWindow();
+        QVERIFY(driver::waitActive(screen));
+        QCOMPARE(DE().CN.otherWrites() > before, writes);
+        QCOMPARE(session::NeedRefresh, writes);
+        QCOMPARE(screen.activations, 1);
+        session::NeedRefresh = false;
+    }
+    // A write that a statement has noticed meanwhile is no secret to the lists.
+    other.execute(u"Delete from rank"_s);
+    DE().CN.execute(u"Delete from rank"_s);
+    ModalScript script;
+    script.expectMessage(u"Done"_s);
+    ShowMessage(u"Done"_s);
+    QVERIFY(session::NeedRefresh);
 }
 
 void ScreenTest::aScreenMayCloseItselfWhenActivated()

@@ -1,10 +1,15 @@
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
+#include "ui/DateField.h"
+#include "ui/kvComboBox.h"
+#include "ui/kvTextBox.h"
+#include "ui/kvTextBoxMultiLine.h"
 #include "ui/signs.h"
 #include "ui/theme.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
 #include <QRadioButton>
@@ -79,6 +84,7 @@ private slots:
     void textsStandOutFromTheirGround_data();
     void textsStandOutFromTheirGround();
     void rulesOfTheSheetKeepTheContrast();
+    void fieldsAreReadWithTheFocusAndWithout();
     void boxesAndRingsAreSeen();
     void signsDifferInShape();
     void starsCountAndStaySharp();
@@ -130,10 +136,13 @@ void ThemeTest::rulesOfTheSheetKeepTheContrast()
         if (selector.contains(u":disabled"_s))
             continue;
         const auto on = ground.match(match.captured(2));
-        const auto ink = text.match(match.captured(2));
-        if (on.hasMatch() && ink.hasMatch()) {
+        if (const auto ink = text.match(match.captured(2)); ink.hasMatch()) {
             ++texts;
-            QVERIFY2(contrast(QColor(ink.captured(1)), QColor(on.captured(1))) >= enoughForText, qPrintable(selector));
+            // Without a ground of its own it stands on that of the screen.
+            const QColor window = QApplication::palette().color(QPalette::Window);
+            QVERIFY2(
+                contrast(QColor(ink.captured(1)), on.hasMatch() ? QColor(on.captured(1)) : window) >= enoughForText,
+                qPrintable(selector));
         }
         if (selector.contains(u":focus"_s)) {
             ++rings;
@@ -142,7 +151,30 @@ void ThemeTest::rulesOfTheSheetKeepTheContrast()
                 qPrintable(selector));
         }
     }
-    QVERIFY(texts >= 4 && rings >= 3);
+    QVERIFY(texts >= 6 && rings >= 3);
+}
+
+void ThemeTest::fieldsAreReadWithTheFocusAndWithout()
+{
+    QWidget window;
+    QVBoxLayout form(&window);
+    kvTextBox name;
+    kvTextBoxMultiLine lines;
+    kvComboBox combo;
+    DateField date;
+    const QList<QWidget *> fields{&name, &lines, &combo, &date};
+    for (QWidget *field : fields)
+        form.addWidget(field);
+    QVERIFY(driver::show(window));
+    for (QWidget *entered : fields) {
+        entered->setFocus();
+        for (const QWidget *field : fields) {
+            const auto *line = field->findChild<QLineEdit *>();
+            const QPalette colours = (line ? line : field)->palette();
+            const bool isRead = contrast(colours.color(QPalette::Text), colours.color(QPalette::Base)) >= enoughForText;
+            QVERIFY2(isRead, field->metaObject()->className());
+        }
+    }
 }
 
 void ThemeTest::boxesAndRingsAreSeen()

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+
+class ListView;
+class QLabel;
+class QLineEdit;
+
+/// Finds a text in a list, in any column and in any case: a field at the list's lower edge, which comes when it is
+/// asked for. While one types, the first line that has the text becomes current, from the one on that was current
+/// before; Enter and Down go on to the next, Up and Shift+Enter back, round the ends.
+class ListFinder : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ListFinder(ListView &list);
+
+    /// Shows the field, with what was sought last selected, and gives it the focus.
+    void open();
+    /// The list has the focus again, on the line found.
+    void leave();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void search(int from, int step);
+    void place();
+    [[nodiscard]] bool holds(int row, const QString &text) const;
+
+    ListView &m_list;
+    QLineEdit *m_text;
+    QLabel *m_told;
+    /// Where the search began.
+    int m_start = 0;
+};

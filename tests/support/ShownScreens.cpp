@@ -1,0 +1,139 @@
+#include "support/ShownScreens.h"
+
+#include "ui/NameLabel.h"
+#include "ui/Screen.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStyle>
+#include <QStyleOptionButton>
+
+namespace {
+
+/// A part of a control, which the control speaks for.
+bool isPart(const QWidget &widget)
+{
+    const QWidget *const parent = widget.parentWidget();
+    if (!parent || parent->isWindow())
+        return false;
+    // What a screen or a list of fields scrolls is no part of the scrolling.
+    const auto *area = qobject_cast<const QScrollArea *>(parent->parentWidget());
+    if (area && area->widget() == &widget)
+        return false;
+    return widget.objectName().startsWith(QLatin1String("qt_")) || qobject_cast<const QComboBox *>(parent)
+        || qobject_cast<const QAbstractSpinBox *>(parent) || qobject_cast<const QCalendarWidget *>(parent)
+        || parent->inherits("QAbstractScrollArea") || isPart(*parent);
+}
+
+bool isSpokenOf(const QWidget &widget)
+{
+    // What can't have the focus is still read.
+    const bool isField = qobject_cast<const QLineEdit *>(&widget) || qobject_cast<const QPlainTextEdit *>(&widget);
+    return (widget.focusPolicy() != Qt::NoFocus || isField) && !widget.focusProxy() && !isPart(widget);
+}
+
+bool isNameless(QWidget &widget)
+{
+    const QAccessibleInterface *const spoken = QAccessible::queryAccessibleInterface(&widget);
+    return !spoken || spoken->text(QAccessible::Name).trimmed().isEmpty();
+}
+
+/// The room that the look leaves to a button's caption is less than it takes as the default command, in bold.
+bool isCut(const QPushButton &button)
+{
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    const QRect room = button.style()->subElementRect(QStyle::SE_PushButtonContents, &option, &button);
+    QFont font = button.font();
+    font.setBold(button.isDefault() || font.bold());
+    const QSize caption = QFontMetrics(font).size(Qt::TextShowMnemonic, button.text());
+    return !button.text().isEmpty() && (room.width() < caption.width() || button.height() < caption.height());
+}
+
+bool isCut(const QWidget &widget)
+{
+    if (const auto *button = qobject_cast<const QPushButton *>(&widget))
+        return isCut(*button);
+    const auto *label = qobject_cast<const QLabel *>(&widget);
+    const bool isCaption = qobject_cast<const QAbstractButton *>(&widget) || (label && !label->text().isEmpty());
+    // A name gives way by design, and shows itself whole in a tip; a message measures itself and scrolls.
+    const bool isOther = qobject_cast<const NameLabel *>(&widget) || widget.objectName() == QLatin1String("lblMsg");
+    if (!isCaption || isOther || isPart(widget))
+        return false;
+    if (label && label->wordWrap())
+        return widget.height() < label->heightForWidth(widget.width());
+    const QSize least = widget.minimumSizeHint();
+    return widget.width() < least.width() || widget.height() < least.height();
+}
+
+void warn(const Screen &screen, const char *what, const QWidget &widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(&widget);
+    qWarning("%s %s %s %s %s", qPrintable(screen.objectName()), what, widget.metaObject()->className(),
+        qPrintable(widget.objectName()), label ? qPrintable(label->text()) : "");
+}
+
+void lookAtKeys(const Screen &screen)
+{
+    const auto &keys = screen.keys();
+    for (auto key = keys.begin(); key != keys.end(); ++key) {
+        const bool isTwice = !key->applies && std::any_of(keys.begin(), key, [key](const Screen::Key &other) {
+            return other.key == key->key && !other.applies;
+        });
+        if (isTwice || key->what.isEmpty())
+            qWarning("%s has a key for nothing or two things: %s", qPrintable(screen.objectName()),
+                qPrintable(QKeySequence(key->key).toString()));
+    }
+}
+
+} // namespace
+
+bool ShownScreens::eventFilter(QObject *watched, QEvent *event)
+{
+    if (!watched->isWidgetType())
+        return false;
+    const auto &widget = static_cast<const QWidget &>(*watched);
+    auto *screen = qobject_cast<Screen *>(widget.window());
+    if (!screen || screen->objectName().endsWith(QLatin1String("Screen")))
+        return false;
+    if (event->type() == QEvent::Paint && isCut(widget))
+        warn(*screen, "cuts", widget);
+    if (&widget == screen && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
+        lookAt(*screen);
+    return false;
+}
+
+void ShownScreens::lookAt(const Screen &screen)
+{
+    m_seen.insert(screen.objectName());
+    lookAtKeys(screen);
+    const auto widgets = screen.findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+        if (widget->window() != &screen)
+            continue;
+        // A screen reader goes on from a combo to the text in it.
+        const auto *combo = qobject_cast<const QComboBox *>(widget);
+        const bool isSilent = isNameless(*widget) || (combo && combo->lineEdit() && isNameless(*combo->lineEdit()));
+        if (isSpokenOf(*widget) && isSilent)
+            warn(screen, "has no name for", *widget);
+    }
+}
+
+QStringList ShownScreens::missing(const QStringList &screens) const
+{
+    QStringList never;
+    for (const QString &name : screens) {
+        if (!m_seen.contains(name))
+            never += name;
+    }
+    return never;
+}
