@@ -10,6 +10,7 @@
 #include "base/values.h"
 #include "comms/kvSMS.h"
 #include "comms/modSMS.h"
+#include "reports/ReportPreview.h"
 #include "store/codes.h"
 #include "store/lookups.h"
 #include "store/settings.h"
@@ -222,14 +223,8 @@ void frmAccountBook::openRow(const ListRow &row)
 {
     if (!requireAccount())
         return;
-    const int place = lvSummary->currentRow();
-    const auto document = DocumentTag::of(row.tag.toString());
-    if (!document || !openDocument(*document))
-        return;
-    ExecuteSQL();
-    // A card with an advance has two lines in its client's statement.
-    if (const ListModel &list = lvSummary->list(); place < list.rowCount() && list.tag(place) == row.tag)
-        lvSummary->setCurrentRow(place);
+    if (const auto document = DocumentTag::of(row.tag.toString()); document && openDocument(*document))
+        ExecuteSQL();
 }
 
 void frmAccountBook::addEntry()
@@ -264,5 +259,8 @@ void frmAccountBook::print()
     if (hasRefusedDate(*m_period))
         return;
     const bool withRemark = AskUser(u"Print Account Statement with Remark?"_s) == 1;
-    printStatement(lvSummary->list(), m_statement, cmbAccount->Text(), m_period->from(), m_period->to(), withRemark);
+    const auto pages = printStatement(
+        lvSummary->list(), m_statement, cmbAccount->Text(), m_period->from(), m_period->to(), withRemark);
+    if (pages)
+        ReportPreview(*pages).exec();
 }
