@@ -14,12 +14,18 @@ namespace bench {
 /// REQUIRES: the user has chosen a database before, and `session::ProgramFolder` is the shop's.
 [[nodiscard]] std::vector<Case> startCases();
 
+/// The books. Cash gets as many lines as the other accounts together. REQUIRES: an Application.
+[[nodiscard]] std::vector<Case> bookCases();
+/// Shows the statement of cash and calls `shown`.
+void showCash(const std::function<void()> &shown);
+
 /// What is done at the counter. REQUIRES: an Application. The printed card takes rows from others, so it comes last.
 [[nodiscard]] std::vector<Case> counterCases();
 
 /// Most memory that the program has held, in MiB, measured in a process of its own that opened the main screen and
 /// above it, for "all", a list of all item rows, scrolled to its end, and the large card; for "statement" the list of a
-/// long account and the preview of what is printed of it. REQUIRES: as `startCases`.
+/// long account and the preview of what is printed of it, for "cash" the statement of cash on its screen. REQUIRES: as
+/// `startCases`.
 [[nodiscard]] double peakMemory(const QString &task);
 
 /// Whether this process was started for one of `startCases` or `peakMemory`; it is to return `runAsChild` then.

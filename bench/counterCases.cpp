@@ -6,6 +6,7 @@
 #include "jobcards/MODPrintJOBCARD.h"
 #include "masters/MasterList.h"
 #include "masters/frmSearchClient.h"
+#include "paper.h"
 #include "reports/ReportFlow.h"
 #include "reports/rptJOBCARD.h"
 #include "statement.h"
@@ -15,9 +16,7 @@
 #include "ui/kvTextBox.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QListView>
-#include <QPainter>
 #include <QPdfWriter>
 #include <QStringListModel>
 
@@ -110,21 +109,6 @@ Case searchKey()
 
 constexpr int longCard = fullShop::largeCard - 1;
 constexpr int longCardRows = 200;
-constexpr int pdfResolution = 1200;
-constexpr double twipsPerInch = 1440;
-
-/// Writes a PDF by `paint` into memory.
-template <typename Paint>
-void writePdf(const QPageLayout &layout, const Paint &paint)
-{
-    QByteArray file;
-    QBuffer buffer(&file);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setResolution(pdfResolution);
-    writer.setPageLayout(layout);
-    paint(writer);
-}
 
 /// The long card as it is printed.
 ReportPages longCardPages()
@@ -134,23 +118,6 @@ ReportPages longCardPages()
     cards.open(
         u"SHAPE {SELECT * FROM tmpHead} APPEND ({SELECT * FROM tmpBody order by id} AS Body RELATE JOBID to JOBID)"_s);
     return layOut(rptJOBCARD(), cards).value();
-}
-
-void paintByHand(QPdfWriter &writer, const std::vector<ReportPages::Page> &pages)
-{
-    QPainter painter(&writer);
-    painter.scale(writer.logicalDpiX() / twipsPerInch, writer.logicalDpiY() / twipsPerInch);
-    for (size_t index = 0; index < pages.size(); ++index) {
-        if (index > 0)
-            writer.newPage();
-        for (const ReportPages::Item &item : pages[index]) {
-            if (item.kind != ReportPages::Item::Kind::Text)
-                continue;
-            painter.setPen(item.ink);
-            painter.setFont(item.font);
-            painter.drawText(item.place, static_cast<int>(item.alignment), item.text);
-        }
-    }
 }
 
 Case printCard()
@@ -163,7 +130,8 @@ Case printCard()
         int pages = 0;
         printer::replace([&pages](const printer::Job &job) {
             pages = job.pageCount;
-            writePdf(job.layout, [&job](QPdfWriter &writer) { static_cast<void>(job.draw(writer, 1, job.pageCount)); });
+            paper::writePdf(
+                job.layout, [&job](QPdfWriter &writer) { static_cast<void>(job.draw(writer, 1, job.pageCount)); });
             return printer::Outcome::Printed;
         });
         const Run run = timed([&pages] {
@@ -173,14 +141,11 @@ Case printCard()
         printer::replace({});
         return run;
     };
-    const ReportPages sheets = longCardPages();
-    const auto made = std::make_shared<std::vector<ReportPages::Page>>();
-    for (int index = 0; index < sheets.count(); ++index)
-        made->push_back(sheets.page(index));
-    work.byHand = [made, layout = sheets.pageLayout()] {
-        return timed([&] {
-            writePdf(layout, [&made](QPdfWriter &writer) { paintByHand(writer, *made); });
-            return made->size();
+    const auto made = std::make_shared<paper::Texts>(longCardPages());
+    work.byHand = [made] {
+        return timed([&made] {
+            made->writePdf();
+            return made->pageCount();
         });
     };
     return work;

@@ -19,6 +19,7 @@ using namespace fullShop;
 
 constexpr int days = 2000;
 constexpr int openCards = 600;
+constexpr int highestVoucher = 32'767;
 constexpr int accountsOfEveryShop = firstWorkerID - 1;
 constexpr int sales = 2;
 constexpr int cash = 4;
@@ -52,6 +53,8 @@ public:
         byHand::Statement("begin").run();
         addItems();
         addAccounts();
+        // A payroll takes its number from the row of the last voucher, and both are bounded.
+        addVoucher(highestVoucher - 1);
         for (int card = 1; card <= cardCount; ++card)
             addCard(card);
         addVouchers();
@@ -72,6 +75,7 @@ private:
     void addLegs(int document, VoucherType type, int serial, QDate day, const char *particulars, int account,
         int otherSide, double amount);
     void addVouchers();
+    void addVoucher(int pair);
     std::string measurements(const Item &item);
 
     std::mt19937 m_random{20110930};
@@ -195,16 +199,21 @@ void Filler::addLegs(int document, VoucherType type, int serial, QDate day, cons
 
 void Filler::addVouchers()
 {
-    constexpr int highestNumber = 32'767;
     constexpr int pairs = (postingCount - 4 * cardCount) / 2;
     for (int pair = 0; pair < pairs; ++pair) {
-        // The numbers do not suffice for all: the first vouchers have two pairs of legs.
-        const int number = pair < highestNumber ? pair + 1 : pair - highestNumber + 1;
-        const int serial = pair < highestNumber ? 1 : 3;
-        const QDate day = lastDay.addDays(-days + static_cast<int>(qint64(number) * days / highestNumber));
-        const int client = pick(firstClientID, firstClientID + clientCount - 1);
-        addLegs(number, Voucher, serial, day, "Receipt", client, cash, pick(1, 60) * 50 + 0.25);
+        if (pair != highestVoucher - 1)
+            addVoucher(pair);
     }
+}
+
+void Filler::addVoucher(int pair)
+{
+    // The numbers do not suffice for all: the first vouchers have two pairs of legs.
+    const int number = pair < highestVoucher ? pair + 1 : pair - highestVoucher + 1;
+    const int serial = pair < highestVoucher ? 1 : 3;
+    const QDate day = lastDay.addDays(-days + static_cast<int>(qint64(number) * days / highestVoucher));
+    const int client = pick(firstClientID, firstClientID + clientCount - 1);
+    addLegs(number, Voucher, serial, day, "Receipt", client, cash, pick(1, 60) * 50 + 0.25);
 }
 
 } // namespace

@@ -36,8 +36,8 @@ bool runAll()
 {
     bool good = true;
     bench::printHead();
-    for (const auto &group :
-        {bench::storeCases, bench::screenCases, bench::registerCases, bench::startCases, bench::counterCases}) {
+    for (const auto &group : {bench::storeCases, bench::screenCases, bench::registerCases, bench::startCases,
+             bench::bookCases, bench::counterCases}) {
         for (const bench::Case &work : group()) {
             if (isWanted(work.what))
                 good = bench::measure(work) && good;
@@ -52,6 +52,9 @@ bool runAll()
     const QString printing = u"memory at most, with a statement's list and preview"_s;
     if (isWanted(printing))
         good = bench::weigh(printing, bench::peakMemory(u"statement"_s), 150, u"MiB"_s) && good;
+    const QString cash = u"memory at most, with the statement of cash"_s;
+    if (isWanted(cash))
+        good = bench::weigh(cash, bench::peakMemory(u"cash"_s), 120, u"MiB"_s) && good;
     return good;
 }
 

@@ -1,4 +1,5 @@
 #include "PaintWatch.h"
+#include "accounts/frmTransiction.h"
 #include "byHand.h"
 #include "cases.h"
 #include "fullShop.h"
@@ -144,16 +145,24 @@ void openAssignment()
     frmEditWorkerAssign().ShowEdit(fullShop::itemRowCount);
 }
 
+void openVoucher()
+{
+    bool changed = false;
+    frmTransiction().ShowEdit(1, changed);
+}
+
 } // namespace
 
 std::vector<Case> screenCases()
 {
     Case assignment = opening<frmEditWorkerAssign>(
         u"open the assignment of the last item row"_s, 5.0, u"frmEditWorkerAssign"_s, openAssignment);
-    assignment.most = std::chrono::milliseconds(50);
+    Case voucher = opening<frmTransiction>(u"open a voucher"_s, 2.0, u"frmTransiction"_s, openVoucher);
+    for (Case *work : {&assignment, &voucher})
+        work->most = std::chrono::milliseconds(50);
     return {fillList(),
         opening<frmEditJOB>(u"open the job card screen on a card of 20 rows"_s, 5.0, u"frmEditJOB"_s, openCard),
-        assignment};
+        assignment, voucher};
 }
 
 } // namespace bench

@@ -141,6 +141,12 @@ void showPrint(QApplication &application, const QString &folder)
         u"frmMain"_s, [](QWidget &) { showRegister(std::vector<ListColumn>(7), statement::fill, showStatement); });
 }
 
+void showBook(QApplication &application, const QString &folder)
+{
+    startProgram(application, folder);
+    static const PaintWatch watch(u"frmMain"_s, [](QWidget &) { showCash([] { tell(mostMemory()); }); });
+}
+
 Case startProgramCase()
 {
     Case work{u"start of the process to the main screen painted"_s, 3.0};
@@ -179,6 +185,8 @@ int runAsChild(int count, char **arguments)
         showMain(application, folder);
     else if (task == "all")
         showAll(application, folder);
+    else if (task == "cash")
+        showBook(application, folder);
     else
         showPrint(application, folder);
     return Application::exec();

@@ -20,7 +20,7 @@ using faults::Kind;
 
 namespace {
 
-constexpr int courseLength = 38;
+constexpr int courseLength = 48;
 
 struct Wanted {
     quint64 seed = 1;

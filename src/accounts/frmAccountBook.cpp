@@ -10,6 +10,7 @@
 #include "base/values.h"
 #include "comms/kvSMS.h"
 #include "comms/modSMS.h"
+#include "reports/ReportPreview.h"
 #include "store/codes.h"
 #include "store/lookups.h"
 #include "store/settings.h"
@@ -167,9 +168,9 @@ void frmAccountBook::connectCommands()
 
 void frmAccountBook::ShowAccount(const QString &title)
 {
+    lvSummary->setFocus();
     cmbAccount->setText(title);
     ExecuteSQL();
-    lvSummary->setFocus();
     exec();
 }
 
@@ -185,7 +186,7 @@ void frmAccountBook::ExecuteSQL()
     const bool isChosen = SelectComboEntry(*cmbAccount) >= 0;
     if (const auto account = isChosen ? findAccountID(cmbAccount->Text()) : std::nullopt)
         m_statement = AccountStatement::of(*account, m_period->from(), m_period->to());
-    showRows(std::move(m_statement.rows), Keep::Tag);
+    showRows(std::move(m_statement.rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
     showSums();
 }
 
@@ -255,6 +256,11 @@ void frmAccountBook::sendDue()
 
 void frmAccountBook::print()
 {
+    if (hasRefusedDate(*m_period))
+        return;
     const bool withRemark = AskUser(u"Print Account Statement with Remark?"_s) == 1;
-    printStatement(lvSummary->list(), m_statement, cmbAccount->Text(), m_period->from(), m_period->to(), withRemark);
+    const auto pages = printStatement(
+        lvSummary->list(), m_statement, cmbAccount->Text(), m_period->from(), m_period->to(), withRemark);
+    if (pages)
+        ReportPreview(*pages).exec();
 }

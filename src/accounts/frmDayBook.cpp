@@ -47,8 +47,8 @@ void frmDayBook::buildForm()
     cmdView = new Command(u"cmdView"_s, u"&View"_s);
     cmdView->setDefault(true);
     lvSummary = new ListView(u"lvSummary"_s,
-        {{u"Date"_s, 12}, {u"VC #"_s, 8, true}, {u"Voucher"_s, 11}, {u"Particulars"_s, 28}, {u"Amount"_s, 13, true},
-            {u"Remark"_s, 28}});
+        {{u"Date"_s, 14}, {u"VC #"_s, 8, true}, {u"Voucher"_s, 11}, {u"Particulars"_s, 27}, {u"Amount"_s, 13, true},
+            {u"Remark"_s, 27}});
     lvSummary->setAccessibleName(windowTitle());
     setRegister(lvSummary);
     auto *head = new QHBoxLayout;

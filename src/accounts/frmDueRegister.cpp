@@ -43,7 +43,7 @@ void frmDueRegister::ExcuteSQl()
         rows.push_back({.cells = {clients.text(u"Title"), Money(-balance.toDouble())}, .tag = id});
     }
     clients.close();
-    lblTotal->setText(u"%1 clients owe %2"_s.arg(rows.size()).arg(Money(-total.toDouble())));
+    lblTotal->setText(u"Clients : %1    Total Due : %2"_s.arg(rows.size()).arg(Money(-total.toDouble())));
     showRows(std::move(rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
 }
 

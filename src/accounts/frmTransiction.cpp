@@ -28,9 +28,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int accountLetters = 34;
-constexpr int remarkHeight = 96;
-/// What the journal's column holds.
-constexpr double highestAmount = 922'337'203'685'477.0;
+constexpr int kindLetters = 10;
 
 /// A word beside an account, as wide as the widest of them.
 QLabel *sideLabel(const QString &name)
@@ -42,6 +40,18 @@ QLabel *sideLabel(const QString &name)
     label->setFont(strong);
     label->setMinimumWidth(QFontMetrics(strong).horizontalAdvance(u"MM"_s));
     return label;
+}
+
+/// A box that the screen alone fills, in the look of what can't be typed in.
+kvTextBox *shownBox(const QString &name, int type)
+{
+    auto *box = new kvTextBox(name, type);
+    box->setReadOnly(true);
+    box->setFocusPolicy(Qt::NoFocus);
+    QPalette quiet = box->palette();
+    quiet.setColor(QPalette::Base, quiet.color(QPalette::Window));
+    box->setPalette(quiet);
+    return box;
 }
 
 } // namespace
@@ -56,31 +66,33 @@ frmTransiction::frmTransiction() : Screen(u"frmTransiction"_s, u"Entry"_s)
 void frmTransiction::buildForm()
 {
     txtRemark = new kvTextBoxMultiLine(u"txtRemark"_s);
-    txtRemark->setFixedHeight(remarkHeight);
-    auto *remark = new QGridLayout;
-    remark->addWidget(captionOf(txtRemark, u"&Remark"_s), 0, 0);
-    remark->addWidget(txtRemark, 1, 0);
-
     auto *whole = new QVBoxLayout(this);
     whole->addLayout(buildHead());
+    whole->addSpacing(12);
     whole->addLayout(buildSides());
-    whole->addLayout(remark);
+    whole->addSpacing(12);
+    whole->addWidget(captionOf(txtRemark, u"&Remark"_s), 0, Qt::AlignLeft);
+    whole->addWidget(txtRemark, 1);
     whole->addLayout(buildCommands());
-    resize(760, 420);
+    resize(760, 390);
+    // It can't be changed here, but it is to be read. In its place: on the way there a combo loses its colours.
+    QPalette readable = cmbAccount->palette();
+    readable.setColor(QPalette::Disabled, QPalette::Text, readable.color(QPalette::Active, QPalette::Text));
+    cmbAccount->setPalette(readable);
 
-    chainTabs({VcDate, cmbParticulars, cmbRefAcc, txtAmount, txtRemark, cmdSave, cmdPrint, cmdDelete, cmdDetails,
-        cmdCancel, txtVID, txtAmount2});
+    chainTabs(
+        {VcDate, cmbParticulars, cmbRefAcc, txtAmount, txtRemark, cmdSave, cmdPrint, cmdDelete, cmdDetails, cmdCancel});
 }
 
 QLayout *frmTransiction::buildHead()
 {
-    txtVID = new kvTextBox(u"txtVID"_s, boxType::Plain);
-    txtVID->setReadOnly(true);
+    txtVID = shownBox(u"txtVID"_s, boxType::Plain);
     txtVID->setMaximumWidth(100);
     VcDate = new DateField(u"VcDate"_s);
     cmbParticulars = new kvComboBox(u"cmbParticulars"_s);
     installAutoSearch(cmbParticulars);
     openListOnFocus(*cmbParticulars);
+    cmbParticulars->setMinimumContentsLength(kindLetters);
     setComboEntries(*cmbParticulars, voucherKinds::names());
     auto *row = new QHBoxLayout;
     row->addWidget(captionOf(txtVID, u"Voucher #"_s));
@@ -103,8 +115,7 @@ QLayout *frmTransiction::buildSides()
     nameAloud(cmbAccount, u"Main account"_s);
     nameAloud(cmbRefAcc, u"Other account"_s);
     txtAmount = new kvTextBox(u"txtAmount"_s, boxType::Amount);
-    txtAmount2 = new kvTextBox(u"txtAmount2"_s, boxType::Amount);
-    txtAmount2->setReadOnly(true);
+    txtAmount2 = shownBox(u"txtAmount2"_s, boxType::Amount);
     nameAloud(txtAmount2, u"Amount of the other account"_s);
     lblMain = sideLabel(u"lblMain"_s);
     lblMainType = sideLabel(u"lblMainType"_s);
@@ -167,13 +178,21 @@ void frmTransiction::fillAccounts()
     fillWithTitles(*cmbAccount, {});
 }
 
+void frmTransiction::setMode(const QString &mode)
+{
+    EditMode = mode;
+    const bool isStored = mode == u"E"_s;
+    setWindowTitle(isStored ? u"Edit Entry"_s : u"Add New Entry"_s);
+    cmdDelete->setEnabled(isStored);
+    cmdPrint->setEnabled(isStored);
+}
+
 void frmTransiction::ShowAddNew(const QString &accountTitle, bool &changed)
 {
     fillAccounts();
     VoucherID = vouchers::GetNewNum();
     txtVID->setText(QString::number(VoucherID));
-    setWindowTitle(u"Add New Entry"_s);
-    EditMode = u"N"_s;
+    setMode(u"N"_s);
     EntryChanged = false;
     MainAccountTitle = accountTitle;
     VcDate->setDate(session::CurrentDate);
@@ -188,8 +207,7 @@ void frmTransiction::ShowEdit(qint32 number, bool &changed)
     EntryChanged = false;
     fillAccounts();
     VoucherID = number;
-    setWindowTitle(u"Edit Entry"_s);
-    EditMode = u"E"_s;
+    setMode(u"E"_s);
     const auto stored = vouchers::read(number);
     // Another program may have deleted it: the list that it was opened from is to see that.
     changed = !stored;
@@ -238,7 +256,7 @@ bool frmTransiction::isPayable()
         complain(u"Please enter amount!"_s, txtAmount);
         return false;
     }
-    if (amount > highestAmount) {
+    if (amount > largestAmount) {
         complain(u"Amount is too high!"_s, txtAmount);
         return false;
     }
@@ -264,8 +282,7 @@ void frmTransiction::save()
         .amount = txtAmount->Text()};
     if (EditMode == u"N"_s) {
         vouchers::SaveNew(voucher);
-        EditMode = u"E"_s;
-        setWindowTitle(u"Edit Entry"_s);
+        setMode(u"E"_s);
         EntryChanged = true;
         return ShowMessage(u"New Entry saved."_s);
     }

@@ -29,6 +29,7 @@ private:
     [[nodiscard]] QLayout *buildCommands();
     void connectCommands();
     void fillAccounts();
+    void setMode(const QString &mode);
     void showLabels();
     [[nodiscard]] bool isPayable();
 

@@ -210,7 +210,7 @@ void frmWorkerWagesRegister::tellWhatAPayrollPosts()
     if (!ViewIsUnpaid || rows.empty())
         return lblPayroll->clear();
     lblPayroll->setText(
-        u"A payroll pays these %1 jobs. Their wages come to %2; it posts %3, the last one's."_s.arg(rows.size())
+        u"Jobs to pay : %1    Their wages : %2    The payroll posts the last one's : %3"_s.arg(rows.size())
             .arg(rows.back().cells.at(wagesList::Balance), rows.back().cells.at(wagesList::Wages)));
 }
 
@@ -223,7 +223,11 @@ void frmWorkerWagesRegister::createPayroll()
 {
     if (!ViewIsUnpaid)
         return ShowMessage(u"Select Unpaid jobs only!"_s);
-    if (!m_period->isUsable() || !requireEntry(*cmbClient, u"Please select Worker!"_s))
+    if (hasRefusedDate(*m_period))
+        return;
+    if (m_period->from() > m_period->to())
+        return complain(u"Invalid date selection!"_s, m_period->fields().constLast());
+    if (!requireEntry(*cmbClient, u"Please select Worker!"_s))
         return;
     const std::vector<ListRow> &rows = lvSummary->list().rows();
     if (rows.empty())

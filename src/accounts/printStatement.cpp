@@ -5,7 +5,6 @@
 #include "base/session.h"
 #include "base/values.h"
 #include "reports/ReportFlow.h"
-#include "reports/ReportPreview.h"
 #include "reports/rptAccountsBooks.h"
 #include "reports/scratch.h"
 #include "store/DataEnvironment.h"
@@ -32,13 +31,13 @@ bool refillSource(Recordset &rows, const ListModel &list)
 
 } // namespace
 
-void printStatement(const ListModel &list, const AccountStatement &statement, const QString &account, QDate from,
-    QDate to, bool withRemark)
+std::optional<ReportPages> printStatement(const ListModel &list, const AccountStatement &statement,
+    const QString &account, QDate from, QDate to, bool withRemark)
 {
     Recordset &rows = DE().rsaccountbooks;
     rows.close();
     if (!refillSource(rows, list))
-        return;
+        return {};
     Report report = withRemark ? rptAccountsBooks2() : rptAccountsBooks();
     ReportSection &head = report.section(u"Section4");
     head.setText(u"lblCompany", session::ShopName);
@@ -53,8 +52,7 @@ void printStatement(const ListModel &list, const AccountStatement &statement, co
     ReportSection &pageFoot = report.section(u"Section3");
     pageFoot.setText(u"lblTotalDr", Money(-statement.PeriodDebits));
     pageFoot.setText(u"lblTotalCr", Money(statement.PeriodCredits));
-    const auto pages = layOut(report, rows);
+    std::optional<ReportPages> pages = layOut(report, rows);
     rows.close();
-    if (pages)
-        ReportPreview(*pages).exec();
+    return pages;
 }

@@ -52,7 +52,7 @@ std::vector<ListRow> wagesList::read(const QString &statement)
 void wagesList::print(const ListModel &list, const QString &worker, const QString &times)
 {
     const auto item = [&times](
-                          const ListRow &row) -> Value { return row.cells.at(Item) + times + row.cells.at(Quantity); };
+                          const ListRow &row) -> Value { return row.cells.at(Quantity) + times + row.cells.at(Item); };
     const std::array<scratch::Column, 8> columns{
         {{u"Date"_s, scratch::textOf(Date)}, {u"JobID"_s, scratch::textOf(Job)}, {u"Client"_s, scratch::textOf(Client)},
             {u"Item"_s, item}, {u"wages"_s, scratch::numberOf(Wages)}, {u"balance"_s, scratch::numberOf(Balance)},

@@ -16,8 +16,8 @@ enum Column { Date, Job, Client, Quantity, Item, Wages, Balance, Completed, Paid
 /// wages.
 [[nodiscard]] std::vector<ListRow> read(const QString &statement);
 
-/// Shows the print of all rows of the list, by way of the scratch table `wagesregister`. `times` stands between an item
-/// and its quantity.
+/// Shows the print of all rows of the list, by way of the scratch table `wagesregister`. `times` stands between a
+/// quantity and its item.
 void print(const ListModel &list, const QString &worker, const QString &times);
 
 } // namespace wagesList

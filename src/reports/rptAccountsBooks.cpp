@@ -54,7 +54,7 @@ Report statement(std::span<const sheet::Column> columns)
     pageHead.caption(u"Account Statement"_s, {sheet::left, 0, sheet::width, 420}).points(14).bold();
     const auto told = [&pageHead](int top, int left, const QString &caption, const QString &name, int width) {
         pageHead.caption(caption, {left, top, 1760, 300}).in(sheet::quiet);
-        pageHead.label(name, {left + 1800, top, width, 300}).bold();
+        pageHead.label(name, {left + 1800, top, width, 300}).bold().wrapped();
     };
     constexpr int second = 5300;
     told(480, sheet::left, u"Account :"_s, u"lblParty"_s, 7560);
@@ -64,6 +64,7 @@ Report statement(std::span<const sheet::Column> columns)
     sheet::addColumnHeads(pageHead, 1480, columns);
 
     sheet::addLines(report, columns);
+    sheet::keepLastLines(report);
 
     ReportSection &foot = report.add(Kind::PageFoot, u"Section3"_s, 900);
     foot.line({sheet::left, 60, sheet::width, 0}).in(sheet::accent);

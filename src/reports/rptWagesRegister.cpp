@@ -16,14 +16,14 @@ std::array<sheet::Column, 8> columns()
     constexpr bool numeric = true;
     constexpr bool wraps = true;
     return {{
-        {u"Date"_s, u"txtDate"_s, u"date"_s, 220, 960, Format::ShortDayMonthShortYear},
-        {u"JOB ID"_s, u"txtJobid"_s, u"Jobid"_s, 1220, 880},
-        {u"Client Name"_s, u"txtClient"_s, u"client"_s, 2140, 1780, Format::Plain, !numeric, wraps},
-        {u"Item"_s, u"txtItem"_s, u"item"_s, 3960, 1740, Format::Plain, !numeric, wraps},
-        {u"Amount"_s, u"txtWages"_s, u"wages"_s, 5740, 940, Format::Money, numeric},
-        {u"Balance"_s, u"txtBalance"_s, u"balance"_s, 6720, 1060, Format::Money, numeric},
-        {u"Completed Date"_s, u"txtCompleted"_s, u"completed"_s, 7900, 1220},
-        {u"Paid  Unpaid"_s, u"txtStatus"_s, u"status"_s, 9160, 760},
+        {u"Date"_s, u"txtDate"_s, u"date"_s, 200, 980, Format::ShortDayMonthShortYear},
+        {u"JOB ID"_s, u"txtJobid"_s, u"Jobid"_s, 1240, 860},
+        {u"Client Name"_s, u"txtClient"_s, u"client"_s, 2140, 1480, Format::Plain, !numeric, wraps},
+        {u"Item"_s, u"txtItem"_s, u"item"_s, 3660, 1560, Format::Plain, !numeric, wraps},
+        {u"Amount"_s, u"txtWages"_s, u"wages"_s, 5240, 860, Format::Money, numeric},
+        {u"Balance"_s, u"txtBalance"_s, u"balance"_s, 6140, 980, Format::Money, numeric},
+        {u"Completed Date"_s, u"txtCompleted"_s, u"completed"_s, 7260, 1240},
+        {u"Paid  Unpaid"_s, u"txtStatus"_s, u"status"_s, 8560, 900},
     }};
 }
 
@@ -43,6 +43,7 @@ Report rptWagesRegister()
     head.label(u"lblWorkerName"_s, {sheet::left + 1640, 100, 7600, 300}).bold();
     sheet::addColumnHeads(head, 600, columns());
     sheet::addLines(report, columns());
+    sheet::keepLastLines(report);
     sheet::addPageCount(report.add(Kind::PageFoot, u"Section3"_s, 400), 60);
     return report;
 }

@@ -75,6 +75,12 @@ ReportSection &sheet::addLines(Report &report, std::span<const Column> columns)
     return line;
 }
 
+void sheet::keepLastLines(Report &report)
+{
+    // The last two are never parted from what closes the report, be it of no height.
+    report.add(ReportSection::Kind::ReportFoot, u"Section5"_s, 0);
+}
+
 void sheet::addPageCount(ReportSection &foot, int top, int footWidth)
 {
     foot.caption(u"Page %p of %P"_s, {0, top, footWidth, 240}).points(8).right().in(quiet);

@@ -48,6 +48,9 @@ int addColumnHeads(ReportSection &head, int top, std::span<const Column> columns
 /// A line of the table as the details' section, under `Section1`'s name as all sheets have it.
 ReportSection &addLines(Report &report, std::span<const Column> columns);
 
+/// For a sheet that ends with its last line: of two or more that one doesn't stand alone on a page.
+void keepLastLines(Report &report);
+
 /// "Page 1 of 3" at the right of a page foot that is `footWidth` wide.
 void addPageCount(ReportSection &foot, int top, int footWidth = left + width);
 

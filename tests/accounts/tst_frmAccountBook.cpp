@@ -1,0 +1,387 @@
+#include "accounts/frmAccountBook.h"
+
+#include "BooksDesk.h"
+#include "accounts/vouchers.h"
+#include "base/session.h"
+#include "store/settings.h"
+#include "support/PseudoTerminal.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/ListView.h"
+#include "ui/kvComboBox.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::accessKey;
+using driver::control;
+using driver::press;
+using driver::type;
+
+/// The statement of an account, and the ways that lead on from it.
+class AccountBookTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aStatementBringsForwardAndCarriesForward();
+    void withoutPostingsTheSumsStand();
+    void eachGroupHasItsAccounts();
+    void aViewNeedsAPeriodAndAnAccount();
+    void documentsOpenAndTheListIsFilledIfTheyChanged();
+    void entriesAreAddedToTheAccount();
+    void otherBooksLeadBack();
+    void anAccountThatIsGoneListsNothing();
+    void whatIsMissingForAMessageIsTold();
+    void theMessageNamesTheBalance();
+};
+
+namespace {
+
+constexpr int allColumns = 7;
+
+struct Book : frmAccountBook {
+    Book()
+        : list(control<ListView>(*this, "lvSummary")), account(control<kvComboBox>(*this, "cmbAccount")),
+          fills(&list.list(), &ListModel::modelReset), shown(driver::show(*this))
+    {
+    }
+    /// Types the name that begins so.
+    void view(const QString &name, const QString &group = u"Clients"_s)
+    {
+        accessKey('g');
+        press(Qt::Key_Home);
+        while (control<kvComboBox>(*this, "cmbType").currentText() != group)
+            press(Qt::Key_Down);
+        accessKey('c');
+        type(name);
+        press(Qt::Key_Return);
+    }
+    void setPeriod(const QString &from, const QString &to)
+    {
+        accessKey('f');
+        type(from);
+        accessKey('t');
+        type(to);
+        press(Qt::Key_Tab);
+    }
+    [[nodiscard]] QString sums() const
+    {
+        QStringList texts;
+        for (const char *name : {"lblOpening", "lblDebits", "lblCredits", "lblClosing"})
+            texts += control<QLabel>(*this, name).text();
+        return texts.join(u'|');
+    }
+
+    ListView &list;
+    kvComboBox &account;
+    QSignalSpy fills;
+    bool shown;
+};
+
+/// Of all cells of a row: those of the columns 3 to 5, and those of the others where they all look alike.
+QString looksOf(const ListView &list, int row)
+{
+    QStringList sums;
+    QStringList others;
+    for (int column = 0; column < allColumns; ++column)
+        (column >= 3 && column <= 5 ? sums : others) += lookOf(list, row, column);
+    sums.removeDuplicates();
+    others.removeDuplicates();
+    return others.join(u'/') + u'|' + sums.join(u'/');
+}
+
+void saveAmount(const QString &amount)
+{
+    accessKey('m');
+    type(amount);
+    accessKey('s');
+}
+
+} // namespace
+
+void AccountBookTest::aStatementBringsForwardAndCarriesForward()
+{
+    BooksDesk desk;
+    desk.addVoucher(u"Sales"_s, u"Asha Rao"_s, u"Sales"_s, u"300"_s, {2011, 3, 31});
+    desk.addVoucher(u"Receipt"_s, u"Asha Rao"_s, u"Cash"_s, u"100"_s, {2011, 5, 1}, u"In cash"_s);
+    desk.addVoucher(u"Receipt"_s, u"Asha Rao"_s, u"Cash"_s, u"7"_s, {2011, 5, 2});
+    desk.addCard(3, 500, 50);
+    desk.addCard(2, 0, 0, {2011, 4, 5});
+    desk.addCard(9, 800, 60);
+    desk.cancelCard(9);
+    desk.connection.execute(u"Update Postings set RefID=99 where vid=2 and vtype=2 and sr=1"_s);
+    // What lies before the start of the books counts in no balance.
+    desk.addVoucher(u"Sales"_s, u"Asha Rao"_s, u"Sales"_s, u"1000"_s, {1985, 11, 16});
+    Book book;
+    QVERIFY(book.shown);
+    QVERIFY(book.account.hasFocus());
+    QVERIFY(joined(book.list).isEmpty());
+    book.view(u"as"_s);
+    QVERIFY(book.list.hasFocus());
+    QCOMPARE(joined(book.list),
+        (QStringList{u" | | |Balance B/F |300.00| | "_s, u"05-Apr-2011|2|Sales|Sales| |0.00|Job Card # :2"_s,
+            u"05-Apr-2011|3|Sales|Sales|500.00| |Job Card # :3"_s,
+            u"05-Apr-2011|3|Receipt|Cash| |50.00|Job Card # :3"_s, u"01-May-2011|2|Receipt|| |100.00|In cash"_s,
+            u" | | |Current Total |500.00|150.00| "_s, u" | | |Balance C/F |650.00| | "_s}));
+    const QStringList looks{
+        u"bold red|bold red"_s, u"|"_s, u"|"_s, u"|"_s, u"|"_s, u"bold red|bold green"_s, u"bold red|bold red"_s};
+    for (int row = 0; row < looks.size(); ++row)
+        QCOMPARE(looksOf(book.list, row), looks.at(row));
+    QCOMPARE(book.sums(), u"300.00 Dr|500.00|150.00|650.00 Dr"_s);
+    const ListModel &list = book.list.list();
+    QStringList heads;
+    for (int column = 0; column < list.columnCount(); ++column)
+        heads += list.headerData(column, Qt::Horizontal).toString();
+    QCOMPARE(heads.join(u'|'), u"Date|VC #|Voucher|Particulars|Debit|Credit|Remark"_s);
+    QCOMPARE(list.tag(2), u"3|1"_s);
+    QVERIFY(!list.at(0).hasTag() && !list.at(5).hasTag() && !list.at(6).hasTag());
+
+    // Both ends of the period count.
+    book.setPeriod(u"1/5/2011"_s, u"2/5/2011"_s);
+    accessKey('v');
+    QCOMPARE(joined(book.list).sliced(3),
+        (QStringList{u" | | |Current Total |0.00|107.00| "_s, u" | | |Balance C/F |643.00| | "_s}));
+    QCOMPARE(joined(book.list).first(), u" | | |Balance B/F |750.00| | "_s);
+    // The other side of an advance.
+    book.view(u"cash"_s, u"Accounts"_s);
+    QCOMPARE(joined(book.list),
+        (QStringList{u" | | |Balance B/F |50.00| | "_s, u"01-May-2011|2|Receipt|Asha Rao|100.00| |In cash"_s,
+            u"02-May-2011|3|Receipt|Asha Rao|7.00| |"_s, u" | | |Current Total |107.00|0.00| "_s,
+            u" | | |Balance C/F |157.00| | "_s}));
+    book.setPeriod(u"1/1/1900"_s, u"31/12/2150"_s);
+    accessKey('v');
+    QCOMPARE(joined(book.list).last(), u" | | |Balance C/F |157.00| | "_s);
+}
+
+void AccountBookTest::withoutPostingsTheSumsStand()
+{
+    BooksDesk desk;
+    Book book;
+    book.view(u"vik"_s);
+    const QStringList empty{u" | | |Current Total |0.00|0.00| "_s, u" | | |Balance C/F | | | "_s};
+    QCOMPARE(joined(book.list), empty);
+    QCOMPARE(book.sums(), u"None|0.00|0.00|None"_s);
+    // They open nothing.
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Return})
+        press(key);
+    QVERIFY(book.isActiveWindow());
+    // A credit, brought forward to nought.
+    desk.addVoucher(u"Receipt"_s, u"Vikram Mehta"_s, u"Cash"_s, u"8"_s, {2011, 3, 1});
+    desk.addVoucher(u"Payment"_s, u"Vikram Mehta"_s, u"Cash"_s, u"8"_s);
+    accessKey('v');
+    QCOMPARE(joined(book.list).first(), u" | | |Balance B/F | |8.00| "_s);
+    QCOMPARE(joined(book.list).last(), empty.last());
+}
+
+void AccountBookTest::eachGroupHasItsAccounts()
+{
+    BooksDesk desk;
+    Book book;
+    for (const auto &[group, accounts] :
+        {std::pair{u"Clients"_s, u"Asha Rao,Vikram Mehta"_s}, std::pair{u"Workers"_s, u"Mohan,Mohini"_s},
+            std::pair{u"Accounts"_s, u"Cash,Purchase,Rent,Sales,Wages"_s}}) {
+        const QString last = accounts.section(u',', -1);
+        book.view(last.left(5), group);
+        QCOMPARE(driver::entries(book.account).join(u','), accounts);
+        QCOMPARE(book.account.Text(), last);
+        QCOMPARE(joined(book.list).size(), 2);
+    }
+}
+
+void AccountBookTest::aViewNeedsAPeriodAndAnAccount()
+{
+    BooksDesk desk;
+    Book book;
+    ModalScript script;
+    book.setPeriod(u"2/5/2011"_s, u"1/5/2011"_s);
+    script.expectBox(u"Invalid date selection!"_s);
+    accessKey('v');
+    book.setPeriod(u"1/5/2011"_s, u"1/5/2011"_s);
+    for (const char command : {'v', 'a'}) {
+        script.expectBox(u"Please select Account!"_s);
+        accessKey(command);
+        QVERIFY(book.account.hasFocus());
+    }
+    QCOMPARE(book.fills.size(), 0);
+}
+
+void AccountBookTest::documentsOpenAndTheListIsFilledIfTheyChanged()
+{
+    BooksDesk desk;
+    desk.addCard(3, 500, 50);
+    for (const QString &amount : {u"10"_s, u"20"_s, u"30"_s})
+        desk.addVoucher(u"Receipt"_s, u"Cash"_s, u"Asha Rao"_s, amount, {2011, 4, 6});
+    Book book;
+    book.view(u"as"_s);
+    QCOMPARE(book.list.currentRow(), 0);
+    ModalScript script;
+    const auto opens = [&](int row, const QString &screen, const ModalScript::Action &work, int fills) {
+        book.list.setCurrentRow(row);
+        book.fills.clear();
+        script.expect(screen, [&work](QWidget &document) {
+            work(document);
+            press(Qt::Key_Escape);
+        });
+        press(Qt::Key_Return);
+        QTRY_VERIFY(book.isActiveWindow());
+        QCOMPARE(book.fills.size(), fills);
+        QCOMPARE(book.list.currentRow(), row);
+    };
+    opens(
+        3, u"frmTransiction"_s, [](QWidget &) {}, 0);
+    // The voucher's own main account, whoever's statement it was opened from.
+    const auto raises = [&script](QWidget &voucher) {
+        QCOMPARE(control<kvComboBox>(voucher, "cmbAccount").Text(), u"Cash"_s);
+        script.expectMessage(u"Entry Updated."_s);
+        saveAmount(u"25"_s);
+    };
+    opens(3, u"frmTransiction"_s, raises, 1);
+    QCOMPARE(joined(book.list).at(3), u"06-Apr-2011|2|Receipt|Cash|25.00| |"_s);
+    // Of a card's two lines the one that was opened stays current.
+    opens(
+        1, u"frmEditJOB"_s, [](QWidget &) {}, 0);
+    const auto saves = [&script](QWidget &) {
+        script.expectMessage(u"Job Edited."_s);
+        accessKey('s');
+    };
+    opens(1, u"frmEditJOB"_s, saves, 1);
+    const auto deletes = [&script](QWidget &) {
+        script.expectMessage(u"Are you sure to delete entry?"_s);
+        accessKey('d');
+    };
+    book.list.setCurrentRow(3);
+    script.expect(u"frmTransiction"_s, deletes);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(driver::column(book.list, 1).mid(0, 4), (QStringList{u"3"_s, u"3"_s, u"1"_s, u"3"_s}));
+    QCOMPARE(book.list.currentRow(), 3);
+    // Gone meanwhile.
+    desk.connection.execute(u"Delete * from Postings where vtype=2 and vid=3"_s);
+    script.expectMessage(u"Entry is damaged!"_s);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(book.list.list().rowCount(), 5);
+}
+
+void AccountBookTest::entriesAreAddedToTheAccount()
+{
+    BooksDesk desk;
+    Book book;
+    book.view(u"vik"_s);
+    ModalScript script;
+    const auto adds = [&](bool saved) {
+        book.fills.clear();
+        script.expect(u"frmTransiction"_s, [&script, saved](QWidget &) {
+            type(u"rec"_s);
+            press(Qt::Key_Return);
+            type(u"cash"_s);
+            press(Qt::Key_Return);
+            if (saved) {
+                script.expectMessage(u"New Entry saved."_s);
+                saveAmount(u"40"_s);
+            }
+            press(Qt::Key_Escape);
+        });
+        accessKey('a');
+        QTRY_VERIFY(script.isDone() && book.isActiveWindow());
+        QCOMPARE(book.fills.size(), saved ? 1 : 0);
+    };
+    adds(false);
+    adds(true);
+    QCOMPARE(joined(book.list).first(), u"11-Apr-2011|1|Receipt|Cash| |40.00|"_s);
+    QCOMPARE(desk.legs().first(), u"1|1|Receipt|6|4|40"_s);
+}
+
+void AccountBookTest::otherBooksLeadBack()
+{
+    BooksDesk desk;
+    Book book;
+    book.view(u"as"_s);
+    ModalScript script;
+    const auto visit = [&](const char *command, const QString &screen, int fills) {
+        book.fills.clear();
+        script.expect(screen, [](QWidget &) { press(Qt::Key_Escape); });
+        control<QPushButton>(book, command).setFocus();
+        press(Qt::Key_Return);
+        QTRY_VERIFY(book.isActiveWindow());
+        QCOMPARE(book.fills.size(), fills);
+    };
+    visit("cmdWages", u"frmWorkerWagesRegister"_s, 1);
+    visit("cmdDayBook", u"frmDayBook"_s, 0);
+}
+
+void AccountBookTest::anAccountThatIsGoneListsNothing()
+{
+    BooksDesk desk;
+    desk.addVoucher(u"Receipt"_s, u"Asha Rao"_s, u"Cash"_s, u"40"_s);
+    Book book;
+    book.view(u"as"_s);
+    QCOMPARE(joined(book.list).size(), 3);
+    desk.connection.execute(u"Update Accounts set Title='Asha Devi' where id=5"_s);
+    ModalScript script;
+    for (const auto &give : {std::function([] { press(Qt::Key_Return); }), std::function([] { accessKey('v'); }),
+             std::function([] { accessKey('a'); })}) {
+        script.expectBox(u"Please select Account!"_s);
+        give();
+        QTRY_VERIFY(script.isDone());
+    }
+    QVERIFY(book.account.hasFocus());
+    type(u"asha d"_s);
+    press(Qt::Key_Return);
+    QCOMPARE(joined(book.list).size(), 3);
+    frmAccountBook other;
+    script.expect(u"frmAccountBook"_s, [](QWidget &shown) {
+        QVERIFY(joined(control<ListView>(shown, "lvSummary")).isEmpty());
+        press(Qt::Key_Escape);
+    });
+    // A name that begins another one is not that one.
+    other.ShowAccount(u"Asha"_s);
+}
+
+void AccountBookTest::whatIsMissingForAMessageIsTold()
+{
+    BooksDesk desk;
+    desk.connection.execute(u"Update Accounts set Mobile='98290' where id=5 or id=8 or id=4"_s);
+    Book book;
+    ModalScript script;
+    const auto tells = [&](const QString &message) {
+        if (!message.isEmpty())
+            script.expectMessage(message + u"\r\nSMS Sending has been Failed."_s);
+        control<QPushButton>(book, "cmdSMS").setFocus();
+        press(Qt::Key_Return);
+        QVERIFY(script.isDone());
+    };
+    tells({});
+    const QString noNumber = u"Mobile Number Not Found!"_s;
+    book.view(u"vik"_s);
+    tells(noNumber);
+    book.view(u"as"_s);
+    tells(u"Modem Com Port Error!"_s);
+    SaveSetting(setting::ModemPort, u"1"_s);
+    // Of clients alone.
+    book.view(u"mohi"_s, u"Workers"_s);
+    tells(noNumber);
+    book.view(u"cash"_s, u"Accounts"_s);
+    tells(noNumber);
+}
+
+void AccountBookTest::theMessageNamesTheBalance()
+{
+    BooksDesk desk;
+    const PseudoTerminal modem;
+    desk.connection.execute(u"Update Accounts set Mobile='98290' where id=5"_s);
+    SaveSetting(setting::ModemPort, u"1"_s);
+    SaveSetting(setting::SmsTitle, u"Kovrel"_s);
+    SaveSetting(setting::DueSms, u"Due: %amount%"_s);
+    desk.addVoucher(u"Sales"_s, u"Asha Rao"_s, u"Sales"_s, u"600"_s);
+    desk.addVoucher(u"Receipt"_s, u"Asha Rao"_s, u"Cash"_s, u"100"_s, {2011, 5, 2});
+    Book book;
+    book.view(u"as"_s);
+    control<QPushButton>(book, "cmdSMS").setFocus();
+    press(Qt::Key_Return);
+    QCOMPARE(modem.received(), QByteArray("AT+CMGF=1\rAT+CMGS=\"98290\"\rDue: -600 (01-May-2011)\r\rKovrel\x1a"));
+}
+
+CORVANE_TEST(AccountBookTest)
+#include "tst_frmAccountBook.moc"
