@@ -1,5 +1,6 @@
 #include "registers/frmWorkerJobRegister.h"
 
+#include "accounts/PiecesPanel.h"
 #include "accounts/frmAccountBook.h"
 #include "base/balanceText.h"
 #include "base/session.h"
@@ -219,8 +220,8 @@ void frmWorkerJobRegister::buildForm()
     resize(1320, 680);
 
     chainTabs(m_period->fields()
-        + QList<QWidget *>{opDt1, opDt2, OpInc, OpDesc, cmbClient, cmbCondition, txtSearchID, lvSummary, lvDetails,
-            Image1, Command1, Command3, Command8, Command4});
+        + QList<QWidget *>{opDt1, opDt2, OpInc, OpDesc, cmbClient, cmbCondition, txtSearchID, lvSummary}
+        + m_pieces->fields() + QList<QWidget *>{Command1, Command3, Command8, Command4});
 }
 
 QLayout *frmWorkerJobRegister::buildQuery()
@@ -276,21 +277,10 @@ QLayout *frmWorkerJobRegister::buildLists()
     });
     setRegister(lvSummary);
 
-    lvDetails = new ListView(u"lvDetails"_s, {{u"Name of Item"_s, 70}, {u"Qty"_s, 30, true}});
-    lvDetails->setAccessibleName(u"Pieces of each item"_s);
-    Image1 = new Command(u"Image1"_s, u"Hide Details"_s);
-    picDetails = new QWidget;
-    picDetails->setObjectName(u"picDetails"_s);
-    picDetails->setFixedWidth(280);
-    auto *panel = new QVBoxLayout(picDetails);
-    panel->setContentsMargins({});
-    panel->addWidget(lvDetails, 1);
-    panel->addWidget(Image1, 0, Qt::AlignRight);
-    picDetails->hide();
-
+    m_pieces = new PiecesPanel(u"Qty"_s, *lvSummary);
     auto *row = new QHBoxLayout;
     row->addWidget(lvSummary, 1);
-    row->addWidget(picDetails);
+    row->addWidget(m_pieces);
     return row;
 }
 
@@ -329,12 +319,8 @@ void frmWorkerJobRegister::connectCommands()
     connect(cmbCondition, &QComboBox::activated, this, &frmWorkerJobRegister::filterChosen);
     connect(Command4, &Command::clicked, this, &frmWorkerJobRegister::view);
     connect(Command8, &Command::clicked, this, &frmWorkerJobRegister::quickFind);
-    connect(Command1, &Command::clicked, this, &frmWorkerJobRegister::showDetails);
+    connect(Command1, &Command::clicked, m_pieces, &PiecesPanel::open);
     connect(Command3, &Command::clicked, this, &frmWorkerJobRegister::overview);
-    connect(Image1, &Command::clicked, this, [this] {
-        lvSummary->setFocus(Qt::OtherFocusReason);
-        picDetails->hide();
-    });
     onKey(Qt::CTRL | Qt::Key_D, u"Details"_s, [this] { Command1->trigger(); });
     onKey(Qt::CTRL | Qt::Key_F, u"Quick Find"_s, [this] { Command8->trigger(); });
 }
@@ -387,7 +373,7 @@ void frmWorkerJobRegister::RemoveUnwanted3(const QString &word)
 
 qint32 frmWorkerJobRegister::GetItemWiseDetails(qint16 itemID) const
 {
-    return Int32(static_cast<double>(m_pieces.value(itemID)));
+    return Int32(static_cast<double>(m_quantities.value(itemID)));
 }
 
 qint32 frmWorkerJobRegister::GetItemWiseDetails2(qint16 itemID) const
@@ -460,23 +446,14 @@ std::vector<ListRow> frmWorkerJobRegister::readRows()
 
 void frmWorkerJobRegister::fillDetails()
 {
-    m_pieces.clear();
-    std::vector<ListRow> rows;
+    m_quantities.clear();
     const bool isOfWorker = mode == u"S"_s;
-    if (isOfWorker || mode == u"C"_s) {
-        m_pieces = itemRows::quantityByItem(
-            DE().CN, isOfWorker ? std::optional(m_account) : std::nullopt, m_period->from(), m_period->to(), false);
-        Recordset &items = DE().rsITEMS;
-        items.reopen(u"Select * from Items order by Name"_s);
-        for (; !items.eof(); items.moveNext()) {
-            const qint16 id = Int16(items.integer(u"ID"));
-            const qint32 pieces = isOfWorker ? GetItemWiseDetails(id) : GetItemWiseDetails2(id);
-            if (pieces > 0)
-                rows.push_back({.cells = {items.text(u"Name"), QString::number(pieces)}});
-        }
-        items.close();
-    }
-    lvDetails->list().setRows(std::move(rows));
+    if (!isOfWorker && mode != u"C"_s)
+        return m_pieces->clear();
+    m_quantities = itemRows::quantityByItem(
+        DE().CN, isOfWorker ? std::optional(m_account) : std::nullopt, m_period->from(), m_period->to(), false);
+    m_pieces->fill(
+        [&](qint16 itemID) { return isOfWorker ? GetItemWiseDetails(itemID) : GetItemWiseDetails2(itemID); });
 }
 
 void frmWorkerJobRegister::tellWhatIsListed()
@@ -531,12 +508,6 @@ void frmWorkerJobRegister::quickFind()
     mode = allJobs ? u"CUSTUNDEL"_s : u"CUST"_s;
     ExecuteSQL();
     lvSummary->setFocus(Qt::OtherFocusReason);
-}
-
-void frmWorkerJobRegister::showDetails()
-{
-    picDetails->show();
-    lvDetails->setFocus(Qt::OtherFocusReason);
 }
 
 void frmWorkerJobRegister::overview()

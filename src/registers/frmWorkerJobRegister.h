@@ -8,6 +8,7 @@ class Command;
 class ListView;
 class NameLabel;
 class PeriodFields;
+class PiecesPanel;
 class QLayout;
 class QRadioButton;
 class kvComboBox;
@@ -58,7 +59,6 @@ private:
     void view();
     void searchJob();
     void quickFind();
-    void showDetails();
     void overview();
     void openAccount(const ListRow &row);
     void handOverJob(qint32 jobID);
@@ -74,9 +74,7 @@ private:
     kvTextBox *txtSearchID;
     NameLabel *lblListed;
     ListView *lvSummary;
-    QWidget *picDetails;
-    ListView *lvDetails;
-    Command *Image1;
+    PiecesPanel *m_pieces;
     Command *Command1;
     Command *Command3;
     Command *Command4;
@@ -89,5 +87,5 @@ private:
     QString m_client;
     /// The worker or the client whose rows are listed.
     qint32 m_account = 0;
-    QHash<int, qint64> m_pieces;
+    QHash<int, qint64> m_quantities;
 };
