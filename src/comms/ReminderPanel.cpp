@@ -2,7 +2,6 @@
 
 #include "comms/kvSMS.h"
 #include "store/DataEnvironment.h"
-#include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
 #include "ui/NameLabel.h"
@@ -22,8 +21,11 @@ constexpr int messageLines = 5;
 /// As the main screen shows it.
 QString shopName()
 {
-    const Value name = GetFieldValueNum(u"Name"_s, u"Shop"_s, u"Id"_s, 1, DE().rsSHOP);
-    return name == Value(-1) ? QString() : name.toText();
+    Recordset &shop = DE().rsSHOP;
+    shop.reopen(u"Select * from Shop"_s);
+    const QString name = shop.eof() ? QString() : shop.text(u"Name");
+    shop.close();
+    return name;
 }
 
 } // namespace

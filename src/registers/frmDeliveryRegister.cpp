@@ -6,6 +6,7 @@
 #include "production/frmEditWorkerAssign.h"
 #include "registers/dueLook.h"
 #include "registers/itemRowCells.h"
+#include "registers/selectScanned.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/lookups.h"
@@ -281,9 +282,10 @@ void frmDeliveryRegister::filterChosen()
 
 QString frmDeliveryRegister::accountID(const QString &title)
 {
-    const Value found = GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts);
-    if (found != Value(-1))
-        m_account = found.toInt();
+    if (const auto account = findAccountID(title)) {
+        m_account = *account;
+        m_whom = title;
+    }
     return QString::number(m_account);
 }
 
@@ -328,7 +330,7 @@ void frmDeliveryRegister::tellWhatIsListed(const QString &status)
     const QString which = status.isEmpty() ? u"every status"_s : status;
     if (mode == u"SID"_s)
         return lblListed->setText(u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which));
-    const QString whose = mode == u"CUST"_s ? m_client : mode == u"S"_s ? cmbClient->Text() : u"All workers"_s;
+    const QString whose = mode == u"CUST"_s || mode == u"S"_s ? m_whom : u"All workers"_s;
     lblListed->setText(u"%1, %2, promised for %3 to %4"_s.arg(
         whose, which, DayMonthYear(m_period->from()), DayMonthYear(m_period->to())));
 }
@@ -338,8 +340,7 @@ void frmDeliveryRegister::showAll()
     if (!m_period->isUsable() || !requireEntry(*cmbClient, noWorkerChosen))
         return;
     const bool isOfAll = cmbClient->Text() == all;
-    if (!isOfAll
-        && GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, cmbClient->Text(), DE().rsaccounts) == Value(-1)) {
+    if (!isOfAll && !findAccountID(cmbClient->Text())) {
         // Gone since the list was filled.
         fillWorkers();
         return complain(noWorkerChosen, cmbClient);
@@ -352,9 +353,7 @@ void frmDeliveryRegister::searchJob()
 {
     mode = u"SID"_s;
     ExecuteSQL();
-    // What was scanned names the garment too.
-    if (const int row = lvSummary->list().rowOfText(JobColumn, txtSearchID->Text().trimmed()); row >= 0)
-        lvSummary->setCurrentRow(row);
+    selectScanned(*lvSummary, JobColumn, *txtSearchID);
     txtSearchID->selectAll();
 }
 

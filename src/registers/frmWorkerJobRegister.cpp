@@ -15,6 +15,7 @@
 #include "registers/dueLook.h"
 #include "registers/itemRowCells.h"
 #include "registers/openJobCard.h"
+#include "registers/selectScanned.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/itemRows.h"
@@ -26,7 +27,7 @@
 #include "ui/accountCombo.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
-#include "ui/entryKeys.h"
+#include "ui/entryFilters.h"
 #include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
@@ -135,14 +136,12 @@ QLayout *eitherOf(QRadioButton *first, QRadioButton *second)
     return row;
 }
 
-/// No account's number.
-constexpr qint32 nobodysID = -1;
-
-QString contactOfRow(const ListRow &row, const QString &column)
+/// The account in that column of the row's record; 0 where the row is gone.
+qint32 accountOfRow(const ListRow &row, const QString &column)
 {
     Recordset record(DE().CN);
     record.open(u"Select * from JOBS_DETAIL where id="_s + QString::number(row.tag.toInt()));
-    return record.eof() ? QString() : GetContactLine(Int16(record.integer(column)));
+    return record.eof() ? 0 : record.integer(column);
 }
 
 /// "10-Apr-2011 (-3 D)".
@@ -271,8 +270,8 @@ QLayout *frmWorkerJobRegister::buildLists()
     lvSummary = new ListView(u"lvSummary"_s, columns());
     lvSummary->setAccessibleName(windowTitle());
     lvSummary->list().setToolTips([](const ListRow &row, int cell) {
-        return cell == column::Client ? contactOfRow(row, u"ClintID"_s)
-            : cell == column::Worker  ? contactOfRow(row, u"WorkerID"_s)
+        return cell == column::Client ? GetContactLine(Int16(accountOfRow(row, u"ClintID"_s)))
+            : cell == column::Worker  ? GetContactLine(Int16(accountOfRow(row, u"WorkerID"_s)))
                                       : QString();
     });
     setRegister(lvSummary);
@@ -302,16 +301,8 @@ QLayout *frmWorkerJobRegister::buildCommands()
 
 void frmWorkerJobRegister::connectCommands()
 {
-    const auto onEnter = [this](auto *field, void (frmWorkerJobRegister::*act)()) {
-        connect(field, &std::remove_pointer_t<decltype(field)>::keyPress, this, [this, act](int &key) {
-            if (key != keys::Enter)
-                return;
-            key = keys::Swallowed;
-            (this->*act)();
-        });
-    };
-    onEnter(cmbClient, &frmWorkerJobRegister::view);
-    onEnter(txtSearchID, &frmWorkerJobRegister::searchJob);
+    onEnter(cmbClient, [this] { view(); });
+    onEnter(txtSearchID, [this] { searchJob(); });
     connect(txtSearchID, &kvTextBox::changed, this, [this] {
         if (txtSearchID->Text().isEmpty())
             mode = u"C"_s;
@@ -389,7 +380,9 @@ void frmWorkerJobRegister::refill()
 void frmWorkerJobRegister::filterChosen()
 {
     std::vector<ListRow> rows = readRows();
-    keepCondition(rows, cmbCondition->currentText());
+    const QString condition = cmbCondition->currentText();
+    keepCondition(rows, condition);
+    tellWhatIsListed(condition);
     showRows(std::move(rows), Keep::Place);
 }
 
@@ -403,6 +396,18 @@ void frmWorkerJobRegister::keepFiltered(const std::function<void(std::vector<Lis
 void frmWorkerJobRegister::fillWorkers()
 {
     fillWithTitles(*cmbClient, u" where type="_s + QString::number(accountType::Worker), all);
+}
+
+/// Whose garments are asked for. One who is gone by that name since then is listed on by his number.
+void frmWorkerJobRegister::findAccount()
+{
+    if (mode == u"C"_s || mode == u"SID"_s)
+        return;
+    const QString title = mode == u"S"_s ? cmbClient->Text() : m_client;
+    if (const auto account = findAccountID(title)) {
+        m_account = *account;
+        m_whom = title;
+    }
 }
 
 QString frmWorkerJobRegister::statement() const
@@ -427,7 +432,7 @@ std::vector<ListRow> frmWorkerJobRegister::readRows()
     m_period->raiseLastToFirst();
     dateColumn = opDt1->isChecked() ? u"Date"_s : u"JobDelDate"_s;
     sortOrder = OpInc->isChecked() ? u"ASC"_s : u"DESC"_s;
-    m_account = findAccountID(mode == u"S"_s ? cmbClient->Text() : m_client).value_or(nobodysID);
+    findAccount();
 
     Recordset &records = DE().rsJOBS_DETAIL;
     records.reopen(statement());
@@ -439,7 +444,7 @@ std::vector<ListRow> frmWorkerJobRegister::readRows()
     records.close();
     closeWithTotal(rows);
     fillDetails();
-    tellWhatIsListed();
+    tellWhatIsListed(all);
     session::NeedRefresh = false;
     return rows;
 }
@@ -456,18 +461,16 @@ void frmWorkerJobRegister::fillDetails()
         [&](qint16 itemID) { return isOfWorker ? GetItemWiseDetails(itemID) : GetItemWiseDetails2(itemID); });
 }
 
-void frmWorkerJobRegister::tellWhatIsListed()
+void frmWorkerJobRegister::tellWhatIsListed(const QString &condition)
 {
-    const QString period = u", %1 %2 to %3"_s.arg(opDt1->isChecked() ? u"booked"_s : u"promised for"_s,
-        DayMonthYear(m_period->from()), DayMonthYear(m_period->to()));
+    const QString which = condition == all ? u"every status"_s : condition;
     if (mode == u"SID"_s)
-        lblListed->setText(u"Job "_s + txtSearchID->Text());
-    else if (mode == u"CUSTUNDEL"_s)
-        lblListed->setText(m_client + u", all jobs"_s);
-    else if (mode == u"CUST"_s)
-        lblListed->setText(m_client + period);
-    else
-        lblListed->setText((mode == u"S"_s ? cmbClient->Text() : u"All workers"_s) + period);
+        return lblListed->setText(u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which));
+    const QString whose = mode == u"C"_s ? u"All workers"_s : m_whom;
+    if (mode == u"CUSTUNDEL"_s)
+        return lblListed->setText(u"%1, %2, all dates"_s.arg(whose, which));
+    lblListed->setText(u"%1, %2, %3 %4 to %5"_s.arg(whose, which, opDt1->isChecked() ? u"booked"_s : u"promised for"_s,
+        DayMonthYear(m_period->from()), DayMonthYear(m_period->to())));
 }
 
 void frmWorkerJobRegister::view()
@@ -487,12 +490,7 @@ void frmWorkerJobRegister::searchJob()
 {
     mode = u"SID"_s;
     ExecuteSQL();
-    // A scanned garment is the one that a mark is meant for.
-    const ListModel &list = lvSummary->list();
-    for (int row = 0; row < list.rowCount(); ++row) {
-        if (list.cell(row, column::Job) == txtSearchID->Text().trimmed())
-            lvSummary->setCurrentRow(row);
-    }
+    selectScanned(*lvSummary, column::Job, *txtSearchID);
     txtSearchID->selectAll();
 }
 
@@ -512,7 +510,7 @@ void frmWorkerJobRegister::quickFind()
 
 void frmWorkerJobRegister::overview()
 {
-    if (hasRefusedDate(*this))
+    if (!m_period->isUsable())
         return;
     using itemRows::Dated;
     QString worker;
@@ -520,6 +518,7 @@ void frmWorkerJobRegister::overview()
         dateColumn == u"Date"_s ? Dated::Booked : Dated::Promised, m_period->from(), m_period->to(), worker);
     if (worker == nobody)
         return;
+    fillWorkers();
     setComboText(*cmbClient, worker);
     view();
 }
@@ -531,7 +530,11 @@ void frmWorkerJobRegister::openRow(const ListRow &row)
 
 void frmWorkerJobRegister::openAccount(const ListRow &row)
 {
-    frmAccountBook().ShowAccount(row.cells.value(column::Client));
+    const QString client = titleOrBlank(accountOfRow(row, u"ClintID"_s));
+    if (client.isEmpty())
+        ShowMessage(u"This client is no longer there!"_s);
+    else
+        frmAccountBook().ShowAccount(client);
     filterChosen();
 }
 

@@ -588,6 +588,9 @@ void AssignScreenTest::picturesAreShownOpenedAndPrinted()
         QCOMPARE(opened, QString());
         QTest::mouseDClick(&control<PictureBox>(screen, "pic2"), Qt::LeftButton);
         QCOMPARE(opened, file);
+        opened.clear();
+        press(Qt::Key_2, Qt::ControlModifier);
+        QCOMPARE(opened, file);
         control<Command>(screen, "Command6").click();
     });
     QCOMPARE(jobs, 1);
