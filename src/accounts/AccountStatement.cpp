@@ -1,6 +1,6 @@
 #include "accounts/AccountStatement.h"
 
-#include "accounts/documentTag.h"
+#include "accounts/BookLines.h"
 #include "base/balanceText.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
@@ -44,21 +44,11 @@ AccountStatement AccountStatement::of(qint32 account, QDate from, QDate to)
     if (statement.OpeningBalance != 0)
         statement.rows.push_back(
             sumLine(u"Balance B/F "_s, balanceText::ofBalance(statement.OpeningBalance), theme::warning()));
-    const int date = postings.column(u"Date");
-    const int number = postings.column(u"VID");
-    const int kind = postings.column(u"Vtype");
-    const int particulars = postings.column(u"particulars");
-    const int otherSide = postings.column(u"RefID");
-    const int amount = postings.column(u"Amount");
-    const int remark = postings.column(u"Remark");
+    BookLines lines(postings, u"RefID");
     for (; !postings.eof(); postings.moveNext()) {
-        const DocumentTag document{postings.value(number).toInt(), postings.value(kind).toInt()};
-        balanceText::Sides sides = balanceText::ofPosting(postings.value(amount).toDouble());
-        ListRow &row = statement.rows.emplace_back();
-        row.tag = document.text();
-        row.cells = {DayMonthYear(postings.value(date).toDate()), QString::number(document.number),
-            postings.value(particulars).toText(), titleOrBlank(postings.value(otherSide).toInt()),
-            std::move(sides.debit), std::move(sides.credit), postings.value(remark).toText()};
+        balanceText::Sides sides = balanceText::ofPosting(lines.amount());
+        ListRow &row = statement.rows.emplace_back(lines.begin(ColumnCount));
+        row.cells << std::move(sides.debit) << std::move(sides.credit) << lines.remark();
     }
     postings.close();
 

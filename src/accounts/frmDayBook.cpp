@@ -1,10 +1,10 @@
 #include "accounts/frmDayBook.h"
 
+#include "accounts/BookLines.h"
 #include "accounts/documentTag.h"
 #include "accounts/openDocument.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
-#include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
 #include "ui/PeriodFields.h"
@@ -21,15 +21,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 enum Column { Date, Number, Voucher, Particulars, Amount, Remark, ColumnCount };
-
-ListRow rowOf(const Recordset &posting)
-{
-    const DocumentTag document{posting.integer(u"VID"), posting.integer(u"Vtype")};
-    return {.cells = {DayMonthYear(posting.date(u"Date")), QString::number(document.number),
-                posting.text(u"particulars"), titleOrBlank(posting.integer(u"AccID")),
-                Money(std::abs(posting.number(u"Amount"))), posting.text(u"Remark")},
-        .tag = document.text()};
-}
 
 } // namespace
 
@@ -77,8 +68,11 @@ void frmDayBook::ExecuteSQL()
     postings.reopen(u"Select * from Postings where status=0 and sr=1 and date "_s + m_period->between()
         + u"  order by date,vid "_s);
     rows.reserve(static_cast<size_t>(postings.recordCount()) + 1);
-    for (; !postings.eof(); postings.moveNext())
-        rows.push_back(rowOf(postings));
+    BookLines lines(postings, u"AccID");
+    for (; !postings.eof(); postings.moveNext()) {
+        ListRow &row = rows.emplace_back(lines.begin(ColumnCount));
+        row.cells << Money(std::abs(lines.amount())) << lines.remark();
+    }
     postings.close();
     const CellLook sum{.bold = true, .ink = theme::warning()};
     closeWithCount(rows,

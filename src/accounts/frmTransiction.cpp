@@ -175,7 +175,8 @@ void frmTransiction::connectCommands()
 void frmTransiction::fillAccounts()
 {
     fillWithTitles(*cmbRefAcc, {});
-    fillWithTitles(*cmbAccount, {});
+    // The same thousands of titles, once.
+    cmbAccount->setModel(cmbRefAcc->model());
 }
 
 void frmTransiction::setMode(const QString &mode)

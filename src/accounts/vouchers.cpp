@@ -8,6 +8,7 @@
 #include "store/codes.h"
 #include "store/lookups.h"
 #include "store/postings.h"
+#include "store/voucherLegs.h"
 
 #include <array>
 
@@ -39,10 +40,23 @@ std::array<Leg, 2> legsOf(const vouchers::Voucher &voucher)
         {voucher.kind, other, main, isCredit ? debit : credit}}};
 }
 
-QString legStatement(qint32 number, int serial)
+/// The first row of a statement over legs of that number, which may be none.
+void openLeg(Recordset &posting, const QString &statement, qint32 number, int serial)
 {
-    return u"Select * from Postings where vid="_s + QString::number(number) + u" and sr="_s + QString::number(serial)
-        + u" and vtype="_s + QString::number(documentKind::Voucher);
+    if (const qint64 row = voucherLegs::rowOf(DE().CN, number, serial)) {
+        posting.openOne(statement, row);
+        if (!posting.eof())
+            return;
+    }
+    posting.reopen(statement);
+}
+
+void openToRewrite(Recordset &posting, qint32 number, int serial)
+{
+    openLeg(posting,
+        u"Select * from Postings where vid="_s + QString::number(number) + u" and sr="_s + QString::number(serial)
+            + u" and vtype="_s + QString::number(documentKind::Voucher),
+        number, serial);
 }
 
 /// Both, before the first is written.
@@ -50,7 +64,7 @@ void requireLegs(qint32 number)
 {
     Recordset &posting = DE().rspostings;
     for (const int serial : {mainLeg, otherLeg}) {
-        posting.reopen(legStatement(number, serial));
+        openToRewrite(posting, number, serial);
         const bool isGone = posting.eof();
         posting.close();
         if (isGone)
@@ -63,7 +77,7 @@ void requireLegs(qint32 number)
 void rewriteLeg(const vouchers::Voucher &voucher, int serial, const Leg &leg)
 {
     Recordset &posting = DE().rspostings;
-    posting.reopen(legStatement(voucher.number, serial));
+    openToRewrite(posting, voucher.number, serial);
     posting.set(u"particulars", leg.particulars);
     posting.set(u"Date", voucher.date);
     posting.set(u"accID", leg.account);
@@ -131,7 +145,8 @@ void vouchers::remove(qint32 number, bool isPayroll)
 std::optional<vouchers::Stored> vouchers::read(qint32 number)
 {
     Recordset &posting = DE().rspostings;
-    posting.reopen(u"Select * from Postings where vid="_s + QString::number(number) + u" and vtype=2 and sr=1"_s);
+    openLeg(posting, u"Select * from Postings where vid="_s + QString::number(number) + u" and vtype=2 and sr=1"_s,
+        number, mainLeg);
     std::optional<Stored> found;
     if (!posting.eof()) {
         found = {{.number = number,

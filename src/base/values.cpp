@@ -98,17 +98,43 @@ struct MoneyParts {
     QString cents;
 };
 
-MoneyParts moneyParts(double amount)
+/// The amount in hundredths. None for one that would lose by that what a person sees.
+std::optional<qint64> centsOf(double amount)
 {
     // Nearly all amounts have four decimals at most and are known exactly by their ten-thousandths: lists of thousands
     // of them need no digits taken apart.
     constexpr double mostUnits = 1e14;
     const double units = std::nearbyint(amount * Currency::Scale);
-    if (std::fabs(units) < mostUnits && units / Currency::Scale == amount) {
-        constexpr qint64 unitsOfCent = Currency::Scale / 100;
-        const qint64 cents = (std::llabs(static_cast<qint64>(units)) + unitsOfCent / 2) / unitsOfCent;
-        const QChar digits[]{digit(cents / 10), digit(cents)};
-        return {units < 0 && cents != 0, QString::number(cents / 100), QString(digits, 2)};
+    if (!(std::fabs(units) < mostUnits) || units / Currency::Scale != amount)
+        return {};
+    constexpr qint64 unitsOfCent = Currency::Scale / 100;
+    const qint64 cents = (std::llabs(static_cast<qint64>(units)) + unitsOfCent / 2) / unitsOfCent;
+    return units < 0 ? -cents : cents;
+}
+
+/// "-12.05".
+QString textOfCents(qint64 cents)
+{
+    constexpr int most = 24;
+    std::array<QChar, most> text;
+    auto place = text.size();
+    qint64 left = std::llabs(cents);
+    for (int written = 0; written < 3 || left > 0; ++written, left /= 10) {
+        text[--place] = digit(left);
+        if (written == 1)
+            text[--place] = u'.';
+    }
+    if (cents < 0)
+        text[--place] = u'-';
+    return QString(&text[place], static_cast<qsizetype>(text.size() - place));
+}
+
+MoneyParts moneyParts(double amount)
+{
+    if (const auto cents = centsOf(amount)) {
+        const qint64 shown = std::llabs(*cents);
+        const QChar digits[]{digit(shown / 10), digit(shown)};
+        return {*cents < 0, QString::number(shown / 100), QString(digits, 2)};
     }
     Decimal number = toDecimal(amount);
     roundTo(number, 2);
@@ -273,6 +299,8 @@ QString NumberText(double number)
 
 QString Money(double amount)
 {
+    if (const auto cents = centsOf(amount))
+        return textOfCents(*cents);
     const MoneyParts parts = moneyParts(amount);
     return (parts.negative ? u"-"_s : QString()) + parts.whole + u'.' + parts.cents;
 }

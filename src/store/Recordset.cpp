@@ -52,6 +52,20 @@ Value converted(const Value &value, const RowSet::Column &column)
     return value;
 }
 
+/// "select [rowid] from T .." turned round, with its first row alone; empty where the order is of more than a column.
+QByteArray lastFirst(const QByteArray &numbers)
+{
+    const QByteArrayList words = numbers.simplified().toLower().split(' ');
+    if (!words.contains("order"))
+        return numbers + "order by rowid desc limit 1";
+    const qsizetype order = words.size() - 3;
+    const bool isByOne = order > 0 && words.at(order) == "order" && words.at(order + 1) == "by";
+    const QByteArray by = words.last();
+    // A number would name a column that is no longer there.
+    const bool isNumber = by.at(0) >= '0' && by.at(0) <= '9';
+    return isByOne && !isNumber ? numbers + "desc, rowid desc limit 1" : QByteArray();
+}
+
 QByteArray enclosed(const QString &name)
 {
     return '[' + name.toUtf8() + ']';
@@ -118,17 +132,24 @@ void Recordset::openLast(const QString &statement)
     const auto translation = jetsql::translate(statement);
     if (translation.table.isEmpty())
         throw RuntimeError(Fault::Engine, u"These rows cannot be written back."_s, statement);
+    const QByteArray turned = lastFirst(jetsql::translate(statement, {u"rowid"_s}).sql);
+    const QByteArray &numbers = turned.isEmpty() ? translation.sql : turned;
     const QByteArray lastRow = "select rowid, * from " + enclosed(translation.table) + " where rowid = ?";
     std::optional<qint64> last;
     do {
-        // Cells of the rows before it are not even looked at.
+        // Cells of the other rows are not even looked at.
         last.reset();
-        for (Connection::Statement rows(m_connection, translation.sql, translation.values, statement); rows.step();)
+        for (Connection::Statement rows(m_connection, numbers, translation.values, statement); rows.step();)
             last = sqlite3_column_int64(rows.handle(), 0);
         Connection::Statement row(m_connection, lastRow, {last ? Value(*last) : Value()}, statement);
         showAll(std::make_shared<RowSet>(row, true, translation.table));
         // Another program may have deleted it in between.
     } while (last && recordCount() == 0);
+}
+
+void Recordset::openOne(const QString &statement, qint64 rowNumber)
+{
+    reopen(statement + u" and rowid="_s + QString::number(rowNumber));
 }
 
 void Recordset::openToAdd(const QString &statement)

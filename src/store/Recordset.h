@@ -37,6 +37,9 @@ public:
     /// As `reopen` for a list that shows these columns of very many rows: of a table that could be written no other
     /// column is read, and it cannot be written then.
     void openColumns(const QString &statement, const QStringList &columns);
+    /// As `reopen` where only one of the rows is wanted, and its number is known: `statement` is as above and ends with
+    /// a condition. Without a row where that one is none of them.
+    void openOne(const QString &statement, qint64 rowNumber);
     /// As `reopen` for a row that is to be added: the statement names columns and table, and no row is read.
     void openToAdd(const QString &statement);
     /// Without effect when closed.

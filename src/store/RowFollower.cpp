@@ -35,7 +35,7 @@ void RowFollower::bringUp(Connection &connection)
     };
     if (changes.everything) {
         forgetAll();
-        rows.open(m_select);
+        rows.open(m_condition.isEmpty() ? m_select : m_select + u" where "_s + m_condition);
         takeAll();
     } else {
         std::vector<qint64> written(changes.rows.begin(), changes.rows.end());
@@ -43,7 +43,8 @@ void RowFollower::bringUp(Connection &connection)
         written.erase(std::unique(written.begin(), written.end()), written.end());
         for (const qint64 number : written) {
             forget(number);
-            rows.reopen(m_select + u" where Id="_s + QString::number(number));
+            const QString row = m_select + u" where Id="_s + QString::number(number);
+            rows.reopen(m_condition.isEmpty() ? row : row + u" and "_s + m_condition);
             takeAll();
         }
     }

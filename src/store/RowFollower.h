@@ -20,8 +20,12 @@ public:
     Q_DISABLE_COPY_MOVE(RowFollower)
 
 protected:
-    /// `select` reads the whole table, the column Id first: "Select Id, .. from T".
-    RowFollower(Connection::Followed table, const QString &select) : m_table(table), m_select(select) { }
+    /// `select` reads the whole table, the column Id first: "Select Id, .. from T"; or of it the rows that fulfil
+    /// `condition`.
+    RowFollower(Connection::Followed table, const QString &select, const QString &condition = {})
+        : m_table(table), m_select(select), m_condition(condition)
+    {
+    }
 
     /// Makes the rows what the file holds now. When it throws, all are read again at the next call.
     void bringUp(Connection &connection);
@@ -35,5 +39,6 @@ protected:
 private:
     Connection::Followed m_table;
     QString m_select;
+    QString m_condition;
     Connection::Mark m_mark;
 };

@@ -156,16 +156,32 @@ Value firstValue(const QString &statement, Recordset &source)
     return found.isNull() ? Value(-1) : found;
 }
 
-QStringList firstColumn(const QString &statement, Recordset &source)
+QStringList readFirstColumn(const QString &statement, Recordset &source)
 {
     QStringList texts;
-    source.reopen(statement);
+    source.open(statement);
     for (; !source.eof(); source.moveNext()) {
         const Value value = source.value(0);
         texts += value.isNull() ? QString() : value.toText();
     }
     source.close();
     return texts;
+}
+
+/// The lists that screens fill are asked for each time that one opens.
+QStringList firstColumn(const QString &statement, const QString &table, Recordset &source)
+{
+    struct Known {
+        quint64 stamp = 0;
+        QStringList texts;
+    };
+    static QHash<QString, Known> lists;
+    source.close();
+    const quint64 stamp = DE().CN.writeStamp(table.section(u' ', 0, 0).toLower().toLatin1());
+    Known &known = lists[statement];
+    if (known.stamp != stamp)
+        known = {stamp, readFirstColumn(statement, source)};
+    return known.texts;
 }
 
 /// The live sums of an account, with the command object that the statement of old would have run on left closed.
@@ -259,12 +275,12 @@ Value GetFieldValueNum(
 
 QStringList FillCombo(const QString &field, const QString &table, const QString &condition, Recordset &source)
 {
-    return firstColumn(u"Select "_s + field + u" from "_s + table + condition + u" order by "_s + field, source);
+    return firstColumn(u"Select "_s + field + u" from "_s + table + condition + u" order by "_s + field, table, source);
 }
 
 QStringList FillComboAll(const QString &orderField, const QString &field, const QString &table, Recordset &source)
 {
-    return firstColumn(u"Select "_s + field + u" from "_s + table + u" order by "_s + orderField, source);
+    return firstColumn(u"Select "_s + field + u" from "_s + table + u" order by "_s + orderField, table, source);
 }
 
 double GetAccountBalance(int id, QDate day)

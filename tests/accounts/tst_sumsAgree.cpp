@@ -337,6 +337,20 @@ void lookAtTheDayBook(const Journal &journal)
     QCOMPARE(joined(control<ListView>(book, "lvSummary").list().rows()), documents);
 }
 
+void lookAtVouchers(const Journal &journal)
+{
+    for (const Posting &leg : journal.postings) {
+        if (leg.kind != documentKind::Voucher || leg.serial != 1)
+            continue;
+        const auto stored = vouchers::read(leg.number);
+        QVERIFY(stored && stored->isPayroll == leg.isPayroll);
+        QCOMPARE(Currency::fromDouble(stored->amount), leg.amount);
+        QCOMPARE(stored->voucher.date, leg.date);
+        QCOMPARE(stored->voucher.mainAccount, journal.titles.at(leg.account));
+        QCOMPARE(stored->voucher.remark, leg.remark);
+    }
+}
+
 /// The register's running balance, and that garments are paid by payrolls that are in the journal.
 void lookAtWages(const Journal &journal, BooksDesk &desk)
 {
@@ -399,6 +413,7 @@ void SumsAgreeTest::afterAnyWork()
         lookAtStatements(journal, done / lookEvery + static_cast<int>(seed));
         lookAtDues(journal, shop);
         lookAtTheDayBook(journal);
+        lookAtVouchers(journal);
         lookAtWages(journal, shop);
         if (QTest::currentTestFailed())
             return;

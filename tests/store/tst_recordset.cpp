@@ -256,8 +256,8 @@ void RecordsetTest::aLargeResultIsReadAndWrittenAsASmallOne()
 void RecordsetTest::theLastRowAloneIsAsAmongAll_data()
 {
     QTest::addColumn<QString>("statement");
-    for (const char *rest :
-        {"", " order by ID", " order by Title", " where ID>2 order by Title desc", " where Title='nobody'"})
+    for (const char *rest : {"", " where Type=2", " order by ID", " order by Title", " order by [Type]",
+             " where ID>2 order by Title desc", " order by Type, Title", " where Title='nobody'"})
         QTest::newRow(rest) << u"Select * from Accounts"_s + QLatin1StringView(rest);
 }
 
