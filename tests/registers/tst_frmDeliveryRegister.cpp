@@ -52,7 +52,6 @@ constexpr int asha = 5;
 constexpr int vikram = 6;
 constexpr int mohan = 7;
 constexpr int sita = 8;
-constexpr int coat = 1;
 constexpr int daysColumn = 2;
 constexpr int jobColumn = 3;
 constexpr int statusColumn = 8;
