@@ -60,7 +60,7 @@ QByteArray lastFirst(const QByteArray &numbers)
         return numbers + "order by rowid desc limit 1";
     const qsizetype order = words.size() - 3;
     const bool isByOne = order > 0 && words.at(order) == "order" && words.at(order + 1) == "by";
-    const QByteArray by = words.last();
+    const QByteArray &by = words.last();
     // A number would name a column that is no longer there.
     const bool isNumber = by.at(0) >= '0' && by.at(0) <= '9';
     return isByOne && !isNumber ? numbers + "desc, rowid desc limit 1" : QByteArray();
