@@ -47,7 +47,7 @@ void dropOn(QWidget &field, const QString &text)
 {
     QMimeData data;
     data.setText(text);
-    const QPointF place(2, field.height() / 2);
+    const QPointF place(2, field.height() / 2.0);
     QDragEnterEvent entered(place.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&field, &entered);
     QDropEvent dropped(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
