@@ -377,7 +377,7 @@ keys alt+w
 window "WAGES REGISTER"
 field "abd"
 picture wages
-keys shift+Tab Down Down alt+v
+keys shift+Tab space alt+v
 picture unpaid
 keys alt+c
 window "Corvane"

@@ -50,7 +50,7 @@ void addOrder(ReportSection &slip)
     addField(slip, 2360, u"QNT:"_s, u"QNT"_s, besideCaption).bold();
 }
 
-void addSpecifications(ReportSection &slip)
+void addMeasurements(ReportSection &slip)
 {
     constexpr int top = 2780;
     constexpr int titleHeight = 380;
@@ -83,7 +83,7 @@ Report rptWorkerJobCard()
     addHead(report);
     ReportSection &slip = report.add(Kind::Detail, u"Section1"_s, 4400);
     addOrder(slip);
-    addSpecifications(slip);
+    addMeasurements(slip);
     sheet::addPageCount(report.add(Kind::PageFoot, u"Section3"_s, 280), 40, width);
     return report;
 }
