@@ -327,7 +327,7 @@ Case saveVoucher()
 std::optional<ReportPages> statementPages(const AccountStatement &statement)
 {
     constexpr size_t lines = 5000;
-    ListModel list(std::vector<ListColumn>(AccountStatement::ColumnCount));
+    ListModel list{std::vector<ListColumn>(AccountStatement::ColumnCount)};
     list.setRows({statement.rows.end() - lines, statement.rows.end()});
     return printStatement(list, statement, u"Cash"_s, firstDay, fullShop::lastDay, true);
 }

@@ -96,7 +96,9 @@ private:
             store.deleteCard();
             return acknowledge(store.CurrentJobID(), "-");
         }
-        rows.AddNewRow(row());
+        // Without one, only what the card itself says tells that it has changed.
+        if (m_random.chance(50))
+            rows.AddNewRow(row());
         JobCard card = desk::card(store.CurrentJobID(), rows, m_random);
         // Whoever reads the card later sees whose work it builds on.
         card.Remark = remark.first() + u'|' + stamp();

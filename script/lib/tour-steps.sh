@@ -377,7 +377,7 @@ keys alt+w
 window "WAGES REGISTER"
 field "abd"
 picture wages
-keys Tab Tab Tab Down Down alt+v
+keys shift+Tab Down Down alt+v
 picture unpaid
 keys alt+c
 window "Corvane"

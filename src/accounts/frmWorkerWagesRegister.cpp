@@ -1,5 +1,6 @@
 #include "accounts/frmWorkerWagesRegister.h"
 
+#include "accounts/PiecesPanel.h"
 #include "accounts/payrolls.h"
 #include "accounts/wagesList.h"
 #include "base/session.h"
@@ -63,8 +64,8 @@ void frmWorkerWagesRegister::buildForm()
     whole->addLayout(buildCommands());
     resize(1140, 640);
 
-    chainTabs(QList<QWidget *>{cmbClient} + m_period->fields()
-        + QList<QWidget *>{op1, op2, op3, cmdView, lvSummary, lvDetails, Image1, cmdDetails, cmdPrint, cmdPayroll});
+    chainTabs(QList<QWidget *>{cmbClient} + m_period->fields() + QList<QWidget *>{op1, op2, op3, cmdView, lvSummary}
+        + m_pieces->fields() + QList<QWidget *>{cmdDetails, cmdPrint, cmdPayroll});
 }
 
 QLayout *frmWorkerWagesRegister::buildQuery()
@@ -96,20 +97,10 @@ QLayout *frmWorkerWagesRegister::buildLists()
     lvSummary = new ListView(u"lvSummary"_s, wagesList::columns(u"Qty"_s));
     lvSummary->setAccessibleName(windowTitle());
     setRegister(lvSummary);
-    lvDetails = new ListView(u"lvDetails"_s, {{u"Name of Item"_s, 70}, {u"QNT"_s, 30, true}});
-    lvDetails->setAccessibleName(u"Pieces of each item"_s);
-    Image1 = new Command(u"Image1"_s, u"Hide Details"_s);
-    picDetails = new QWidget;
-    picDetails->setObjectName(u"picDetails"_s);
-    picDetails->setFixedWidth(280);
-    auto *panel = new QVBoxLayout(picDetails);
-    panel->setContentsMargins({});
-    panel->addWidget(lvDetails, 1);
-    panel->addWidget(Image1, 0, Qt::AlignRight);
-    picDetails->hide();
+    m_pieces = new PiecesPanel(u"QNT"_s, *lvSummary);
     auto *row = new QHBoxLayout;
     row->addWidget(lvSummary, 1);
-    row->addWidget(picDetails);
+    row->addWidget(m_pieces);
     return row;
 }
 
@@ -141,14 +132,7 @@ void frmWorkerWagesRegister::connectCommands()
     connect(cmdPayroll, &Command::clicked, this, &frmWorkerWagesRegister::createPayroll);
     connect(cmdPrint, &Command::clicked, this,
         [this] { wagesList::print(lvSummary->list(), cmbClient->Text(), u" x  "_s); });
-    connect(cmdDetails, &Command::clicked, this, [this] {
-        picDetails->show();
-        lvDetails->setFocus(Qt::OtherFocusReason);
-    });
-    connect(Image1, &Command::clicked, this, [this] {
-        lvSummary->setFocus(Qt::OtherFocusReason);
-        picDetails->hide();
-    });
+    connect(cmdDetails, &Command::clicked, m_pieces, &PiecesPanel::open);
 }
 
 void frmWorkerWagesRegister::view()
@@ -170,8 +154,8 @@ void frmWorkerWagesRegister::ExecuteSQL()
     buildStatement(*worker);
     showRows(wagesList::read(WagesSQL), Keep::Place);
     session::NeedRefresh = false;
-    m_pieces = itemRows::quantityByItem(DE().CN, *worker, m_period->from(), m_period->to(), true);
-    fillDetails();
+    m_quantities = itemRows::quantityByItem(DE().CN, *worker, m_period->from(), m_period->to(), true);
+    m_pieces->fill([this](qint16 itemID) { return GetItemWiseDetails(itemID); });
     tellWhatAPayrollPosts();
 }
 
@@ -185,23 +169,9 @@ void frmWorkerWagesRegister::buildStatement(qint32 worker)
         + u" and  DoneByWorker>0  order by date,id"_s;
 }
 
-void frmWorkerWagesRegister::fillDetails()
-{
-    std::vector<ListRow> rows;
-    Recordset &items = DE().rsITEMS;
-    items.reopen(u"Select * from Items order by Name"_s);
-    for (; !items.eof(); items.moveNext()) {
-        const qint32 pieces = GetItemWiseDetails(Int16(items.integer(u"ID")));
-        if (pieces > 0)
-            rows.push_back({.cells = {items.text(u"Name"), QString::number(pieces)}});
-    }
-    items.close();
-    lvDetails->list().setRows(std::move(rows));
-}
-
 qint32 frmWorkerWagesRegister::GetItemWiseDetails(qint16 itemID) const
 {
-    return Int32(static_cast<double>(m_pieces.value(itemID)));
+    return Int32(static_cast<double>(m_quantities.value(itemID)));
 }
 
 void frmWorkerWagesRegister::tellWhatAPayrollPosts()

@@ -6,6 +6,7 @@
 
 class Command;
 class PeriodFields;
+class PiecesPanel;
 class QLabel;
 class QLayout;
 class QRadioButton;
@@ -28,7 +29,6 @@ public:
 protected:
     void refill() override { ExecuteSQL(); }
     void openRow(const ListRow &row) override;
-    void fillDetails();
 
 private:
     void buildForm();
@@ -48,10 +48,8 @@ private:
     QRadioButton *op2;
     QRadioButton *op3;
     ListView *lvSummary;
-    QWidget *picDetails;
-    ListView *lvDetails;
+    PiecesPanel *m_pieces;
     QLabel *lblPayroll;
-    Command *Image1;
     Command *cmdView;
     Command *cmdPayroll;
     Command *cmdPrint;
@@ -59,5 +57,5 @@ private:
 
     QString WagesSQL;
     bool ViewIsUnpaid = false;
-    QHash<int, qint64> m_pieces;
+    QHash<int, qint64> m_quantities;
 };

@@ -2,15 +2,14 @@
 
 #include "comms/kvSMS.h"
 #include "store/DataEnvironment.h"
-#include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
+#include "ui/NameLabel.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBoxMultiLine.h"
 #include "ui/platformBox.h"
 
 #include <QGridLayout>
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -22,15 +21,11 @@ constexpr int messageLines = 5;
 /// As the main screen shows it.
 QString shopName()
 {
-    const Value name = GetFieldValueNum(u"Name"_s, u"Shop"_s, u"Id"_s, 1, DE().rsSHOP);
-    return name == Value(-1) ? QString() : name.toText();
-}
-
-QLabel *note(const QString &name)
-{
-    auto *label = new QLabel;
-    label->setObjectName(name);
-    return label;
+    Recordset &shop = DE().rsSHOP;
+    shop.reopen(u"Select * from Shop"_s);
+    const QString name = shop.eof() ? QString() : shop.text(u"Name");
+    shop.close();
+    return name;
 }
 
 } // namespace
@@ -51,16 +46,17 @@ void ReminderPanel::buildForm()
 {
     txtMessage = new kvTextBoxMultiLine(u"txtMessage"_s);
     txtMessage->setFixedHeight(txtMessage->fontMetrics().lineSpacing() * (messageLines + 1));
-    lblNumber = note(u"lblNumber"_s);
-    lblSaved = note(u"lblSaved"_s);
+    lblNumber = new NameLabel(u"lblNumber"_s);
+    lblNumber->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    lblSaved = new QLabel;
+    lblSaved->setObjectName(u"lblSaved"_s);
     Command2 = new Command(u"Command2"_s, u"Send SMS to selected"_s);
     Command3 = new Command(u"Command3"_s, u"Save Message"_s);
 
     auto *commands = new QHBoxLayout;
     commands->addWidget(Command3);
     commands->addWidget(lblSaved);
-    commands->addStretch();
-    commands->addWidget(lblNumber);
+    commands->addWidget(lblNumber, 1);
     commands->addWidget(Command2);
     auto *form = new QGridLayout(this);
     form->setContentsMargins({});

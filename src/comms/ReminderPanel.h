@@ -6,6 +6,7 @@
 
 class Command;
 class ListView;
+class NameLabel;
 class QLabel;
 class kvSMS;
 class kvTextBoxMultiLine;
@@ -37,7 +38,7 @@ private:
     setting::Key m_key;
     kvSMS *m_sms;
     kvTextBoxMultiLine *txtMessage;
-    QLabel *lblNumber;
+    NameLabel *lblNumber;
     QLabel *lblSaved;
     Command *Command2;
     Command *Command3;

@@ -6,6 +6,7 @@
 #include "ui/boxType.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBox.h"
+#include "ui/platformBox.h"
 
 #include <QBoxLayout>
 #include <QFile>
@@ -22,10 +23,7 @@ ImageSlot::ImageSlot(
     m_path->setReadOnly(true);
     m_path->setFocusPolicy(Qt::NoFocus);
     m_picture->setToolTip(u"Double click to open"_s);
-    connect(m_picture, &PictureBox::doubleClicked, this, [this] {
-        if (!m_path->Text().isEmpty())
-            shell::openFile(m_path->Text());
-    });
+    connect(m_picture, &PictureBox::doubleClicked, this, &ImageSlot::open);
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
@@ -44,6 +42,15 @@ ImageSlot::ImageSlot(
 QString ImageSlot::path() const
 {
     return m_path->Text();
+}
+
+void ImageSlot::open()
+{
+    if (path().isEmpty())
+        return;
+    if (!QFile::exists(path()))
+        return platformBox::show(u"The picture is no longer there:\r\n"_s + path());
+    shell::openFile(path());
 }
 
 void ImageSlot::showFile(const QString &file)

@@ -21,6 +21,8 @@ public:
     /// Shows the file, which is to be there: with an empty path, or one that leads nowhere, the slot stays as it is. A
     /// file that is no picture leaves the picture empty and keeps its path: a save must not forget it.
     void showFile(const QString &file);
+    /// Opens the file as the system does. Nothing where the slot has none; a file that is gone is told.
+    void open();
     /// Deletes the file and empties the slot, also where the file cannot be deleted. A slot whose path leads nowhere
     /// stays as it is.
     void removeFile();

@@ -85,5 +85,5 @@ QString assignment::lastJob(QDate day, qint32 itemID, qint32 clientID)
     rows.close();
     if (workerID == 0)
         return job + u"No worker information found!"_s;
-    return job + u"Job done by : "_s + GetAccountTitle(workerID);
+    return job + u"Job done by : "_s + titleOrBlank(workerID);
 }

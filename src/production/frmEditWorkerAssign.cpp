@@ -24,6 +24,7 @@
 #include "ui/complain.h"
 #include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
+#include "ui/fieldTip.h"
 #include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
@@ -296,6 +297,8 @@ void frmEditWorkerAssign::connectCommands()
     filterKeys(txtWagesDue, DecimalKeysOnly);
     onKey(Qt::CTRL | Qt::Key_S, u"Save"_s, [this] { Command1->trigger(); });
     onKey(Qt::CTRL | Qt::Key_P, u"Print Slip"_s, [this] { Command3->trigger(); });
+    onKey(Qt::CTRL | Qt::Key_1, u"Open image 1"_s, [this] { m_image1->open(); });
+    onKey(Qt::CTRL | Qt::Key_2, u"Open image 2"_s, [this] { m_image2->open(); });
     onKey(Qt::CTRL | Qt::Key_W, u"Worker details: show or hide"_s, [this] { lblHideShow->trigger(); });
 
     connect(lblHideShow, &Command::clicked, this, &frmEditWorkerAssign::toggleWorkerDetails);
@@ -326,7 +329,7 @@ void frmEditWorkerAssign::ShowEdit(qint32 id)
     const QString lastJob = assignment::lastJob(row.date(u"Date"), row.integer(u"ItemID"), row.integer(u"ClintID"));
     row.close();
     lblLastJob->setText(lastJob);
-    lblLastJob->setToolTip(lastJob.toHtmlEscaped());
+    lblLastJob->setToolTip(plainTip(lastJob));
     exec();
 }
 
@@ -384,9 +387,9 @@ void frmEditWorkerAssign::RateWorker()
     const int rating = assignment::isAccount(worker) ? GetWorkerRating(GetAccountID(worker)) : 0;
     lblAvgScorer->setText(u"Overall Ratting : "_s + QString::number(rating));
     if (rating <= mostStars)
-        signs::showStars(*imgStars, rating);
-    else
-        imgStars->clear();
+        return signs::showStars(*imgStars, rating);
+    imgStars->clear();
+    imgStars->setAccessibleName({});
 }
 
 void frmEditWorkerAssign::save()

@@ -14,6 +14,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int mostStars = 5;
+/// A worker's sum has room for tens of thousands of them.
+constexpr double highestScore = std::numeric_limits<qint16>::max();
 
 } // namespace
 
@@ -80,15 +83,14 @@ void frmFeedBack::GiveFeedback(qint32 id, qint16 readOnly)
 void frmFeedBack::ChangeStars()
 {
     const double score = Val(cmbScore->Text());
-    const int stars = qBound(0, static_cast<int>(score), mostStars);
-    if (stars == score)
-        signs::showStars(*imgStars, stars);
+    if (score >= 0 && score <= mostStars && score == std::floor(score))
+        signs::showStars(*imgStars, static_cast<int>(score));
 }
 
 void frmFeedBack::save()
 {
     const double score = Val(cmbScore->Text());
-    if (score < std::numeric_limits<qint32>::min() || score > std::numeric_limits<qint32>::max())
+    if (std::abs(score) > highestScore)
         return complain(u"Please enter a score from 0 to 5!"_s, cmbScore);
     if (!feedback::save(m_id, score, txtFeedback->Text()))
         return tellRowGone();

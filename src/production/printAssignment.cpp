@@ -29,7 +29,7 @@ void putInHindi(ReportSection &section)
         for (ReportControl &control : section.controls()) {
             if (control.kind != ReportControl::Kind::Label)
                 continue;
-            if (const auto hindi = table.hindi(control.text)) {
+            if (const auto hindi = table.hindi(control.text); hindi && !hindi->trimmed().isEmpty()) {
                 control.text = *hindi;
                 control.family = hindiFamily();
             }

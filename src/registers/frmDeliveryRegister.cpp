@@ -6,6 +6,7 @@
 #include "production/frmEditWorkerAssign.h"
 #include "registers/dueLook.h"
 #include "registers/itemRowCells.h"
+#include "registers/selectScanned.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/lookups.h"
@@ -182,11 +183,8 @@ QLayout *frmDeliveryRegister::buildQuery()
     cmbClient->setMinimumContentsLength(24);
     lblCurrentDate = new QLabel;
     lblCurrentDate->setObjectName(u"lblCurrentDate"_s);
-    auto *row = new QHBoxLayout;
-    row->addWidget(m_period);
-    row->addSpacing(18);
-    row->addWidget(captionOf(cmbClient, u"&Worker:"_s));
-    row->addWidget(cmbClient);
+    QHBoxLayout *row = captionedRow({{u"&Worker:"_s, cmbClient}});
+    row->insertWidget(0, m_period);
     row->addStretch();
     row->addWidget(lblCurrentDate);
     return row;
@@ -203,13 +201,7 @@ QLayout *frmDeliveryRegister::buildSearch()
     txtSearchID->setAutoTab(false);
     txtSearchID->setMaximumWidth(120);
     lblListed = new NameLabel(u"lblListed"_s);
-    auto *row = new QHBoxLayout;
-    row->addWidget(captionOf(cmbCondition, u"&Sort :"_s));
-    row->addWidget(cmbCondition);
-    row->addSpacing(18);
-    row->addWidget(captionOf(txtSearchID, u"&Job ID #"_s));
-    row->addWidget(txtSearchID);
-    row->addSpacing(18);
+    QHBoxLayout *row = captionedRow({{u"&Sort :"_s, cmbCondition}, {u"&Job ID #"_s, txtSearchID}});
     row->addWidget(lblListed, 1);
     return row;
 }
@@ -290,9 +282,10 @@ void frmDeliveryRegister::filterChosen()
 
 QString frmDeliveryRegister::accountID(const QString &title)
 {
-    const Value found = GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, title, DE().rsaccounts);
-    if (found != Value(-1))
-        m_account = found.toInt();
+    if (const auto account = findAccountID(title)) {
+        m_account = *account;
+        m_whom = title;
+    }
     return QString::number(m_account);
 }
 
@@ -337,7 +330,7 @@ void frmDeliveryRegister::tellWhatIsListed(const QString &status)
     const QString which = status.isEmpty() ? u"every status"_s : status;
     if (mode == u"SID"_s)
         return lblListed->setText(u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which));
-    const QString whose = mode == u"CUST"_s ? m_client : mode == u"S"_s ? cmbClient->Text() : u"All workers"_s;
+    const QString whose = mode == u"CUST"_s || mode == u"S"_s ? m_whom : u"All workers"_s;
     lblListed->setText(u"%1, %2, promised for %3 to %4"_s.arg(
         whose, which, DayMonthYear(m_period->from()), DayMonthYear(m_period->to())));
 }
@@ -347,8 +340,7 @@ void frmDeliveryRegister::showAll()
     if (!m_period->isUsable() || !requireEntry(*cmbClient, noWorkerChosen))
         return;
     const bool isOfAll = cmbClient->Text() == all;
-    if (!isOfAll
-        && GetFieldValue(u"ID"_s, u"Accounts"_s, u"Title"_s, cmbClient->Text(), DE().rsaccounts) == Value(-1)) {
+    if (!isOfAll && !findAccountID(cmbClient->Text())) {
         // Gone since the list was filled.
         fillWorkers();
         return complain(noWorkerChosen, cmbClient);
@@ -361,9 +353,7 @@ void frmDeliveryRegister::searchJob()
 {
     mode = u"SID"_s;
     ExecuteSQL();
-    // What was scanned names the garment too.
-    if (const int row = lvSummary->list().rowOfText(JobColumn, txtSearchID->Text().trimmed()); row >= 0)
-        lvSummary->setCurrentRow(row);
+    selectScanned(*lvSummary, JobColumn, *txtSearchID);
     txtSearchID->selectAll();
 }
 

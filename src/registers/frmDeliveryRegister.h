@@ -69,4 +69,6 @@ private:
     /// The name that Quick Find gave.
     QString m_client;
     qint32 m_account = 0;
+    /// The title that he was found by.
+    QString m_whom;
 };

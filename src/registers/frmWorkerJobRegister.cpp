@@ -1,5 +1,6 @@
 #include "registers/frmWorkerJobRegister.h"
 
+#include "accounts/PiecesPanel.h"
 #include "accounts/frmAccountBook.h"
 #include "base/balanceText.h"
 #include "base/session.h"
@@ -14,6 +15,7 @@
 #include "registers/dueLook.h"
 #include "registers/itemRowCells.h"
 #include "registers/openJobCard.h"
+#include "registers/selectScanned.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/itemRows.h"
@@ -25,7 +27,7 @@
 #include "ui/accountCombo.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
-#include "ui/entryKeys.h"
+#include "ui/entryFilters.h"
 #include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
@@ -134,14 +136,12 @@ QLayout *eitherOf(QRadioButton *first, QRadioButton *second)
     return row;
 }
 
-/// No account's number.
-constexpr qint32 nobodysID = -1;
-
-QString contactOfRow(const ListRow &row, const QString &column)
+/// The account in that column of the row's record; 0 where the row is gone.
+qint32 accountOfRow(const ListRow &row, const QString &column)
 {
     Recordset record(DE().CN);
     record.open(u"Select * from JOBS_DETAIL where id="_s + QString::number(row.tag.toInt()));
-    return record.eof() ? QString() : GetContactLine(Int16(record.integer(column)));
+    return record.eof() ? 0 : record.integer(column);
 }
 
 /// "10-Apr-2011 (-3 D)".
@@ -219,8 +219,8 @@ void frmWorkerJobRegister::buildForm()
     resize(1320, 680);
 
     chainTabs(m_period->fields()
-        + QList<QWidget *>{opDt1, opDt2, OpInc, OpDesc, cmbClient, cmbCondition, txtSearchID, lvSummary, lvDetails,
-            Image1, Command1, Command3, Command8, Command4});
+        + QList<QWidget *>{opDt1, opDt2, OpInc, OpDesc, cmbClient, cmbCondition, txtSearchID, lvSummary}
+        + m_pieces->fields() + QList<QWidget *>{Command1, Command3, Command8, Command4});
 }
 
 QLayout *frmWorkerJobRegister::buildQuery()
@@ -270,27 +270,16 @@ QLayout *frmWorkerJobRegister::buildLists()
     lvSummary = new ListView(u"lvSummary"_s, columns());
     lvSummary->setAccessibleName(windowTitle());
     lvSummary->list().setToolTips([](const ListRow &row, int cell) {
-        return cell == column::Client ? contactOfRow(row, u"ClintID"_s)
-            : cell == column::Worker  ? contactOfRow(row, u"WorkerID"_s)
+        return cell == column::Client ? GetContactLine(Int16(accountOfRow(row, u"ClintID"_s)))
+            : cell == column::Worker  ? GetContactLine(Int16(accountOfRow(row, u"WorkerID"_s)))
                                       : QString();
     });
     setRegister(lvSummary);
 
-    lvDetails = new ListView(u"lvDetails"_s, {{u"Name of Item"_s, 70}, {u"Qty"_s, 30, true}});
-    lvDetails->setAccessibleName(u"Pieces of each item"_s);
-    Image1 = new Command(u"Image1"_s, u"Hide Details"_s);
-    picDetails = new QWidget;
-    picDetails->setObjectName(u"picDetails"_s);
-    picDetails->setFixedWidth(280);
-    auto *panel = new QVBoxLayout(picDetails);
-    panel->setContentsMargins({});
-    panel->addWidget(lvDetails, 1);
-    panel->addWidget(Image1, 0, Qt::AlignRight);
-    picDetails->hide();
-
+    m_pieces = new PiecesPanel(u"Qty"_s, *lvSummary);
     auto *row = new QHBoxLayout;
     row->addWidget(lvSummary, 1);
-    row->addWidget(picDetails);
+    row->addWidget(m_pieces);
     return row;
 }
 
@@ -312,16 +301,8 @@ QLayout *frmWorkerJobRegister::buildCommands()
 
 void frmWorkerJobRegister::connectCommands()
 {
-    const auto onEnter = [this](auto *field, void (frmWorkerJobRegister::*act)()) {
-        connect(field, &std::remove_pointer_t<decltype(field)>::keyPress, this, [this, act](int &key) {
-            if (key != keys::Enter)
-                return;
-            key = keys::Swallowed;
-            (this->*act)();
-        });
-    };
-    onEnter(cmbClient, &frmWorkerJobRegister::view);
-    onEnter(txtSearchID, &frmWorkerJobRegister::searchJob);
+    onEnter(cmbClient, [this] { view(); });
+    onEnter(txtSearchID, [this] { searchJob(); });
     connect(txtSearchID, &kvTextBox::changed, this, [this] {
         if (txtSearchID->Text().isEmpty())
             mode = u"C"_s;
@@ -329,12 +310,8 @@ void frmWorkerJobRegister::connectCommands()
     connect(cmbCondition, &QComboBox::activated, this, &frmWorkerJobRegister::filterChosen);
     connect(Command4, &Command::clicked, this, &frmWorkerJobRegister::view);
     connect(Command8, &Command::clicked, this, &frmWorkerJobRegister::quickFind);
-    connect(Command1, &Command::clicked, this, &frmWorkerJobRegister::showDetails);
+    connect(Command1, &Command::clicked, m_pieces, &PiecesPanel::open);
     connect(Command3, &Command::clicked, this, &frmWorkerJobRegister::overview);
-    connect(Image1, &Command::clicked, this, [this] {
-        lvSummary->setFocus(Qt::OtherFocusReason);
-        picDetails->hide();
-    });
     onKey(Qt::CTRL | Qt::Key_D, u"Details"_s, [this] { Command1->trigger(); });
     onKey(Qt::CTRL | Qt::Key_F, u"Quick Find"_s, [this] { Command8->trigger(); });
 }
@@ -387,7 +364,7 @@ void frmWorkerJobRegister::RemoveUnwanted3(const QString &word)
 
 qint32 frmWorkerJobRegister::GetItemWiseDetails(qint16 itemID) const
 {
-    return Int32(static_cast<double>(m_pieces.value(itemID)));
+    return Int32(static_cast<double>(m_quantities.value(itemID)));
 }
 
 qint32 frmWorkerJobRegister::GetItemWiseDetails2(qint16 itemID) const
@@ -403,7 +380,9 @@ void frmWorkerJobRegister::refill()
 void frmWorkerJobRegister::filterChosen()
 {
     std::vector<ListRow> rows = readRows();
-    keepCondition(rows, cmbCondition->currentText());
+    const QString condition = cmbCondition->currentText();
+    keepCondition(rows, condition);
+    tellWhatIsListed(condition);
     showRows(std::move(rows), Keep::Place);
 }
 
@@ -417,6 +396,18 @@ void frmWorkerJobRegister::keepFiltered(const std::function<void(std::vector<Lis
 void frmWorkerJobRegister::fillWorkers()
 {
     fillWithTitles(*cmbClient, u" where type="_s + QString::number(accountType::Worker), all);
+}
+
+/// Whose garments are asked for. One who is gone by that name since then is listed on by his number.
+void frmWorkerJobRegister::findAccount()
+{
+    if (mode == u"C"_s || mode == u"SID"_s)
+        return;
+    const QString title = mode == u"S"_s ? cmbClient->Text() : m_client;
+    if (const auto account = findAccountID(title)) {
+        m_account = *account;
+        m_whom = title;
+    }
 }
 
 QString frmWorkerJobRegister::statement() const
@@ -441,7 +432,7 @@ std::vector<ListRow> frmWorkerJobRegister::readRows()
     m_period->raiseLastToFirst();
     dateColumn = opDt1->isChecked() ? u"Date"_s : u"JobDelDate"_s;
     sortOrder = OpInc->isChecked() ? u"ASC"_s : u"DESC"_s;
-    m_account = findAccountID(mode == u"S"_s ? cmbClient->Text() : m_client).value_or(nobodysID);
+    findAccount();
 
     Recordset &records = DE().rsJOBS_DETAIL;
     records.reopen(statement());
@@ -453,44 +444,33 @@ std::vector<ListRow> frmWorkerJobRegister::readRows()
     records.close();
     closeWithTotal(rows);
     fillDetails();
-    tellWhatIsListed();
+    tellWhatIsListed(all);
     session::NeedRefresh = false;
     return rows;
 }
 
 void frmWorkerJobRegister::fillDetails()
 {
-    m_pieces.clear();
-    std::vector<ListRow> rows;
+    m_quantities.clear();
     const bool isOfWorker = mode == u"S"_s;
-    if (isOfWorker || mode == u"C"_s) {
-        m_pieces = itemRows::quantityByItem(
-            DE().CN, isOfWorker ? std::optional(m_account) : std::nullopt, m_period->from(), m_period->to(), false);
-        Recordset &items = DE().rsITEMS;
-        items.reopen(u"Select * from Items order by Name"_s);
-        for (; !items.eof(); items.moveNext()) {
-            const qint16 id = Int16(items.integer(u"ID"));
-            const qint32 pieces = isOfWorker ? GetItemWiseDetails(id) : GetItemWiseDetails2(id);
-            if (pieces > 0)
-                rows.push_back({.cells = {items.text(u"Name"), QString::number(pieces)}});
-        }
-        items.close();
-    }
-    lvDetails->list().setRows(std::move(rows));
+    if (!isOfWorker && mode != u"C"_s)
+        return m_pieces->clear();
+    m_quantities = itemRows::quantityByItem(
+        DE().CN, isOfWorker ? std::optional(m_account) : std::nullopt, m_period->from(), m_period->to(), false);
+    m_pieces->fill(
+        [&](qint16 itemID) { return isOfWorker ? GetItemWiseDetails(itemID) : GetItemWiseDetails2(itemID); });
 }
 
-void frmWorkerJobRegister::tellWhatIsListed()
+void frmWorkerJobRegister::tellWhatIsListed(const QString &condition)
 {
-    const QString period = u", %1 %2 to %3"_s.arg(opDt1->isChecked() ? u"booked"_s : u"promised for"_s,
-        DayMonthYear(m_period->from()), DayMonthYear(m_period->to()));
+    const QString which = condition == all ? u"every status"_s : condition;
     if (mode == u"SID"_s)
-        lblListed->setText(u"Job "_s + txtSearchID->Text());
-    else if (mode == u"CUSTUNDEL"_s)
-        lblListed->setText(m_client + u", all jobs"_s);
-    else if (mode == u"CUST"_s)
-        lblListed->setText(m_client + period);
-    else
-        lblListed->setText((mode == u"S"_s ? cmbClient->Text() : u"All workers"_s) + period);
+        return lblListed->setText(u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which));
+    const QString whose = mode == u"C"_s ? u"All workers"_s : m_whom;
+    if (mode == u"CUSTUNDEL"_s)
+        return lblListed->setText(u"%1, %2, all dates"_s.arg(whose, which));
+    lblListed->setText(u"%1, %2, %3 %4 to %5"_s.arg(whose, which, opDt1->isChecked() ? u"booked"_s : u"promised for"_s,
+        DayMonthYear(m_period->from()), DayMonthYear(m_period->to())));
 }
 
 void frmWorkerJobRegister::view()
@@ -510,12 +490,7 @@ void frmWorkerJobRegister::searchJob()
 {
     mode = u"SID"_s;
     ExecuteSQL();
-    // A scanned garment is the one that a mark is meant for.
-    const ListModel &list = lvSummary->list();
-    for (int row = 0; row < list.rowCount(); ++row) {
-        if (list.cell(row, column::Job) == txtSearchID->Text().trimmed())
-            lvSummary->setCurrentRow(row);
-    }
+    selectScanned(*lvSummary, column::Job, *txtSearchID);
     txtSearchID->selectAll();
 }
 
@@ -533,15 +508,9 @@ void frmWorkerJobRegister::quickFind()
     lvSummary->setFocus(Qt::OtherFocusReason);
 }
 
-void frmWorkerJobRegister::showDetails()
-{
-    picDetails->show();
-    lvDetails->setFocus(Qt::OtherFocusReason);
-}
-
 void frmWorkerJobRegister::overview()
 {
-    if (hasRefusedDate(*this))
+    if (!m_period->isUsable())
         return;
     using itemRows::Dated;
     QString worker;
@@ -549,6 +518,7 @@ void frmWorkerJobRegister::overview()
         dateColumn == u"Date"_s ? Dated::Booked : Dated::Promised, m_period->from(), m_period->to(), worker);
     if (worker == nobody)
         return;
+    fillWorkers();
     setComboText(*cmbClient, worker);
     view();
 }
@@ -560,7 +530,11 @@ void frmWorkerJobRegister::openRow(const ListRow &row)
 
 void frmWorkerJobRegister::openAccount(const ListRow &row)
 {
-    frmAccountBook().ShowAccount(row.cells.value(column::Client));
+    const QString client = titleOrBlank(accountOfRow(row, u"ClintID"_s));
+    if (client.isEmpty())
+        ShowMessage(u"This client is no longer there!"_s);
+    else
+        frmAccountBook().ShowAccount(client);
     filterChosen();
 }
 

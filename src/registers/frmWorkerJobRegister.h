@@ -8,6 +8,7 @@ class Command;
 class ListView;
 class NameLabel;
 class PeriodFields;
+class PiecesPanel;
 class QLayout;
 class QRadioButton;
 class kvComboBox;
@@ -29,8 +30,8 @@ public:
     void RemoveUnwanted2(const QString &word);
     void RemoveUnwanted3(const QString &word);
 
-    /// Pieces of the item that were booked in the period, whatever their state, bought goods among them: of the worker
-    /// listed, and of all. As of the last fill. Throws RuntimeError (Overflow) beyond 32 bits.
+    /// Pieces of the item that were booked in the period, whatever their state, bought goods among them, as of the last
+    /// fill: where a worker is listed, his; where all are, theirs. Throws RuntimeError (Overflow) beyond 32 bits.
     [[nodiscard]] qint32 GetItemWiseDetails(qint16 itemID) const;
     [[nodiscard]] qint32 GetItemWiseDetails2(qint16 itemID) const;
 
@@ -49,16 +50,16 @@ private:
     void setMarks();
 
     void fillWorkers();
+    void findAccount();
     [[nodiscard]] QString statement() const;
     [[nodiscard]] std::vector<ListRow> readRows();
-    void tellWhatIsListed();
+    void tellWhatIsListed(const QString &condition);
     void filterChosen();
     void keepFiltered(const std::function<void(std::vector<ListRow> &rows)> &filter);
 
     void view();
     void searchJob();
     void quickFind();
-    void showDetails();
     void overview();
     void openAccount(const ListRow &row);
     void handOverJob(qint32 jobID);
@@ -74,9 +75,7 @@ private:
     kvTextBox *txtSearchID;
     NameLabel *lblListed;
     ListView *lvSummary;
-    QWidget *picDetails;
-    ListView *lvDetails;
-    Command *Image1;
+    PiecesPanel *m_pieces;
     Command *Command1;
     Command *Command3;
     Command *Command4;
@@ -87,7 +86,8 @@ private:
     QString sortOrder;
     /// The name that Quick Find gave.
     QString m_client;
-    /// The worker or the client whose rows are listed.
+    /// The worker or the client whose rows are listed, and the title that he was found by.
     qint32 m_account = 0;
-    QHash<int, qint64> m_pieces;
+    QString m_whom;
+    QHash<int, qint64> m_quantities;
 };

@@ -252,47 +252,47 @@ Connection::~Connection()
     close();
 }
 
-void Connection::open(const QString &given)
+void Connection::open(const QString &path)
 {
     m_keptAside.clear();
-    const QFileInfo file(given);
+    const QFileInfo file(path);
     if (!file.exists())
-        throw RuntimeError(Fault::FileNotFound, given);
+        throw RuntimeError(Fault::FileNotFound, path);
     if (!file.isFile() || !file.isReadable() || !file.isWritable())
-        throw RuntimeError(Fault::CannotOpen, u"The file cannot be opened for reading and writing."_s, given);
+        throw RuntimeError(Fault::CannotOpen, u"The file cannot be opened for reading and writing."_s, path);
     if (isOpen())
-        throw RuntimeError(Fault::AlreadyOpen, given);
+        throw RuntimeError(Fault::AlreadyOpen, path);
     // The journal lies beside the file itself, not beside a link to it.
-    const QString path = file.canonicalFilePath();
+    const QString real = file.canonicalFilePath();
     auto closeOnFailure = qScopeGuard([this] { close(); });
-    m_lock = FileLock::shared(path, busyMilliseconds);
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
-    if (m_lock->isAlone() && leftBehind::isHot(path))
-        m_keptAside = leftBehind::keepAside(path);
-    openHandle(path, SQLITE_OPEN_READWRITE);
+    m_lock = FileLock::shared(real, busyMilliseconds);
+    QFile::setPermissions(real, QFile::ReadOwner | QFile::WriteOwner);
+    if (m_lock->isAlone() && leftBehind::isHot(real))
+        m_keptAside = leftBehind::keepAside(real);
+    openHandle(real, SQLITE_OPEN_READWRITE);
     unlock();
-    proveReadable(path);
-    clearColdJournal(path);
+    proveReadable(real);
+    clearColdJournal(real);
     m_lock->share();
     closeOnFailure.dismiss();
 }
 
-void Connection::openReadOnly(const QString &given)
+void Connection::openReadOnly(const QString &path)
 {
-    const QFileInfo file(given);
+    const QFileInfo file(path);
     if (!file.exists())
-        throw RuntimeError(Fault::FileNotFound, given);
+        throw RuntimeError(Fault::FileNotFound, path);
     if (!file.isFile() || !file.isReadable())
-        throw RuntimeError(Fault::CannotOpen, given);
+        throw RuntimeError(Fault::CannotOpen, path);
     if (isOpen())
-        throw RuntimeError(Fault::AlreadyOpen, given);
-    const QString path = file.canonicalFilePath();
+        throw RuntimeError(Fault::AlreadyOpen, path);
+    const QString real = file.canonicalFilePath();
     auto closeOnFailure = qScopeGuard([this] { close(); });
-    m_lock = FileLock::shared(path, busyMilliseconds);
+    m_lock = FileLock::shared(real, busyMilliseconds);
     m_lock->share();
-    openHandle(path, SQLITE_OPEN_READONLY);
+    openHandle(real, SQLITE_OPEN_READONLY);
     unlock();
-    proveReadable(path);
+    proveReadable(real);
     closeOnFailure.dismiss();
 }
 
@@ -621,6 +621,9 @@ void Connection::endGroup(const TakenBack &takenBack)
     // A group that could not be committed must not stay open: later writes would fall into it and be lost with it.
     sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr);
     noteAnyWrite();
+    // Scratch rows that stand there need not outlast a power cut.
+    if (m_groupLost == Written::NotTried && standsAfter(code))
+        return;
     const Written written = m_groupLost == Written::Nothing ? afterFailedWrite(code) : m_groupLost;
     if (takenBack && !standsAfter(code))
         takenBack(written);

@@ -1,5 +1,7 @@
 #include "ui/NameLabel.h"
 
+#include "ui/fieldTip.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -29,7 +31,7 @@ bool NameLabel::event(QEvent *event)
     if (event->type() != QEvent::ToolTip)
         return QLabel::event(event);
     if (shown() != text())
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text().toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainTip(text()), this);
     return true;
 }
 

@@ -51,7 +51,8 @@ void RegisterScreen::showRows(std::vector<ListRow> rows, Keep keep)
 
     const ListModel &list = m_list->list();
     const int same = keep == Keep::Tag && before >= 0 ? list.rowOfTag(tag, before) : -1;
-    if (keep == Keep::First)
+    const bool isPlaceGone = keep == Keep::Place && before >= list.rowCount();
+    if (keep == Keep::First || isPlaceGone)
         m_list->setCurrentRow(0);
     else
         m_list->setCurrentRow(same >= 0 ? same : qMin(before, list.rowCount() - 1));
@@ -94,6 +95,7 @@ void RegisterScreen::openMenu(QPoint place)
 {
     if (m_actions.empty() || !currentRow())
         return;
+    m_place = m_list->currentRow();
     auto *menu = new QMenu(this);
     menu->setObjectName(u"rowMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -7,6 +7,8 @@
 #include <QToolTip>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A tip is drawn this far below the place that it is given.
@@ -19,6 +21,11 @@ bool hasOpenList(const QWidget &field)
 }
 
 } // namespace
+
+QString plainTip(const QString &text)
+{
+    return u"<p style='white-space:pre'>%1</p>"_s.arg(text.toHtmlEscaped());
+}
 
 void showFieldTip(QWidget &field, const QString &text)
 {

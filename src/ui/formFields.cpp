@@ -1,6 +1,7 @@
 #include "ui/formFields.h"
 
 #include <QAbstractItemView>
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -22,6 +23,19 @@ void addField(QGridLayout &grid, int row, const QString &caption, QWidget *field
     const bool isTall = qobject_cast<const QPlainTextEdit *>(field);
     grid.addWidget(captionOf(field, caption), row, 0, isTall ? Qt::AlignRight | Qt::AlignTop : Qt::Alignment());
     grid.addWidget(field, row, 1);
+}
+
+QHBoxLayout *captionedRow(const QList<std::pair<QString, QWidget *>> &fields)
+{
+    constexpr int gap = 18;
+    auto *row = new QHBoxLayout;
+    for (const auto &[caption, field] : fields) {
+        if (row->count() > 0)
+            row->addSpacing(gap);
+        row->addWidget(captionOf(field, caption));
+        row->addWidget(field);
+    }
+    return row;
 }
 
 void nameAloud(QWidget *control, const QString &caption)

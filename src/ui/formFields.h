@@ -3,7 +3,10 @@
 #include <QList>
 #include <QString>
 
+#include <utility>
+
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QWidget;
 
@@ -13,6 +16,9 @@ class QWidget;
 
 /// A row of a grid of labels and fields: the label in the first column, the field in the second.
 void addField(QGridLayout &grid, int row, const QString &caption, QWidget *field);
+
+/// Fields side by side, each behind its caption, with a gap before the next.
+[[nodiscard]] QHBoxLayout *captionedRow(const QList<std::pair<QString, QWidget *>> &fields);
 
 /// What a screen reader says for `control`: the caption without its signs. A control that stands for another one, being
 /// its focus proxy, passes it on.

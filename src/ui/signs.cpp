@@ -169,17 +169,25 @@ void signs::showStars(QLabel &label, int rating)
 
 QIcon signs::status(Status status)
 {
+    // One for all rows of a list.
+    static const QIcon ring = sign(drawRing, theme::muted());
+    static const QIcon tick = sign(drawTick, theme::good());
+    static const QIcon handedOver = sign(drawHandedOver, theme::accent());
+    static const QIcon turned = sign(drawTurned, theme::gold());
+    static const QIcon cross = sign(drawCross, theme::warning());
     switch (status) {
-    case Status::Uncompleted: return sign(drawRing, theme::muted());
-    case Status::Completed: return sign(drawTick, theme::good());
-    case Status::Delivered: return sign(drawHandedOver, theme::accent());
-    case Status::Alteration: return sign(drawTurned, theme::gold());
-    case Status::Canceled: return sign(drawCross, theme::warning());
+    case Status::Uncompleted: return ring;
+    case Status::Completed: return tick;
+    case Status::Delivered: return handedOver;
+    case Status::Alteration: return turned;
+    case Status::Canceled: return cross;
     }
     return {};
 }
 
 QIcon signs::due(Due due)
 {
-    return due == Due::Overdue ? sign(drawExclamation, theme::warning()) : sign(drawClock, theme::accent());
+    static const QIcon clock = sign(drawClock, theme::accent());
+    static const QIcon exclamation = sign(drawExclamation, theme::warning());
+    return due == Due::Overdue ? exclamation : clock;
 }

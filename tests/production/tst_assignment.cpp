@@ -242,6 +242,8 @@ void AssignmentTest::theLastJobIsTold()
     QCOMPARE(assignment::lastJob({2011, 4, 10}, 1, client),
         u"Last Job ID # 1\r\nDate : 01-Mar-2011\r\nJob done by : Mohan"_s);
     QCOMPARE(assignment::lastJob({2011, 3, 1}, 1, client), u"No last record found"_s);
+    shop.connection.execute(u"Delete * from Accounts where Title='Mohan'"_s);
+    QVERIFY(assignment::lastJob({2011, 4, 10}, 1, client).endsWith(u"Job done by : "_s));
 }
 
 CORVANE_TEST(AssignmentTest)

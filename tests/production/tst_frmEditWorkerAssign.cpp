@@ -272,10 +272,11 @@ void AssignScreenTest::wages_data()
     QTest::newRow("letters are not typed") << false << u"1e9-"_s << u"19"_s;
     QTest::newRow("a point alone") << false << u"."_s << u"0"_s;
     QTest::newRow("nothing") << false << u"\b"_s << u"0"_s;
-    QTest::newRow("the most there can be") << true << u"1e9"_s << u"1000000000"_s;
+    QTest::newRow("the most there can be") << true << u"1,000,000,000"_s << u"1000000000"_s;
+    QTest::newRow("more") << true << u"1,000,000,001"_s << QString();
     QTest::newRow("twelve digits") << false << u"123456789012"_s << QString();
-    QTest::newRow("words") << true << u"1,250"_s << QString();
-    QTest::newRow("beyond all numbers") << true << u"1e400"_s << QString();
+    QTest::newRow("grouped") << true << u"1,250"_s << u"1250"_s;
+    QTest::newRow("no number") << true << u"1e400"_s << u"300"_s;
 }
 
 void AssignScreenTest::wages()
@@ -586,6 +587,9 @@ void AssignScreenTest::picturesAreShownOpenedAndPrinted()
         QTest::mouseDClick(&control<PictureBox>(screen, "pic1"), Qt::LeftButton);
         QCOMPARE(opened, QString());
         QTest::mouseDClick(&control<PictureBox>(screen, "pic2"), Qt::LeftButton);
+        QCOMPARE(opened, file);
+        opened.clear();
+        press(Qt::Key_2, Qt::ControlModifier);
         QCOMPARE(opened, file);
         control<Command>(screen, "Command6").click();
     });

@@ -171,9 +171,10 @@ void PrintAssignmentTest::theSlipIsInHindiWhereTheShopWantsIt()
     SaveSetting(setting::Language, language);
     if (!wanted.isNull())
         SaveSetting(setting::HindiSlip, wanted);
-    writeLanguageFile(
-        desk.folder.path(), {{u"Worker Name:"_s, u"dkjhxj"_s}, {u"Remark:"_s, u"fVIi.kh"_s}, {u"Coat"_s, u"dksV"_s}});
-    // What the table lacks, and what is no caption, stays.
+    writeLanguageFile(desk.folder.path(),
+        {{u"Worker Name:"_s, u"dkjhxj"_s}, {u"Remark:"_s, u"fVIi.kh"_s}, {u"Coat"_s, u"dksV"_s},
+            {u"Client Name:"_s, u" "_s}});
+    // What the table lacks or leaves empty, and what is no caption, stays.
     compareTexts(desk.slip(),
         {(isHindi ? u"dkjhxj"_s : u"Worker Name:"_s) + u" Mohan"_s,
             (isHindi ? u"fVIi.kh"_s : u"Remark:"_s) + u" Grey"_s, u"Client Name: Asha Rao"_s, u"Item Name: Coat"_s});

@@ -16,6 +16,7 @@
 #include <QScrollArea>
 #include <QStyle>
 #include <QStyleOptionButton>
+#include <QTimer>
 
 namespace {
 
@@ -101,13 +102,18 @@ bool ShownScreens::eventFilter(QObject *watched, QEvent *event)
 {
     if (!watched->isWidgetType())
         return false;
-    const auto &widget = static_cast<const QWidget &>(*watched);
-    auto *screen = qobject_cast<Screen *>(widget.window());
+    auto *widget = static_cast<QWidget *>(watched);
+    auto *screen = qobject_cast<Screen *>(widget->window());
     if (!screen || screen->objectName().endsWith(QLatin1String("Screen")))
         return false;
-    if (event->type() == QEvent::Paint && isCut(widget))
-        warn(*screen, "cuts", widget);
-    if (&widget == screen && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
+    if (event->type() == QEvent::Paint && isCut(*widget)) {
+        // Once a text that has just changed got its room.
+        QTimer::singleShot(0, widget, [widget, screen] {
+            if (widget->isVisible() && isCut(*widget))
+                warn(*screen, "cuts", *widget);
+        });
+    }
+    if (widget == screen && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
         lookAt(*screen);
     return false;
 }
