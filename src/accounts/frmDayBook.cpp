@@ -74,13 +74,11 @@ void frmDayBook::ExecuteSQL()
         row.cells << Money(std::abs(lines.amount())) << lines.remark();
     }
     postings.close();
-    const CellLook sum{.bold = true, .ink = theme::warning()};
     closeWithCount(rows,
         {.columns = ColumnCount,
             .column = Particulars,
             .words = u"Total Vouchers : "_s,
-            .look = sum,
-            .looks = {{Particulars, sum}, {Amount, sum}, {Remark, sum}},
+            .look = {.bold = true, .ink = theme::warning()},
             .afterBlankRow = false});
     showRows(std::move(rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
 }

@@ -77,6 +77,9 @@ QLayout *frmWorkerWagesRegister::buildQuery()
     op2 = option(u"op2"_s, u"View : Paid"_s);
     op3 = option(u"op3"_s, u"View : Unpaid"_s);
     op1->setChecked(true);
+    // Tab goes to the one that is chosen, and the arrows on from there.
+    for (QRadioButton *other : {op2, op3})
+        other->setFocusPolicy(Qt::ClickFocus);
     cmdView = new Command(u"cmdView"_s, u"&View"_s);
     cmdView->setDefault(true);
     auto *row = new QHBoxLayout;

@@ -141,7 +141,13 @@ void WagesRegisterTest::withoutAWorkerTheListIsEmpty()
     BooksDesk desk;
     desk.addWork(10);
     Register screen;
-    screen.view(u"mohan"_s, "op3");
+    screen.view(u"mohan"_s);
+    // From "View" back to the options, and on to the last.
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(control<QAbstractButton>(screen, "op1").hasFocus());
+    for (int i = 0; i < 2; ++i)
+        press(Qt::Key_Right);
+    QVERIFY(control<QAbstractButton>(screen, "op3").isChecked());
     accessKey('w');
     for (int i = 0; i < 6; ++i)
         press(Qt::Key_Backspace);
