@@ -333,6 +333,11 @@ QString DateText(QDate date)
     return DayMonthYear(date);
 }
 
+QString DateTimeText(const QDateTime &moment)
+{
+    return DateText(moment.date()) + moment.time().toString(u" HH:mm:ss");
+}
+
 QDate ParseDate(QStringView text)
 {
     const auto date = readDate(text.trimmed());
