@@ -27,6 +27,11 @@ std::vector<quint64> stampsOf(const glanceLines::Source &source)
     return stamps;
 }
 
+QString numbered(size_t line)
+{
+    return u'&' + QString::number(line + 1);
+}
+
 /// Keeps the room of one, so that all lines begin at the same place.
 QIcon noIcon()
 {
@@ -67,7 +72,7 @@ void MorningGlance::buildForm()
         m_readings.push_back({.firstLine = m_lines.size()});
         for (const QString &name : source.names) {
             const size_t line = m_lines.size();
-            m_lines.push_back({.command = new Command(name, {})});
+            m_lines.push_back({.command = new Command(name, numbered(line))});
             form->addWidget(m_lines.back().command);
             connect(m_lines.back().command, &Command::clicked, this, [this, line] { emit chosen(m_lines[line].open); });
         }
@@ -136,7 +141,7 @@ void MorningGlance::read(size_t number)
     for (size_t i = 0; i < lines.size(); ++i) {
         Entry &entry = m_lines[reading.firstLine + i];
         entry.open = lines[i].open;
-        entry.command->setText(u"&%1   %2"_s.arg(reading.firstLine + i + 1).arg(lines[i].text));
+        entry.command->setText(numbered(reading.firstLine + i) + u"   "_s + lines[i].text);
         entry.command->setIcon(lines[i].isSomething && !lines[i].icon.isNull() ? lines[i].icon : noIcon());
         entry.command->setToolTip(fault);
         entry.command->setEnabled(fault.isEmpty());

@@ -90,7 +90,7 @@ void frmSelectDate::buildForm()
     form->addWidget(cmdExport, 4, 1, Qt::AlignRight);
     form->setColumnStretch(1, 1);
     form->setRowStretch(5, 1);
-    resize(620, 260);
+    resize(620, 230);
     chainTabs({cmbPeriod, DateFrom, DateTo, Text1, cmdBrowse, cmdExport});
 }
 

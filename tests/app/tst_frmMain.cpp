@@ -325,8 +325,9 @@ void MainTest::theMenusLeadToTheirScreens_data()
                              << QMap<char, QString>{{'c', u"frmClients"_s}, {'w', u"frmWorkers"_s},
                                     {'i', u"frmItems"_s}, {'a', u"frmAccountsList"_s}};
     QTest::newRow("reports") << 's' << u"frmMenu"_s
-                             << QMap<char, QString>{
-                                    {'r', u"frmRatings"_s}, {'t', u"frmTrailDate"_s}, {'v', u"frmDeliveryRegister"_s}};
+                             << QMap<char, QString>{{'r', u"frmRatings"_s}, {'t', u"frmTrailDate"_s},
+                                    {'v', u"frmDeliveryRegister"_s}, {'b', u"frmBirthDayRimenders"_s},
+                                    {'e', u"frmSelectDate"_s}};
 }
 
 void MainTest::theMenusLeadToTheirScreens()
@@ -363,8 +364,8 @@ void MainTest::everyCommandHasItsCaption_data()
     QTest::newRow("reports")
         << 's'
         << u"Command2 D&ues Register|Command3 &Account Book|Command7 &Wages Register|Command6 &Day Book|"
-           "Command10 Deli&very Register|Command5 &Ratings|Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
-           "-Command9 &Export Status Report|Command8 Back"_s;
+           "Command10 Deli&very Register|Command5 &Ratings|Command4 &Trial Reminder|Command1 &Birthdays Reminder|"
+           "Command9 &Export Status Report|Command8 Back"_s;
 }
 
 void MainTest::everyCommandHasItsCaption()
