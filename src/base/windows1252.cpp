@@ -27,13 +27,14 @@ char byteOf(QChar character)
 
 QByteArray windows1252(QStringView text)
 {
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        bytes.append(byteOf(text[at]));
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char *next = bytes.data();
+    for (auto character = text.begin(); character != text.end(); ++character) {
+        *next++ = byteOf(*character);
         // Two halves make one character.
-        if (text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate())
-            ++at;
+        if (character->isHighSurrogate() && character + 1 != text.end() && (character + 1)->isLowSurrogate())
+            ++character;
     }
+    bytes.truncate(next - bytes.constData());
     return bytes;
 }

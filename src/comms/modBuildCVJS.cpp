@@ -20,29 +20,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto lineEnd = u"\r\n"_s;
-const QStringList itemColumns{u"JobID"_s, u"ItemSr"_s, u"ItemName"_s, u"DoneByWorker"_s};
+constexpr auto lineEnd = "\r\n"_L1;
+constexpr qsizetype usualCardLength = 400;
 
-QString attribute(QLatin1StringView name, const QString &value)
+void addAttribute(QString &text, QLatin1StringView opening, QStringView value)
 {
-    return u' ' + name + u"=\""_s + value + u'"';
+    text.append(opening).append(value).append(u'"');
 }
 
-/// From the current row on, as long as the rows are of that card. A status that is none repeats the one before it.
-QString itemLines(Recordset &rows, qint32 jobID)
+/// The item lines from the current row on, as long as the rows are of that card. A status that is none repeats the one
+/// before it.
+void addItems(QString &text, Recordset &rows, qint32 jobID)
 {
-    QString lines;
     QString status;
+    bool isFirst = true;
     for (; !rows.eof() && rows.integer(u"JobID") == jobID; rows.moveNext()) {
         if (const QString word = rowStatus::word(rows.integer(u"DoneByWorker")); !word.isEmpty())
             status = word;
-        if (!lines.isEmpty())
-            lines += lineEnd;
-        lines += u"<item"_s + attribute("id"_L1, rows.text(u"ItemSr"))
-            + attribute("name"_L1, rows.text(u"ItemName").replace(u'&', u"&amp;"_s)) + attribute("status"_L1, status)
-            + u"></item>"_s;
+        if (!std::exchange(isFirst, false))
+            text.append(lineEnd);
+        addAttribute(text, "<item id=\""_L1, rows.text(u"ItemSr"));
+        addAttribute(text, " name=\""_L1, rows.text(u"ItemName").replace(u'&', "&amp;"_L1));
+        addAttribute(text, " status=\""_L1, status);
+        text.append("></item>"_L1);
     }
-    return lines;
 }
 
 /// The item lines of cards that are asked for in the order of their numbers: one reading for all of them, since each
@@ -54,47 +55,58 @@ public:
         m_rows.openColumns(
             u"Select * from Jobs_Detail where JobID between %1 and %2 order by JobID, ItemSr"_s.arg(firstJob).arg(
                 lastJob),
-            itemColumns);
+            {u"JobID"_s, u"ItemSr"_s, u"ItemName"_s, u"DoneByWorker"_s});
     }
 
-    /// The same again for the same card.
-    const QString &of(qint32 jobID)
+    /// The same again for a number that comes again.
+    void addTo(QString &text, qint32 jobID)
     {
-        if (std::exchange(m_job, jobID) == jobID)
-            return m_lines;
+        if (std::exchange(m_job, jobID) == jobID) {
+            text.append(text.sliced(m_start, m_length));
+            return;
+        }
         while (!m_rows.eof() && m_rows.integer(u"JobID") < jobID)
             m_rows.moveNext();
-        m_lines = itemLines(m_rows, jobID);
-        return m_lines;
+        m_start = text.size();
+        addItems(text, m_rows, jobID);
+        m_length = text.size() - m_start;
     }
 
 private:
     Recordset m_rows;
     std::optional<qint32> m_job;
-    QString m_lines;
+    /// Where those of that card stand.
+    qsizetype m_start = 0;
+    qsizetype m_length = 0;
 };
 
-QString card(const Recordset &job, const QString &status, const QString &items)
+void addCard(QString &text, const Recordset &job, const QString &status, ItemsInOrder &items)
 {
-    return u"<jobcard"_s + attribute("id"_L1, job.text(u"ID")) + attribute("client"_L1, job.text(u"ClintName"))
-        + attribute("date"_L1, job.text(u"Date")) + attribute("deldate"_L1, job.text(u"DeliveryDate"))
-        + attribute("status"_L1, status) + attribute("amount"_L1, job.text(u"AmountDue"))
-        + attribute("mobile"_L1, GetClientMobile({}, Int16(job.integer(u"ClintID")))) + u'>' + lineEnd + items + lineEnd
-        + u"</jobcard>"_s;
+    const qint16 id = Int16(job.integer(u"ID"));
+    addAttribute(text, "\r\n<jobcard id=\""_L1, QString::number(id));
+    addAttribute(text, " client=\""_L1, job.text(u"ClintName"));
+    addAttribute(text, " date=\""_L1, job.text(u"Date"));
+    addAttribute(text, " deldate=\""_L1, job.text(u"DeliveryDate"));
+    addAttribute(text, " status=\""_L1, status);
+    addAttribute(text, " amount=\""_L1, job.text(u"AmountDue"));
+    addAttribute(text, " mobile=\""_L1, GetClientMobile({}, Int16(job.integer(u"ClintID"))));
+    text.append(u'>').append(lineEnd);
+    items.addTo(text, id);
+    text.append(lineEnd).append("</jobcard>"_L1);
 }
 
-QString cards(QDate from, QDate to)
+void addCards(QString &text, QDate from, QDate to)
 {
     Recordset &jobs = DE().rsJOBS;
     jobs.openColumns(u"Select * from Jobs where date between #"_s + DateText(from) + u"# and #"_s + DateText(to)
             + u"# order by ID"_s,
         {u"ID"_s, u"ClintID"_s, u"ClintName"_s, u"Date"_s, u"DeliveryDate"_s, u"JobFinished"_s, u"AmountDue"_s});
     if (jobs.eof())
-        return {};
+        return jobs.close();
     const qint32 first = jobs.integer(u"ID");
     jobs.moveLast();
-    ItemsInOrder items(first, Int16(jobs.integer(u"ID")));
-    QString body;
+    ItemsInOrder items(first, jobs.integer(u"ID"));
+    text.reserve(text.size() + jobs.recordCount() * usualCardLength);
     QString status;
     for (jobs.moveFirst(); !jobs.eof(); jobs.moveNext()) {
         const int finished = jobs.integer(u"JobFinished");
@@ -102,10 +114,9 @@ QString cards(QDate from, QDate to)
             status = u"Delivered"_s;
         else if (finished == jobState::Open)
             status = u"Undelivered"_s;
-        body += lineEnd + card(jobs, status, items.of(Int16(jobs.integer(u"ID"))));
+        addCard(text, jobs, status, items);
     }
     jobs.close();
-    return body;
 }
 
 } // namespace
@@ -124,15 +135,19 @@ QString BuildJobItems(qint16 jobID)
 {
     Recordset &rows = DE().rsJOBS_DETAIL;
     rows.reopen(u"Select * from Jobs_Detail where JobID="_s + QString::number(jobID) + u" order by ItemSr"_s);
-    const QString lines = itemLines(rows, jobID);
+    QString lines;
+    addItems(lines, rows, jobID);
     rows.close();
     return lines;
 }
 
 void statusReport::write(QDate from, QDate to, const QString &path)
 {
-    const QString head = u"<jobcards created=\""_s + DateTimeText(machineClock::now()) + u"\">"_s;
-    const QString report = head + lineEnd + cards(from, to) + lineEnd + u"</jobcards>"_s + lineEnd;
+    QString report;
+    addAttribute(report, "<jobcards created=\""_L1, DateTimeText(machineClock::now()));
+    report.append(u'>').append(lineEnd);
+    addCards(report, from, to);
+    report.append(lineEnd).append("</jobcards>"_L1).append(lineEnd);
     if (const QString why = refusal(path); !why.isEmpty())
         throw RuntimeError(Fault::FileFault, why, path, Written::Nothing);
     // By way of a link the file that it leads to is meant.
