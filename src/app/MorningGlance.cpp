@@ -17,7 +17,7 @@ using glanceLines::sources;
 
 namespace {
 
-constexpr int distance = 24;
+constexpr int distance = 16;
 
 std::vector<quint64> stampsOf(const glanceLines::Source &source)
 {
@@ -57,7 +57,10 @@ MorningGlance::MorningGlance(QWidget *parent) : QFrame(parent), m_isOn(settingIs
 void MorningGlance::buildForm()
 {
     lblDay = new QLabel;
-    lblDay->setObjectName(u"lblTitle"_s);
+    lblDay->setObjectName(u"lblDay"_s);
+    QFont bold = lblDay->font();
+    bold.setWeight(QFont::DemiBold);
+    lblDay->setFont(bold);
     cmdHide = new Command(u"cmdHide"_s, u"Hide"_s);
     cmdHide->setToolTip(u"Ctrl+G hides it and shows it again."_s);
     auto *head = new QHBoxLayout;
@@ -111,7 +114,7 @@ void MorningGlance::readOn()
         read(source);
         return m_turn.start(0);
     }
-    lblDay->setText(u"Morning Glance, "_s + DayMonthYear(session::CurrentDate));
+    lblDay->setText(u"Morning glance, "_s + DayMonthYear(session::CurrentDate));
     show();
     raise();
 }

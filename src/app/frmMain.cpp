@@ -156,9 +156,11 @@ QWidget *frmMain::buildFoot()
     auto *row = new QHBoxLayout(foot);
     row->setContentsMargins(24, 6, 24, 6);
     row->setSpacing(18);
-    for (const QString &text : {u"F3  Open Job Card by its number"_s, u"Ctrl+G  Morning glance"_s})
-        row->addWidget(coloured(new QLabel(text), theme::muted()));
-    row->addWidget(lblUser, 1);
+    row->addWidget(coloured(new QLabel(u"F3  Open Job Card by its number"_s), theme::muted()));
+    auto *glanceKey = new NameLabel(u"lblGlanceKey"_s);
+    glanceKey->setText(u"Ctrl+G  Morning glance"_s);
+    row->addWidget(coloured(glanceKey, theme::muted()), 1);
+    row->addWidget(lblUser);
     for (const QString &text : {u"Help and Support"_s, u"mail@corvane.example"_s})
         row->addWidget(coloured(new QLabel(text), theme::muted()));
     return foot;

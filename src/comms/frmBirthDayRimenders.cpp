@@ -43,7 +43,7 @@ void frmBirthDayRimenders::buildForm()
     whole->addLayout(head);
     whole->addWidget(lvSummary, 1);
     whole->addWidget(m_reminder);
-    resize(720, 560);
+    resize(820, 560);
     chainTabs(QList<QWidget *>{DateSel, Command1, lvSummary} + m_reminder->fields());
 }
 

@@ -107,7 +107,7 @@ void GlanceTest::nothingToBeSeenToIsSaid()
     QCOMPARE(screen.lines(),
         u"No delivery is overdue\nNo delivery is due today\nNo trial is today\nNo client has a birthday\n"
         "No client owes anything"_s);
-    QCOMPARE(control<QLabel>(*screen.glance(), "lblTitle").text(), u"Morning Glance, 01-May-2011"_s);
+    QCOMPARE(control<QLabel>(*screen.glance(), "lblDay").text(), u"Morning glance, 01-May-2011"_s);
 }
 
 void GlanceTest::eachLineCounts()
