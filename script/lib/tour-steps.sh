@@ -377,14 +377,13 @@ keys alt+w
 window "WAGES REGISTER"
 field "abd"
 picture wages
+keys shift+Tab Right Right alt+v
+picture unpaid
 keys alt+p
 window "Print Preview"
 picture wages-print
 keys Escape
 window "WAGES REGISTER"
-keys alt+w
-keys shift+Tab Right Right alt+v
-picture unpaid
 keys alt+c
 window "Corvane"
 picture payroll

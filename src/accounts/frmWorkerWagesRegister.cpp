@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int workerLetters = 22;
+constexpr int workerLetters = 14;
 
 QRadioButton *option(const QString &name, const QString &caption)
 {
@@ -84,13 +84,13 @@ QLayout *frmWorkerWagesRegister::buildQuery()
     cmdView->setDefault(true);
     auto *row = new QHBoxLayout;
     row->addWidget(captionOf(cmbClient, u"&Worker :"_s));
-    row->addWidget(cmbClient);
+    row->addWidget(cmbClient, 1);
     row->addSpacing(12);
     row->addWidget(m_period);
     row->addSpacing(12);
     for (QRadioButton *button : {op1, op2, op3})
         row->addWidget(button);
-    row->addStretch();
+    row->addSpacing(12);
     row->addWidget(cmdView);
     return row;
 }
