@@ -58,8 +58,9 @@ std::vector<Line> trials(QDate day)
 {
     Recordset jobs(DE().CN);
     jobs.openColumns(
-        u"Select * from Jobs where TrialDate between #%1# and #%1# and appeared=%2 and Status=0"_s.arg(DateText(day))
-            .arg(trial::NotAppeared),
+        u"Select * from Jobs where TrialDate between #%1# and #%1# and appeared=%2 and Status=%3"_s.arg(DateText(day))
+            .arg(trial::NotAppeared)
+            .arg(cardStatus::Live),
         {u"Id"_s});
     const int count = jobs.recordCount();
     return {{.text = counted(count, u"trial is"_s, u"trials are"_s) + u" today"_s,
