@@ -45,7 +45,7 @@ private:
     void buildForm();
     void readOn();
     [[nodiscard]] bool isAsRead(size_t source) const;
-    void read(size_t source);
+    void read(size_t number);
 
     QLabel *lblDay;
     Command *cmdHide;

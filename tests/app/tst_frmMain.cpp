@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 
 #include "StartFolder.h"
+#include "app/MorningGlance.h"
 #include "app/startup.h"
 #include "base/session.h"
 #include "store/DataEnvironment.h"
@@ -379,6 +380,9 @@ void MainTest::everyCommandHasItsCaption()
         QStringList found;
         const auto commands = screen.findChildren<Command *>();
         for (const Command *command : commands) {
+            // The lines of the glance, which comes in its own time.
+            if (qobject_cast<const MorningGlance *>(command->parentWidget()))
+                continue;
             found += (command->isEnabled() ? u""_s : u"-"_s) + command->objectName() + u' ' + command->text();
             QCOMPARE(command->toolTip().isEmpty(), command->isEnabled());
         }
