@@ -425,6 +425,7 @@ window "Reports"
 echo "The wages are handed out, and the cash book is read and printed."
 keys alt+a
 window "Account Book"
+keys alt+g Down Tab
 field "abd"
 keys alt+a
 window "Add New Entry"
@@ -442,6 +443,7 @@ keys Escape
 window "Reports"
 keys alt+a
 window "Account Book"
+keys alt+g Down Down Tab
 field "cash"
 picture cash-book
 keys alt+p
