@@ -28,6 +28,9 @@ catchers=(
     src/app/startup.cpp           # a database that cannot be opened is shown, and another one offered
     src/store/fileCheck.cpp       # a file that cannot be read is what the check tells
     src/app/checkCommand.cpp      # the same of a configuration
+    src/app/backup.cpp            # a backup that cannot be looked into says why, and a file in use is told as such
+    src/app/SafetyCopier.cpp      # a safety copy that cannot be made is told on the main screen, and the work goes on
+    src/app/frmSettings.cpp       # a backup that fails is told in a plain box, and the file is open again
     src/app/programFolder.cpp     # a demo that cannot be copied is left out
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
     src/reports/reportOutput.cpp  # a PDF that cannot be written where the user chose is told, and the page stays
