@@ -30,7 +30,8 @@ catchers=(
     src/app/checkCommand.cpp      # the same of a configuration
     src/app/backup.cpp            # a backup that cannot be looked into says why, and a file in use is told as such
     src/app/SafetyCopier.cpp      # a safety copy that cannot be made is told on the main screen, and the work goes on
-    src/app/frmSettings.cpp       # a backup that fails is told in a plain box, and the file is open again
+    src/app/BackupPage.cpp        # a backup that fails is told in a plain box, and the file is open again
+    src/app/frmSettings.cpp       # a configuration that cannot be written is told, and the session stays as it is
     src/app/programFolder.cpp     # a demo that cannot be copied is left out
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
     src/reports/reportOutput.cpp  # a PDF that cannot be written where the user chose is told, and the page stays

@@ -90,11 +90,10 @@ std::unique_ptr<FileLock> aloneWith(const QString &place)
         return std::make_unique<FileLock>(place, FileLock::Alone, busyMilliseconds);
     } catch (const RuntimeError &error) {
         if (error.fault() != Fault::Locked)
-            throw;
+            throw RuntimeError(error.fault(), error.text(), place, Written::Nothing);
         throw RuntimeError(Fault::Locked,
-            u"Another program has this file open, so that it cannot be replaced. Close it there, and restore once "
-            u"more. "
-            "Nothing was changed."_s,
+            u"Another program has this file open, so that it cannot be replaced. "
+            "Close it there, and restore once more. Nothing was changed."_s,
             place, Written::Nothing);
     }
 }

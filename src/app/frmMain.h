@@ -7,6 +7,7 @@ class DateField;
 class NameLabel;
 class QBoxLayout;
 class QLabel;
+class SafetyCopier;
 class WallArea;
 
 /// The main screen: the shop's name, the working date, a wallpaper, and the commands that lead to all other screens.
@@ -39,10 +40,13 @@ private:
     [[nodiscard]] bool load();
     void takeDate();
     void leadOn(void (*next)());
+    void tellCopyFailed(const QString &why);
 
     NameLabel *lblShopName;
     DateField *TodayDate;
     WallArea *Picture1;
     QLabel *lblUser;
+    NameLabel *lblCopies;
+    SafetyCopier *m_copier;
     bool m_loaded = false;
 };

@@ -82,16 +82,6 @@ QString openingFault(const std::optional<RuntimeError> &notMade)
     return {};
 }
 
-/// Whoever offers the choice goes on afterwards as if none had been made: with the file that the session has then.
-void offerDatabases()
-{
-    if (frmSelectDB().exec() != QDialog::Accepted)
-        return;
-    WriteConfig();
-    endFirstRun();
-    RestartSession();
-}
-
 void openOrOffer(const std::optional<RuntimeError> &notMade)
 {
     static QString *faultOfRoute = nullptr;
@@ -149,6 +139,17 @@ void Main()
     auto *mainScreen = new frmMain;
     mainScreen->setAttribute(Qt::WA_DeleteOnClose);
     mainScreen->show();
+}
+
+/// Start-up goes on afterwards as if none had been made: with the file that the session has then.
+bool offerDatabases()
+{
+    if (frmSelectDB().exec() != QDialog::Accepted)
+        return false;
+    WriteConfig();
+    endFirstRun();
+    RestartSession();
+    return true;
 }
 
 void RestartSession()

@@ -20,6 +20,10 @@ void Main();
 /// The same steps without the choice and the main screen, for a change of the database in use.
 void RestartSession();
 
+/// Offers the choice of a database. One that is made is kept in the configuration, and the session restarted; else the
+/// session goes on as it is. True where one was made.
+bool offerDatabases();
+
 /// Sets `session::DBPath`; to the default path where the file gives none or "NONE". A path ends at its first "=".
 /// Throws RuntimeError: FileFault when the file cannot be read, SubscriptOutOfRange when its last line names no path.
 void ReadConfig();
