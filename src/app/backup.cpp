@@ -51,6 +51,7 @@ public:
         if (m_isSame)
             m_left = m_left.sliced(piece.size());
     }
+    void fail() { m_isSame = false; }
     [[nodiscard]] bool holds() const { return m_isSame && m_left.isEmpty(); }
 
 private:
@@ -144,12 +145,18 @@ bool backup::make(const QByteArray &content, const QString &folder, const gzip::
     Proof proof(content);
     const auto proving = [&at](
                              qint64 done, qint64 total) { return at(total * packingShare + done, total * allShares); };
-    if (!gzip::unpack(
-            file.name(), [&proof](QByteArrayView piece) { proof.take(piece); }, proving))
-        return false;
+    try {
+        if (!gzip::unpack(
+                file.name(), [&proof](QByteArrayView piece) { proof.take(piece); }, proving))
+            return false;
+    } catch (const RuntimeError &error) {
+        if (error.fault() != Fault::Damaged)
+            throw;
+        proof.fail();
+    }
     if (!proof.holds())
         throw RuntimeError(Fault::FileFault,
-            u"The disk does not give back what was written to it. The backup that stood there before is still there."_s,
+            u"The disk does not give back what was written to it. A backup that stood there before is still there."_s,
             folder, Written::Nothing);
     file.replace();
     return true;

@@ -33,6 +33,7 @@ private slots:
     void theNextReplacesTheLast();
     void aFolderThatCannotTakeItKeepsTheLast_data();
     void aFolderThatCannotTakeItKeepsTheLast();
+    void aDiskThatGivesBackOtherBytesIsTold();
     void brokenOffItLeavesTheLast();
     void theNameIsFoundInAnyCase();
     void whatAFolderHoldsIsTold();
@@ -42,6 +43,7 @@ private slots:
     void aShopThatDisagreesIsRestored();
     void anotherProgramsFileIsNotReplaced();
     void fromAnotherFileTheSessionGoesOver();
+    void theDemoShopComesBackAsItWas();
     void aForeignJournalDoesNotReachTheRestoredFile();
     void aBackupIsDueAfterAWeek();
 };
@@ -160,6 +162,31 @@ void BackupTest::aFolderThatCannotTakeItKeepsTheLast()
     QCOMPARE(contentOf(shop.packed()), last);
     QCOMPARE(QDir(shop.stick).entryList(QDir::Files).size(), 1);
     QVERIFY(shop.inFolder() == shopBefore);
+}
+
+void BackupTest::aDiskThatGivesBackOtherBytesIsTold()
+{
+    BackedUpShop shop;
+    QVERIFY(shop.backUp());
+    const QByteArray last = contentOf(shop.packed());
+    const QByteArray content = shop.connection.content();
+    QByteArray turned = content;
+    turned[turned.size() - 1] = static_cast<char>(turned.back() ^ 1);
+    for (const QByteArray &onDisk :
+        {asPacked(turned), asPacked(content + '0'), asPacked(content.chopped(1)), last.chopped(9)}) {
+        try {
+            static_cast<void>(backup::make(content, shop.stick, [&](qint64 done, qint64 total) {
+                // All is written, and about to be read.
+                if (done == total / 10 * 9)
+                    writeContent(shop.packed() + u".new"_s, onDisk);
+                return true;
+            }));
+            QFAIL("it was taken for good");
+        } catch (const RuntimeError &error) {
+            QVERIFY(error.text().startsWith(u"The disk does not give back"_s));
+        }
+        QCOMPARE(contentOf(shop.packed()), last);
+    }
 }
 
 void BackupTest::brokenOffItLeavesTheLast()
@@ -349,6 +376,39 @@ void BackupTest::fromAnotherFileTheSessionGoesOver()
     QCOMPARE(backup::restore(shop.packed(), atOnce).keptAs, QString());
     OpenDatabase();
     QCOMPARE(tagLine(), u"then"_s);
+}
+
+void BackupTest::theDemoShopComesBackAsItWas()
+{
+    BackedUpShop shop;
+    const QString demo = shop.folder.filePath(u"demo.mdb"_s);
+    QVERIFY(QFile::copy(QStringLiteral(CORVANE_DEMO), demo));
+    session::DBPath = demo;
+    OpenDatabase();
+    // What the shop is worth, account by account.
+    const auto books = [] {
+        Recordset sums(DE().CN);
+        sums.open(u"Select AccID, count(*), sum(Amount) from Postings group by AccID order by AccID"_s);
+        QStringList lines;
+        for (; !sums.eof(); sums.moveNext())
+            lines += sums.value(0).toText() + u' ' + sums.value(1).toText() + u' ' + sums.value(2).toText();
+        return lines;
+    };
+    const QStringList before = books();
+    const fileCheck::Report was = fileCheck::check(demo);
+    QVERIFY(was.isWhole() && was.cards > 100 && before.size() > 10);
+    QVERIFY(backup::make(DE().CN.content(), shop.stick, atOnce));
+    DE().CN.execute(u"delete from Postings"_s);
+    static_cast<void>(backup::restore(shop.packed(), atOnce));
+    RestartSession();
+    QCOMPARE(books(), before);
+    const fileCheck::Report is = fileCheck::check(session::DBPath);
+    QVERIFY(is.isWhole());
+    QCOMPARE(
+        QList({is.cards, is.rows, is.vouchers, is.postings}), QList({was.cards, was.rows, was.vouchers, was.postings}));
+    QCOMPARE(is.lastCard, was.lastCard);
+    QCOMPARE(shop.inFolder().keys(),
+        QStringList({u"cv.ini"_s, u"data15-aside-20110401-100000.mdb"_s, u"data15.mdb"_s, u"demo.mdb"_s}));
 }
 
 void BackupTest::aForeignJournalDoesNotReachTheRestoredFile()

@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 
 #include "StartFolder.h"
+#include "app/SafetyCopier.h"
 #include "app/startup.h"
 #include "base/session.h"
 #include "store/DataEnvironment.h"
@@ -47,6 +48,7 @@ private slots:
     void everyCommandHasItsCaption_data();
     void everyCommandHasItsCaption();
     void aboutTellsTheVersions();
+    void aSafetyCopyThatFailsIsTold();
 };
 
 namespace {
@@ -423,6 +425,21 @@ void MainTest::aboutTellsTheVersions()
         });
         accessKey('a');
         QVERIFY(script.isDone());
+    }));
+}
+
+void MainTest::aSafetyCopyThatFailsIsTold()
+{
+    ReadyShop shop;
+    shop.write(u"copies"_s, "a file has the name");
+    QVERIFY(runProgram([&](frmMain &screen) {
+        auto &copier = *screen.findChild<SafetyCopier *>();
+        const auto &told = control<QLabel>(screen, "lblCopies");
+        copier.look();
+        QTRY_COMPARE(told.text(), u"No safety copy: The folder for the copies cannot be made."_s);
+        QVERIFY(QFile::remove(shop.path(u"copies"_s)));
+        QTRY_VERIFY((copier.look(), told.text().isEmpty()));
+        QVERIFY(QFile::exists(shop.path(u"copies/data15-20260601.mdb"_s)));
     }));
 }
 
