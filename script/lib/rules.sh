@@ -25,7 +25,7 @@ catchers=(
     src/store/Connection.cpp      # a write group commits what was written before the failure, and passes it on
     src/store/schema.cpp          # the creation of a database ends silently
     src/ui/Application.cpp        # the error report that ends the process
-    src/app/startup.cpp           # a database that cannot be opened is shown, and another one offered
+    src/app/sessionStart.cpp      # a database that cannot be opened is shown, and another one offered
     src/store/fileCheck.cpp       # a file that cannot be read is what the check tells
     src/app/checkCommand.cpp      # the same of a configuration
     src/app/backup.cpp            # a backup that cannot be looked into says why, and a file in use is told as such

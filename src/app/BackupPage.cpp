@@ -3,7 +3,7 @@
 #include "app/BackupLook.h"
 #include "app/SettingsPage.h"
 #include "app/backup.h"
-#include "app/startup.h"
+#include "app/sessionStart.h"
 #include "base/RuntimeError.h"
 #include "base/clock.h"
 #include "base/session.h"

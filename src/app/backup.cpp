@@ -1,6 +1,6 @@
 #include "app/backup.h"
 
-#include "app/startup.h"
+#include "app/sessionStart.h"
 #include "base/FileLock.h"
 #include "base/RuntimeError.h"
 #include "base/clock.h"

@@ -2,8 +2,8 @@
 
 #include "app/BackupPage.h"
 #include "app/SettingsPage.h"
+#include "app/sessionStart.h"
 #include "app/shopSettings.h"
-#include "app/startup.h"
 #include "base/RuntimeError.h"
 #include "base/session.h"
 #include "base/values.h"

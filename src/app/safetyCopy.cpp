@@ -103,9 +103,12 @@ QList<QDate> safetyCopy::kept(QList<QDate> days)
 
 void safetyCopy::make(const QByteArray &content, const QString &database, QDate day, const std::atomic_bool &stop)
 {
-    if (!safeFile::makeFolder(folderOf(database)))
-        throw RuntimeError(
-            Fault::FileFault, u"The folder for the copies cannot be made."_s, folderOf(database), Written::Nothing);
+    const QString folder = folderOf(database);
+    const bool isNew = !QFileInfo::exists(folder);
+    if (!safeFile::makeFolder(folder))
+        throw RuntimeError(Fault::FileFault, u"The folder for the copies cannot be made."_s, folder, Written::Nothing);
+    if (isNew)
+        safeFile::syncFolder(QFileInfo(folder).path());
     UnfinishedFile file(pathOf(database, day));
     writeIn(file, content, stop);
     if (!stop)
