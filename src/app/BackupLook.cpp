@@ -4,6 +4,8 @@
 
 #include <QThread>
 
+BackupLook::BackupLook(QObject *parent) : QObject(parent) { }
+
 BackupLook::~BackupLook()
 {
     end();

@@ -14,7 +14,7 @@ class BackupLook : public QObject {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit BackupLook(QObject *parent = nullptr);
     /// Ends a look that is under way.
     ~BackupLook() override;
 
