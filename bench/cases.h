@@ -24,6 +24,9 @@ void showCash(const std::function<void()> &shown);
 /// What is done at the counter. REQUIRES: an Application. The printed card takes rows from others, so it comes last.
 [[nodiscard]] std::vector<Case> counterCases();
 
+/// The shop's file as a whole. A restore closes and opens it, so they come behind all others.
+[[nodiscard]] std::vector<Case> houseCases();
+
 /// Most memory that the program has held, in MiB, measured in a process of its own that opened the main screen and
 /// above it, for "all", a list of all item rows, scrolled to its end, and the large card; for "statement" the list of a
 /// long account and the preview of what is printed of it, for "cash" the statement of cash on its screen. REQUIRES: as

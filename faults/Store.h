@@ -61,6 +61,7 @@ struct Store {
 [[nodiscard]] std::vector<Store> exportStores();
 [[nodiscard]] std::vector<Store> productionStores();
 [[nodiscard]] std::vector<Store> bookStores();
+[[nodiscard]] std::vector<Store> houseStores();
 [[nodiscard]] std::vector<Store> startStores();
 
 } // namespace faults

@@ -74,8 +74,9 @@ QStringList otherFiles(const std::vector<Store> &stores)
         found.next();
         const QFileInfo file = found.fileInfo();
         const QString name = folder.relativeFilePath(file.filePath());
-        // An unfinished file is taken over by the next one of its name.
-        if (file.filePath() == session::defaultDatabasePath() || name.contains(u"aside-2") || name.endsWith(u".new"))
+        // An unfinished file is taken over by the next one of its name, and a folder for copies is none.
+        if (file.filePath() == session::defaultDatabasePath() || name.contains(u"aside-2") || name.endsWith(u".new")
+            || name == u"copies")
             continue;
         lines += u"beside: "_s + name + (file.isDir() ? u"/"_s : u": "_s + described(file, stores));
     }

@@ -25,9 +25,13 @@ catchers=(
     src/store/Connection.cpp      # a write group commits what was written before the failure, and passes it on
     src/store/schema.cpp          # the creation of a database ends silently
     src/ui/Application.cpp        # the error report that ends the process
-    src/app/startup.cpp           # a database that cannot be opened is shown, and another one offered
+    src/app/sessionStart.cpp      # a database that cannot be opened is shown, and another one offered
     src/store/fileCheck.cpp       # a file that cannot be read is what the check tells
     src/app/checkCommand.cpp      # the same of a configuration
+    src/app/backup.cpp            # a backup that cannot be looked into says why, and a file in use is told as such
+    src/app/SafetyCopier.cpp      # a safety copy that cannot be made is told on the main screen, and the work goes on
+    src/app/BackupPage.cpp        # a backup that fails is told in a plain box, and the file is open again
+    src/app/frmSettings.cpp       # a configuration that cannot be written is told, and the session stays as it is
     src/app/programFolder.cpp     # a demo that cannot be copied is left out
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
     src/comms/modBuildCVJS.cpp    # a status report that fails is silent

@@ -459,6 +459,39 @@ window "Reports"
 keys Escape
 window "$main"
 
+echo "The house: the shop's lines, its settings, a backup and a restore."
+keys Tab Tab Tab Tab Tab Tab Return
+window "Shop INFO"
+picture shop-info
+keys Escape
+window "$main"
+keys Tab Tab Tab Tab Tab Tab Tab Return
+window "Settings"
+picture settings
+for page in g:general m:messages o:modem d:database b:backup; do
+    keys "alt+${page%%:*}"
+    picture "settings-${page#*:}"
+done
+keys Tab Tab Return
+window "Select a Folder"
+words "$HOME/Documents"
+keys Return
+window "Settings"
+keys Tab Tab Return
+window "Corvane"
+keys Return
+window "Settings"
+sleep 1
+picture settings-backup-made
+keys Tab Return
+window "Corvane"
+keys Return
+window "Settings"
+sleep 1
+picture settings-restored
+keys Escape
+window "$main"
+
 [[ $(tail --bytes 16 "$tour/data.xml") == *"</jobcards>"* ]] || stop "the status report is not whole"
 paper=$(pdftotext -layout "$tour/job-card.pdf" -)
 for text in "Kovrel Tailors" "Job Card #" "Sherwani" "Trousers" "2,500.00" "Staple Cloth Samples here..."; do

@@ -1,6 +1,6 @@
 #include "app/checkCommand.h"
 
-#include "app/startup.h"
+#include "app/sessionStart.h"
 #include "base/RuntimeError.h"
 #include "base/session.h"
 #include "base/values.h"

@@ -1,12 +1,15 @@
 #include "app/frmMain.h"
 
 #include "app/MorningGlance.h"
+#include "app/SafetyCopier.h"
 #include "app/WallArea.h"
 #include "app/frmAbout.h"
 #include "app/frmLogin.h"
 #include "app/frmMasters.h"
 #include "app/frmMenu.h"
 #include "app/frmOpenJob.h"
+#include "app/frmSettings.h"
+#include "app/frmShopINFO.h"
 #include "app/menuColumn.h"
 #include "base/RuntimeError.h"
 #include "base/session.h"
@@ -70,7 +73,7 @@ frmMain::frmMain()
         u"Corvane %1.%2 | www.corvane.example | Made to measure"_s.arg(CORVANE_VERSION_MAJOR)
             .arg(CORVANE_VERSION_MINOR)),
       lblShopName(new NameLabel(u"lblShopName"_s)), TodayDate(new DateField(u"TodayDate"_s)), Picture1(new WallArea),
-      lblUser(new QLabel)
+      lblUser(new QLabel), lblCopies(new NameLabel(u"lblCopies"_s)), m_copier(new SafetyCopier(this))
 {
     setWindowFlags(Qt::Window);
     lblUser->setObjectName(u"lblUser"_s);
@@ -84,6 +87,8 @@ frmMain::frmMain()
         if (isVisible())
             takeDate();
     });
+    connect(m_copier, &SafetyCopier::failed, this, &frmMain::tellCopyFailed);
+    connect(m_copier, &SafetyCopier::made, lblCopies, [this] { lblCopies->setText({}); });
     onKey(Qt::Key_F2, u"Working date"_s, [this] { TodayDate->setFocus(Qt::TabFocusReason); });
     onKey(Qt::Key_F3, u"Open a job card by its number"_s, [this] { leadOn([] { frmOpenJob().exec(); }); });
     onKey(
@@ -134,8 +139,8 @@ QWidget *frmMain::buildCommands()
     Command *Command2 = menuColumn::add(*column, {"Command2"_L1, "JOB &Register"_L1});
     Command *Command8 = menuColumn::add(*column, {"Command8"_L1, "Report&s"_L1});
     column->addStretch();
-    menuColumn::addLater(*column, {"Command5"_L1, "Shop Info"_L1});
-    menuColumn::addLater(*column, {"Command7"_L1, "Settings"_L1});
+    Command *Command5 = menuColumn::add(*column, {"Command5"_L1, "Shop Info"_L1});
+    Command *Command7 = menuColumn::add(*column, {"Command7"_L1, "Settings"_L1});
     Command *Command4 = menuColumn::add(*column, {"Command4"_L1, "&About Corvane"_L1});
 
     const auto leadsTo = [this](Command *command, void (*next)()) {
@@ -145,6 +150,8 @@ QWidget *frmMain::buildCommands()
     leadsTo(cmdCreateNewClint, [] { frmMasters().exec(); });
     leadsTo(Command2, [] { frmWorkerJobRegister().exec(); });
     leadsTo(Command8, [] { frmMenu().exec(); });
+    leadsTo(Command5, [] { frmShopINFO().exec(); });
+    leadsTo(Command7, [] { frmSettings().exec(); });
     leadsTo(Command4, [] { frmAbout().exec(); });
     return panel;
 }
@@ -161,6 +168,7 @@ QWidget *frmMain::buildFoot()
     glanceKey->setText(u"Ctrl+G  Morning glance"_s);
     row->addWidget(coloured(glanceKey, theme::muted()), 1);
     row->addWidget(lblUser);
+    row->addWidget(coloured(lblCopies, theme::warning()), 1);
     for (const QString &text : {u"Help and Support"_s, u"mail@corvane.example"_s})
         row->addWidget(coloured(new QLabel(text), theme::muted()));
     return foot;
@@ -185,6 +193,7 @@ bool frmMain::load()
     if (settingIsOn(setting::UsePasswordLock) && !frmLogin().Login())
         return false;
     SetWall();
+    m_copier->begin();
     return true;
 }
 
@@ -194,6 +203,11 @@ void frmMain::addGlance()
     m_glance = new MorningGlance(Picture1);
     connect(m_glance, &MorningGlance::chosen, this, &frmMain::leadOn);
     m_glance->lookAgain();
+}
+
+void frmMain::tellCopyFailed(const QString &why)
+{
+    lblCopies->setText(u"No safety copy: "_s + why.simplified());
 }
 
 /// What is done next bears the working date that the user sees.

@@ -8,6 +8,7 @@ class MorningGlance;
 class NameLabel;
 class QBoxLayout;
 class QLabel;
+class SafetyCopier;
 class WallArea;
 
 /// The main screen: the shop's name, the working date, a wallpaper, and the commands that lead to all other screens.
@@ -42,11 +43,14 @@ private:
     void takeDate();
     void addGlance();
     void leadOn(const std::function<void()> &next);
+    void tellCopyFailed(const QString &why);
 
     NameLabel *lblShopName;
     DateField *TodayDate;
     WallArea *Picture1;
     QLabel *lblUser;
+    NameLabel *lblCopies;
+    SafetyCopier *m_copier;
     /// None before the screen was painted.
     MorningGlance *m_glance = nullptr;
     bool m_isPainted = false;

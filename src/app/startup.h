@@ -1,13 +1,10 @@
 #pragma once
 
-#include <QString>
+#include "app/sessionStart.h"
 
 class QApplication;
 
-/// From the configuration file to the open database of the session and the main screen.
-///
-/// The configuration file, "cv.ini" in `ProgramFolder`, names the database in its last line, "DBPATH=" and the path.
-/// Earlier lines have no effect.
+/// From the start of the process to the main screen.
 
 /// Gives the process its folder, `folder` being the one that was asked for, and its look, and has `Main` run as soon as
 /// the event loop does.
@@ -16,35 +13,3 @@ void startProgram(QApplication &application, const QString &folder);
 /// Starts the session: finds the database, offers the choice of one on the user's first run, makes a missing one, opens
 /// it, and shows the main screen. REQUIRES: an event loop runs, `session::ProgramFolder` is set.
 void Main();
-
-/// The same steps without the choice and the main screen, for a change of the database in use.
-void RestartSession();
-
-/// Sets `session::DBPath`; to the default path where the file gives none or "NONE". A path ends at its first "=".
-/// Throws RuntimeError: FileFault when the file cannot be read, SubscriptOutOfRange when its last line names no path.
-void ReadConfig();
-/// Write the file anew, with the default path and with `session::DBPath`. On a failure the file is as it was, and
-/// RuntimeError (FileFault) is thrown.
-void WriteDefaultConfig();
-void WriteConfig();
-
-/// Whether this user never chose a database.
-[[nodiscard]] bool IsFirstRun();
-/// Remembers for good that this user chose one.
-void endFirstRun();
-
-/// Opens `session::DBPath` in a new data environment. A file that cannot be opened is shown with the reason, the choice
-/// of database is offered and the session restarted, again and again until a database is open.
-void OpenDatabase();
-
-/// An existing folder, or one that cannot be made, is no failure.
-void MakeImagesFolder();
-
-/// Leaves a database of any other version alone, tells the user, and goes on with a new file at the default path. Where
-/// a file stands there already, the session keeps the database that it has.
-void CheckDatabaseVersion();
-
-/// The working date: the one used last, or the machine's date where the shop wants that; one before the year 2000 only
-/// when the user wants it, too.
-/// Throws RuntimeError (TypeMismatch) when the stored date is none.
-void InitCurrentDate();

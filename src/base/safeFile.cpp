@@ -52,6 +52,19 @@ bool stillStandsAt(const QString &path, int descriptor)
         && named.st_ino == open.st_ino;
 }
 
+/// One that was left behind has the rights that it was left with. The file system of a memory stick knows no rights,
+/// and says so only to the owner.
+bool isOwnerOnly(int descriptor)
+{
+    if (fchmod(descriptor, ownerOnlyFile) == 0)
+        return true;
+    const int code = errno;
+    struct stat state = {};
+    const bool isOwn = fstat(descriptor, &state) == 0 && state.st_uid == geteuid();
+    errno = code;
+    return isOwn && (code == EPERM || code == EOPNOTSUPP || code == ENOSYS);
+}
+
 /// On the disk before the file gets its name: after a power cut it must not lie beside what is not its own.
 void putCompanionsAside(const QString &path)
 {
@@ -114,6 +127,15 @@ void safeFile::copyWhole(const QString &from, const QString &to)
     copy.place();
 }
 
+void safeFile::keepUnder(const QString &path, const QString &other)
+{
+    if (link(encoded(path).constData(), encoded(other).constData()) == 0)
+        return syncFolder(QFileInfo(other).absolutePath());
+    if (errno == EEXIST)
+        fail(u"The file cannot be kept under another name: %1."_s, other);
+    copyWhole(path, other);
+}
+
 void safeFile::syncFolder(const QString &folder)
 {
     const int descriptor = open(encoded(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -139,8 +161,7 @@ UnfinishedFile::UnfinishedFile(const QString &path) : m_path(path), m_name(path 
         if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
             throw RuntimeError(Fault::Locked, m_path, Written::Nothing);
     } while (!stillStandsAt(m_name, m_lock->m_descriptor));
-    // One that was left behind has the rights that it was left with.
-    if (fchmod(m_lock->m_descriptor, ownerOnlyFile) != 0 || ftruncate(m_lock->m_descriptor, 0) != 0)
+    if (!isOwnerOnly(m_lock->m_descriptor) || ftruncate(m_lock->m_descriptor, 0) != 0)
         fail(u"The file cannot be made: %1."_s, m_path);
     QFile::remove(m_name + u"-journal"_s);
 }
@@ -153,11 +174,11 @@ UnfinishedFile::~UnfinishedFile()
     QFile::remove(m_name + u"-journal"_s);
 }
 
-void UnfinishedFile::write(const QByteArray &bytes)
+void UnfinishedFile::write(QByteArrayView bytes)
 {
     for (qsizetype written = 0; written < bytes.size();) {
         const ssize_t count =
-            ::write(m_lock->m_descriptor, bytes.constData() + written, static_cast<size_t>(bytes.size() - written));
+            ::write(m_lock->m_descriptor, bytes.data() + written, static_cast<size_t>(bytes.size() - written));
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
@@ -166,10 +187,15 @@ void UnfinishedFile::write(const QByteArray &bytes)
     }
 }
 
-void UnfinishedFile::makeReady()
+void UnfinishedFile::sync()
 {
     if (fsync(m_lock->m_descriptor) != 0)
         fail(u"The file cannot be written: %1."_s, m_path);
+}
+
+void UnfinishedFile::makeReady()
+{
+    sync();
     putCompanionsAside(m_path);
 }
 

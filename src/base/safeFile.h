@@ -3,6 +3,7 @@
 #include "base/FileLock.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 /// Files that are there whole or not at all, whatever stops the program or the machine in between.
@@ -25,6 +26,11 @@ void writeWhole(const QString &path, const QByteArray &content);
 /// Copies a file to `to`, where nothing may stand yet. On the disk when it returns.
 void copyWhole(const QString &from, const QString &to);
 
+/// Keeps what stands at `path` under `other`, too, where nothing may stand yet: as a second name of it, or as a copy
+/// where the file system knows no second names. On the disk when it returns. The name `path` can then be given to
+/// another file, and at no moment is there neither of the two.
+void keepUnder(const QString &path, const QString &other);
+
 /// Has the names in a folder, and what was moved in it, on the disk.
 void syncFolder(const QString &folder);
 
@@ -43,7 +49,9 @@ public:
     /// Where it stands until it is finished.
     [[nodiscard]] const QString &name() const { return m_name; }
 
-    void write(const QByteArray &bytes);
+    void write(QByteArrayView bytes);
+    /// Has what was written on the disk, for whoever reads it again before it gets its name.
+    void sync();
 
     /// Syncs it and gives it its name, in place of a file that has it. Database companions of that name, which the
     /// engine would take for the file's own and roll into it, are put aside first. REQUIRES: a database that has the

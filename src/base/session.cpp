@@ -1,6 +1,7 @@
 #include "base/session.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,13 @@ QString programPath(QStringView name)
 QString defaultDatabasePath()
 {
     return programPath(u"data%1.mdb"_s.arg(SupportedDatabaseVersion));
+}
+
+bool isDefaultDatabase(const QString &path)
+{
+    const QFileInfo wanted(defaultDatabasePath());
+    const QFileInfo asked(path);
+    return asked.fileName() == wanted.fileName() && asked.dir().canonicalPath() == wanted.dir().canonicalPath();
 }
 
 } // namespace session

@@ -9,7 +9,8 @@ namespace session {
 /// The version that a new database gets and that an opened one must have; the default file's name is taken from it too.
 inline constexpr int SupportedDatabaseVersion = 15;
 
-/// Full path of the shop's database file. Written by start-up, the database choice and the settings screen.
+/// Full path of the shop's database file. Written by start-up, the database choice, the settings screen
+/// and a restore.
 extern QString DBPath;
 
 /// The working date: default date of new documents, and what every status mark stamps. Not the machine's date.
@@ -35,5 +36,7 @@ extern QString ProgramFolder;
 
 /// The file that a shop has unless it chose another: "data15.mdb" under `ProgramFolder`.
 [[nodiscard]] QString defaultDatabasePath();
+/// Whether `path` means that file, however it is written. It may not exist yet.
+[[nodiscard]] bool isDefaultDatabase(const QString &path);
 
 } // namespace session

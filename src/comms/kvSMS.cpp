@@ -4,10 +4,13 @@
 #include "base/values.h"
 #include "store/settings.h"
 #include "ui/Notice.h"
+#include "ui/Progress.h"
 #include "ui/frmMsg.h"
 #include "ui/platformBox.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <limits>
@@ -18,6 +21,14 @@ namespace {
 
 constexpr char endOfMessage = 0x1a;
 constexpr char breakOff = 0x1b;
+
+constexpr auto finished = "OK";
+constexpr auto refused = "ERROR";
+constexpr auto prompt = ">";
+constexpr int shortWait = 3000;
+/// The network may take its time.
+constexpr int longWait = 30'000;
+constexpr int lookEvery = 50;
 
 /// The text as the modem takes it: what would end or break off the message within it is left out.
 QByteArray messageBytes(const QString &message)
@@ -64,9 +75,52 @@ bool kvSMS::sendAtShopPort(const QString &mobile, const QString &message)
         ShowMessage(u"Modem Com Port Error!\r\nSMS Sending has been Failed."_s);
         return false;
     }
-    // A number that no port can have is none, which the device tells as any other failure of it.
-    const double number = Val(port);
-    qint16 portNumber = std::abs(number) > std::numeric_limits<qint16>::max() ? qint16(0) : Int16(number);
+    qint16 portNumber = portOf(port);
     SendSMS(portNumber, mobile, message);
     return true;
+}
+
+qint16 kvSMS::portOf(const QString &text)
+{
+    // The device tells of it as of any other failure.
+    const double number = Val(text);
+    return std::abs(number) > std::numeric_limits<qint16>::max() ? qint16(0) : Int16(number);
+}
+
+QString kvSMS::answerTo(qint16 port, const QString &number, const QString &message)
+{
+    QByteArray said;
+    try {
+        m_port.close();
+        m_port.open(port);
+        said = ask("AT+CMGF=1\r", finished, shortWait);
+        if (!number.isEmpty() && said.contains(finished)) {
+            const QByteArray prompted = ask("AT+CMGS=\"" + dialled(number).toLatin1() + "\"\r", prompt, shortWait);
+            said += prompted;
+            if (prompted.contains(prompt))
+                said += ask(messageBytes(message) + endOfMessage, finished, longWait);
+            else
+                m_port.write(QByteArray(1, breakOff));
+        }
+        m_port.close();
+    } catch (const RuntimeError &error) {
+        return error.text();
+    }
+    QStringList lines = QString::fromLatin1(said).split(QRegularExpression(u"[\r\n]+"_s), Qt::SkipEmptyParts);
+    lines.removeAll(QLatin1StringView(prompt) + u' ');
+    return lines.isEmpty() ? u"The modem did not answer."_s : lines.join(u'\n');
+}
+
+/// Writes the bytes and gathers what comes until `end` has come, or the modem refuses, or the time is over.
+QByteArray kvSMS::ask(const QByteArray &bytes, QByteArrayView end, int milliseconds)
+{
+    Progress progress(u"Waiting for the modem's answer..."_s);
+    m_port.write(bytes);
+    QElapsedTimer waited;
+    waited.start();
+    QByteArray said;
+    while (!said.contains(end) && !said.contains(refused) && waited.elapsed() < milliseconds
+        && progress.at(waited.elapsed(), milliseconds))
+        said += m_port.read(lookEvery);
+    return said;
 }

@@ -22,9 +22,18 @@ public:
     /// True where it came so far, whatever the port made of it.
     bool sendAtShopPort(const QString &mobile, const QString &message);
 
+    /// Hands the message over as `SendSMS` does, but listens to the modem, and gives what it answered, a line each; in
+    /// words where it said nothing, or where the port failed. Without a number the modem is only asked whether it
+    /// takes texts, and nothing is sent. Shows how long it waits, and lets the user break off.
+    [[nodiscard]] QString answerTo(qint16 port, const QString &number, const QString &message);
+
+    /// The port that a text names; 0, which no port can be, where the number is none that a port can have.
+    [[nodiscard]] static qint16 portOf(const QString &text);
     /// What the modem gets for `number`.
     [[nodiscard]] static QString dialled(const QString &number);
 
 private:
+    [[nodiscard]] QByteArray ask(const QByteArray &bytes, QByteArrayView end, int milliseconds);
+
     SerialPort m_port;
 };

@@ -118,6 +118,14 @@ void SerialPort::write(const QByteArray &bytes)
     m_millisecondsLeft -= clock.elapsed();
 }
 
+QByteArray SerialPort::read(int milliseconds)
+{
+    if (m_port->bytesAvailable() == 0 && !m_port->waitForReadyRead(milliseconds)
+        && m_port->error() != QSerialPort::NoError && m_port->error() != QSerialPort::TimeoutError)
+        fail();
+    return m_port->readAll();
+}
+
 void SerialPort::fail()
 {
     const QSerialPort::SerialPortError error = m_port->error();

@@ -13,8 +13,8 @@ class QSerialPort;
 /// that exists, so 1 is the first modem on USB or, without one, the first port on the machine's back. The environment
 /// variable CORVANE_MODEM names a device that stands for every number.
 ///
-/// What the device sends is never read; it is dropped. Each failure is a RuntimeError (DeviceFault) with the system's
-/// own words, and with the device's name where it is not there, or not there any more.
+/// What the device sends is dropped, but for what `read` gets. Each failure is a RuntimeError (DeviceFault) with the
+/// system's own words, and with the device's name where it is not there, or not there any more.
 class SerialPort {
 public:
     SerialPort();
@@ -31,6 +31,8 @@ public:
     /// Hands the bytes to the device. The bytes written since `open` have two seconds in all, so that a modem that
     /// hangs does not hang the program: then the rest is dropped and it fails.
     void write(const QByteArray &bytes);
+    /// What the device has sent since the last write, waiting so long for it; empty where nothing came.
+    [[nodiscard]] QByteArray read(int milliseconds);
 
     /// The device that a number means at this moment.
     [[nodiscard]] static QString deviceOf(int number);

@@ -6,18 +6,11 @@
 #include "ui/frmMsg.h"
 #include "ui/kvTextBox.h"
 #include "ui/language.h"
-#include "ui/theme.h"
 
 #include <QGridLayout>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr double hintSize = 0.85;
-
-} // namespace
 
 MasterEditor::MasterEditor(const QString &name, masterRows::Kind kind)
     : Screen(name), txtName(new kvTextBox(u"txtName"_s)), Command1(new Command(u"Command1"_s, u"&Save"_s)),
@@ -32,19 +25,6 @@ MasterEditor::MasterEditor(const QString &name, masterRows::Kind kind)
     connect(Command2, &Command::clicked, this, [this] { deleteRow(); });
 }
 
-QLabel *MasterEditor::hint(const QString &text)
-{
-    auto *label = new QLabel(text);
-    label->setWordWrap(true);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * hintSize);
-    label->setFont(font);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, theme::muted());
-    label->setPalette(palette);
-    return label;
-}
-
 void MasterEditor::addField(QGridLayout *grid, const QString &caption, QWidget *field, const QString &hintText)
 {
     const int row = grid->rowCount();
@@ -52,7 +32,7 @@ void MasterEditor::addField(QGridLayout *grid, const QString &caption, QWidget *
     if (hintText.isEmpty())
         return;
     // Close under its field.
-    auto *below = hint(hintText);
+    auto *below = hintLabel(hintText);
     below->setContentsMargins(2, -grid->verticalSpacing() / 2, 0, 0);
     grid->addWidget(below, row + 1, 1);
 }

@@ -23,7 +23,6 @@ protected:
     static void addField(QGridLayout *grid, const QString &caption, QWidget *field, const QString &hintText = {});
     /// Gives the room that is left to the fields' width, and below the last row. REQUIRES: all rows are there.
     static void stretch(QGridLayout *grid);
-    [[nodiscard]] static QLabel *hint(const QString &text);
     /// The heading above and the commands below what a screen lays out between them.
     void buildFrame(QLayout *content);
     /// Makes a field that shows and writes `column` as it is.

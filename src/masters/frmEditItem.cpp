@@ -96,7 +96,8 @@ QLayout *frmEditItem::buildTemplate()
     auto *column = new QVBoxLayout;
     column->addWidget(caption);
     column->addWidget(txtItemDetails, 1);
-    column->addWidget(hint(u"Enter Field name line by line, if field has default value, enter field name and ="_s));
+    column->addWidget(
+        hintLabel(u"Enter Field name line by line, if field has default value, enter field name and ="_s));
     return column;
 }
 

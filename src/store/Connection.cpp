@@ -12,6 +12,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <utility>
 
@@ -46,7 +47,7 @@ int placeOfFollowed(const char *table)
 
 quint64 nextStamp()
 {
-    static quint64 stamp = 0;
+    static std::atomic<quint64> stamp = 0;
     return ++stamp;
 }
 
@@ -292,6 +293,15 @@ void Connection::openReadOnly(const QString &path)
     closeOnFailure.dismiss();
 }
 
+void Connection::openReadOnly(const UnfinishedFile &file)
+{
+    openHandle(file.name(), SQLITE_OPEN_READONLY);
+    auto closeOnFailure = qScopeGuard([this] { close(); });
+    unlock();
+    proveReadable(file.name());
+    closeOnFailure.dismiss();
+}
+
 void Connection::openPlain(const QString &path)
 {
     const QFileInfo file(path);
@@ -399,6 +409,27 @@ void Connection::close()
     // After the engine has let go of the file: whoever comes next may be alone with it.
     m_lock.reset();
     noteAnyWrite();
+}
+
+QByteArray Connection::content()
+{
+    define(u"begin"_s);
+    const auto end = qScopeGuard([this] { sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr); });
+    // The first read shuts others' writes out.
+    Statement(*this, "select count(*) from sqlite_master", {}, m_path).step();
+    // Through the engine's own descriptor: closing another one would drop its locks.
+    sqlite3_file *file = nullptr;
+    sqlite3_file_control(m_database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    sqlite3_int64 size = 0;
+    int code = file->pMethods->xFileSize(file, &size);
+    QByteArray bytes(size, Qt::Uninitialized);
+    constexpr sqlite3_int64 pieceSize = 1 << 20;
+    for (sqlite3_int64 done = 0; code == SQLITE_OK && done < size; done += pieceSize)
+        code =
+            file->pMethods->xRead(file, bytes.data() + done, static_cast<int>(std::min(pieceSize, size - done)), done);
+    if (code != SQLITE_OK)
+        fail(code, m_path, false);
+    return bytes;
 }
 
 int Connection::execute(const QString &statement)

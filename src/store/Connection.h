@@ -47,6 +47,10 @@ public:
     /// CannotOpen where an unfinished write would have to be taken back first.
     void openReadOnly(const QString &path);
 
+    /// The same for a file in the making, which its maker alone has. Other than all else of the store this may be done
+    /// in another thread, with a connection of its own and plain statements (`Statement`).
+    void openReadOnly(const UnfinishedFile &file);
+
     /// Opens a database that has no password and isn't a shop's, for reading only. Throws as `open` does.
     void openPlain(const QString &path);
 
@@ -57,6 +61,13 @@ public:
     /// Without effect when closed. A group that is open goes back. Never throws.
     void close();
     [[nodiscard]] bool isOpen() const { return m_database != nullptr; }
+
+    /// Whether no group is open, so that the file can be read as a whole.
+    [[nodiscard]] bool isAtRest() const { return isOpen() && !m_inGroup; }
+    /// The bytes of the file at one moment, at which nobody writes to it: the same bytes are the same shop. A write
+    /// that another program left unfinished is taken back first. Throws RuntimeError as reading does. REQUIRES:
+    /// `isAtRest`.
+    [[nodiscard]] QByteArray content();
 
     /// Runs a statement that gives no rows. Returns the number of rows that it changed. On a failure nothing of it is
     /// done.

@@ -17,6 +17,8 @@
 #include <QSet>
 #include <QTemporaryDir>
 
+#include <sqlite3.h>
+
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
@@ -309,12 +311,14 @@ fileCheck::Report unreadable(const QString &why)
     return report;
 }
 
-fileCheck::Report checkInPlace(const QString &path)
+/// `file` is a path or a file in the making.
+template <typename File>
+fileCheck::Report checkInPlace(const File &file)
 {
     fileCheck::Report report;
     try {
         Connection connection;
-        connection.openReadOnly(path);
+        connection.openReadOnly(file);
         // One transaction over all: other programs' writes wait.
         connection.define(u"begin"_s);
         const QStringList damages = damagesOf(connection);
@@ -352,7 +356,69 @@ fileCheck::Report checkCopy(const QString &file, std::shared_ptr<FileLock> lock)
     return report;
 }
 
+/// Reads a statement of the engine's own language and gives each row to `take`.
+template <typename Take>
+void readRows(Connection &connection, const QByteArray &sql, Take take)
+{
+    Connection::Statement rows(connection, sql, {}, {});
+    while (rows.step())
+        take(rows.handle());
+}
+
+QString textAt(sqlite3_stmt *row, int column)
+{
+    return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(row, column)));
+}
+
+int isStopped(void *stop)
+{
+    return *static_cast<const std::atomic_bool *>(stop) ? 1 : 0;
+}
+
+void stopWith(Connection &connection, const std::atomic_bool &stop)
+{
+    constexpr int stepsBetween = 10'000;
+    const Connection::Statement any(connection, "select 1", {}, {});
+    sqlite3_progress_handler(
+        sqlite3_db_handle(any.handle()), stepsBetween, isStopped, const_cast<std::atomic_bool *>(&stop));
+}
+
+void lookAtPages(Connection &connection, fileCheck::Holding &holding)
+{
+    readRows(connection, "PRAGMA integrity_check", [&holding](sqlite3_stmt *row) {
+        if (textAt(row, 0) != u"ok")
+            holding.failure = RuntimeError(Fault::Damaged).text();
+    });
+}
+
 } // namespace
+
+fileCheck::Report fileCheck::check(const UnfinishedFile &file)
+{
+    return checkInPlace(file);
+}
+
+fileCheck::Holding fileCheck::look(const UnfinishedFile &file, Pages pages, const std::atomic_bool &stop)
+{
+    Holding holding;
+    try {
+        Connection connection;
+        connection.openReadOnly(file);
+        stopWith(connection, stop);
+        readRows(connection, "select VALUE from Settings where SETTING='16'",
+            [&holding](sqlite3_stmt *row) { holding.version = Val(textAt(row, 0)); });
+        readRows(connection, "select count(*), max(DATE) from JOBS", [&holding](sqlite3_stmt *row) {
+            holding.cards = sqlite3_column_int(row, 0);
+            if (const auto last = readDateTime(textAt(row, 1)))
+                holding.lastCard = last->date();
+        });
+        if (pages == Pages::All)
+            lookAtPages(connection, holding);
+    } catch (const RuntimeError &error) {
+        holding.failure = error.text();
+    }
+    return holding;
+}
 
 fileCheck::Report fileCheck::agreement(Connection &connection)
 {

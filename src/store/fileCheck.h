@@ -3,7 +3,10 @@
 #include <QDate>
 #include <QStringList>
 
+#include <atomic>
+
 class Connection;
+class UnfinishedFile;
 
 /// A look at a whole shop file: whether it can be opened, whether its pages are sound, and whether what belongs
 /// together in it agrees: the rows, total and postings of each job card, the legs of each voucher, the numbers that
@@ -37,7 +40,25 @@ struct Report {
 /// moment; other programs' writes wait meanwhile. Never throws: a fault is the report's `failure`.
 [[nodiscard]] Report check(const QString &path);
 
-/// The same look at what an open file holds, its pages left out. Throws RuntimeError as reading does.
+/// The same of a file in the making.
+[[nodiscard]] Report check(const UnfinishedFile &file);
+
+/// What is to be known of a file before anything is done with it.
+struct Holding {
+    /// Why it cannot be read, or that its pages are damaged; empty where all is well.
+    QString failure;
+    /// Of the shop's tables, as a number; 0 where none stands there.
+    double version = 0;
+    int cards = 0;
+    /// The latest booking date; none where there is no card.
+    QDate lastCard;
+};
+enum class Pages { Few, All };
+/// Looks into a file in the making, with `Pages::All` at each of its pages. May run in another thread; setting `stop`
+/// ends it soon, with any answer. Never throws.
+[[nodiscard]] Holding look(const UnfinishedFile &file, Pages pages, const std::atomic_bool &stop);
+
+/// The look of `check` at what an open file holds, its pages left out. Throws RuntimeError as reading does.
 [[nodiscard]] Report agreement(Connection &connection);
 
 } // namespace fileCheck

@@ -5,7 +5,6 @@
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <array>
@@ -278,14 +277,6 @@ void addDefaultAccounts(Recordset &accounts)
     accounts.close();
 }
 
-/// Whether two paths mean the same file, which may not exist yet.
-bool isSamePlace(const QString &a, const QString &b)
-{
-    const QFileInfo first(a);
-    const QFileInfo second(b);
-    return first.fileName() == second.fileName() && first.dir().canonicalPath() == second.dir().canonicalPath();
-}
-
 void makeFile(const QString &path, bool asShop)
 {
     if (QFileInfo::exists(path))
@@ -311,7 +302,7 @@ void makeFile(const QString &path, bool asShop)
 std::optional<RuntimeError> CreateDatabase(const std::function<void()> &openDatabase)
 {
     try {
-        const bool asShop = isSamePlace(session::DBPath, session::defaultDatabasePath());
+        const bool asShop = session::isDefaultDatabase(session::DBPath);
         makeFile(session::DBPath, asShop);
         session::DBPath = session::defaultDatabasePath();
         openDatabase();

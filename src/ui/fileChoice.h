@@ -10,4 +10,10 @@ namespace fileChoice {
 /// Empty where the user cancelled.
 [[nodiscard]] QString save(const QString &title, const QString &suggestion, const QString &kind, const QString &suffix);
 
+/// Asks for a file that is there. Empty where the user cancelled.
+[[nodiscard]] QString open(const QString &title, const QString &kind);
+
+/// Asks for a folder, beginning in `start`. Empty where the user cancelled.
+[[nodiscard]] QString folder(const QString &title, const QString &start);
+
 } // namespace fileChoice

@@ -1,5 +1,7 @@
 #include "ui/formFields.h"
 
+#include "ui/theme.h"
+
 #include <QAbstractItemView>
 #include <QBoxLayout>
 #include <QComboBox>
@@ -36,6 +38,20 @@ QHBoxLayout *captionedRow(const QList<std::pair<QString, QWidget *>> &fields)
         row->addWidget(field);
     }
     return row;
+}
+
+QLabel *hintLabel(const QString &text)
+{
+    constexpr double size = 0.85;
+    auto *label = new QLabel(text);
+    label->setWordWrap(true);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * size);
+    label->setFont(font);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, theme::muted());
+    label->setPalette(palette);
+    return label;
 }
 
 void nameAloud(QWidget *control, const QString &caption)

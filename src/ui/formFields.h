@@ -20,6 +20,9 @@ void addField(QGridLayout &grid, int row, const QString &caption, QWidget *field
 /// Fields side by side, each behind its caption, with a gap before the next.
 [[nodiscard]] QHBoxLayout *captionedRow(const QList<std::pair<QString, QWidget *>> &fields);
 
+/// A smaller line that explains what stands above it; it takes as many lines as it needs.
+[[nodiscard]] QLabel *hintLabel(const QString &text);
+
 /// What a screen reader says for `control`: the caption without its signs. A control that stands for another one, being
 /// its focus proxy, passes it on.
 void nameAloud(QWidget *control, const QString &caption);

@@ -2,6 +2,7 @@
 
 #include "StartFolder.h"
 #include "app/MorningGlance.h"
+#include "app/SafetyCopier.h"
 #include "app/startup.h"
 #include "base/session.h"
 #include "store/DataEnvironment.h"
@@ -48,6 +49,7 @@ private slots:
     void everyCommandHasItsCaption_data();
     void everyCommandHasItsCaption();
     void aboutTellsTheVersions();
+    void aSafetyCopyThatFailsIsTold();
 };
 
 namespace {
@@ -296,6 +298,9 @@ void MainTest::commandsLeadToTheirScreens_data()
     QTest::newRow("Masters") << 'm' << u"frmMasters"_s;
     QTest::newRow("Reports") << 's' << u"frmMenu"_s;
     QTest::newRow("About") << 'a' << u"frmAbout"_s;
+    // By Tab, as they have no letter.
+    QTest::newRow("Shop Info") << '5' << u"frmShopINFO"_s;
+    QTest::newRow("Settings") << '7' << u"frmSettings"_s;
 }
 
 void MainTest::commandsLeadToTheirScreens()
@@ -309,7 +314,14 @@ void MainTest::commandsLeadToTheirScreens()
             QVERIFY(screen.screen()->availableGeometry().contains(opened.frameGeometry()));
             press(Qt::Key_Escape);
         });
-        accessKey(key);
+        if (key > '9') {
+            accessKey(key);
+        } else {
+            for (int keys = 0; keys < 12 && screen.focusWidget()->objectName() != u"Command"_s + QLatin1Char(key);
+                 ++keys)
+                press(Qt::Key_Tab);
+            press(Qt::Key_Return);
+        }
         QVERIFY(script.isDone());
         QVERIFY(screen.isVisible());
         // No command keeps the keyboard, so that Enter opens nothing by accident.
@@ -359,7 +371,7 @@ void MainTest::everyCommandHasItsCaption_data()
     QTest::newRow("main screen")
         << ' '
         << u"cmdCreateJOB &New Job Card|cmdCreateNewClint &Masters|Command2 JOB &Register|Command8 Report&s|"
-           "-Command5 Shop Info|-Command7 Settings|Command4 &About Corvane"_s;
+           "Command5 Shop Info|Command7 Settings|Command4 &About Corvane"_s;
     QTest::newRow("masters")
         << 'm' << u"cmdCreateNewClint &Clients|Command1 &Workers|Command3 &Items|Command2 &Accounts|Command8 Back"_s;
     QTest::newRow("reports")
@@ -418,6 +430,21 @@ void MainTest::aboutTellsTheVersions()
         });
         accessKey('a');
         QVERIFY(script.isDone());
+    }));
+}
+
+void MainTest::aSafetyCopyThatFailsIsTold()
+{
+    ReadyShop shop;
+    shop.write(u"copies"_s, "a file has the name");
+    QVERIFY(runProgram([&](frmMain &screen) {
+        auto &copier = *screen.findChild<SafetyCopier *>();
+        const auto &told = control<QLabel>(screen, "lblCopies");
+        copier.look();
+        QTRY_COMPARE(told.text(), u"No safety copy: The folder for the copies cannot be made."_s);
+        QVERIFY(QFile::remove(shop.path(u"copies"_s)));
+        QTRY_VERIFY((copier.look(), told.text().isEmpty()));
+        QVERIFY(QFile::exists(shop.path(u"copies/data15-20260601.mdb"_s)));
     }));
 }
 
