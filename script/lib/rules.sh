@@ -32,6 +32,7 @@ catchers=(
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
     src/reports/reportOutput.cpp  # a PDF that cannot be written where the user chose is told, and the page stays
     src/production/printAssignment.cpp  # a table of translations that cannot be read is told, and the slip is in English
+    src/pictures/Thumbnails.cpp   # a picture that cannot be loaded gets a sign, and the list goes on
     src/app/frmMain.cpp           # a wallpaper that cannot be shown is left out
 )
 
