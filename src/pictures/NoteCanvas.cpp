@@ -79,6 +79,8 @@ QRectF NoteCanvas::place() const
         shown.scale(size(), Qt::KeepAspectRatio);
     QRectF place(QPointF(), shown);
     place.moveCenter(QRectF(rect()).center());
+    // Between two points of the monitor it would be blurred.
+    place.moveTopLeft(place.topLeft().toPoint());
     return place;
 }
 

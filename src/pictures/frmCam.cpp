@@ -24,6 +24,7 @@ frmCam::frmCam() : Screen(u"frmCam"_s, u"Capture Picture from Web Cam"_s)
     setEntryKeys(EnterMovesOn);
     for (Command *command : {Command1, Command2, Command3, Command4})
         keepEnter(command);
+    Command1->setFocus();
     listCameras();
 }
 

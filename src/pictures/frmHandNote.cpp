@@ -42,7 +42,7 @@ void frmHandNote::buildForm()
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(picCanvas, 1);
     whole->addLayout(commands);
-    resize(924, 610);
+    resize(sizeHint());
     chainTabs({Command1, Command2, cmdUndo, Command3, Command4, Command5});
 }
 

@@ -10,6 +10,7 @@
 #include "ui/NameLabel.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
+#include "ui/entryFilters.h"
 #include "ui/fieldTip.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBox.h"
@@ -31,6 +32,17 @@ namespace {
 
 const QString cancelled = u"Cancel"_s;
 const QString above = u".."_s;
+
+/// Nothing is chosen by merely coming to it.
+class PictureList : public QListView {
+protected:
+    void focusInEvent(QFocusEvent *event) override
+    {
+        QListView::focusInEvent(event);
+        if (!selectionModel()->hasSelection())
+            selectionModel()->clearCurrentIndex();
+    }
+};
 
 /// A list of names: the same rows as the thumbnails, without them.
 class NamesOnly : public QStyledItemDelegate {
@@ -146,7 +158,7 @@ QLayout *frmSelectFile::buildPlaces()
 /// Two views on the same files, of which one is chosen in both.
 void frmSelectFile::buildPictures()
 {
-    preview = new QListView;
+    preview = new PictureList;
     preview->setObjectName(u"preview"_s);
     preview->setModel(thumbs);
     preview->setViewMode(QListView::IconMode);
@@ -158,7 +170,7 @@ void frmSelectFile::buildPictures()
     preview->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     preview->setItemDelegate(new NameAndReason(preview));
     nameAloud(preview, u"Pictures"_s);
-    m_files = new QListView;
+    m_files = new PictureList;
     m_files->setObjectName(u"files"_s);
     m_files->setModel(thumbs);
     m_files->setUniformItemSizes(true);
@@ -184,10 +196,14 @@ void frmSelectFile::connectCommands()
     onKey(Qt::CTRL | Qt::Key_R, u"Remember Location"_s, [this] { Command2->trigger(); });
     onKey(Qt::Key_F5, u"Read the folder again"_s, [this] { enter(m_folder); });
 
+    txtfilename->setAutoTab(false);
+    onEnter(txtfilename, [this] { select(); });
     connect(m_drives, &QComboBox::currentIndexChanged, this, [this] { enter(m_drives->currentData().toString()); });
     connect(m_directories, &QListWidget::itemDoubleClicked, this, &frmSelectFile::enterChosen);
     connect(cmbFIletype, &QComboBox::currentIndexChanged, this, &frmSelectFile::refresh);
+    // A click makes current first, a key chooses first.
     connect(preview->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmSelectFile::showCurrent);
+    connect(preview->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmSelectFile::showCurrent);
     connect(preview, &QListView::doubleClicked, this, &frmSelectFile::openCurrent);
     connect(m_files, &QListView::doubleClicked, this, &frmSelectFile::select);
     connect(preview->verticalScrollBar(), &QScrollBar::valueChanged, this, &frmSelectFile::lookAtVisible);
@@ -276,7 +292,7 @@ void frmSelectFile::showProgress(int done, int total)
 void frmSelectFile::showCurrent()
 {
     const QModelIndex current = preview->currentIndex();
-    if (current.isValid())
+    if (preview->selectionModel()->isSelected(current))
         txtfilename->setText(thumbs->nameOf(current.row()));
     const QString reason = thumbs->reasonOf(current.row());
     if (!reason.isEmpty())

@@ -74,7 +74,7 @@ pictureFile::Read pictureFile::read(const QString &path, const QSize &room)
         reader.setScaledSize(fitting.expandedTo({1, 1}));
     const QImage picture = reader.read();
     if (picture.isNull())
-        return {{}, u"The picture is damaged"_s};
+        return {{}, whole.isValid() ? u"The picture is damaged"_s : u"It is damaged, or too large"_s};
     return {picture, {}};
 }
 

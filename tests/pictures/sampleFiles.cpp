@@ -29,18 +29,26 @@ void sampleFiles::writePhoto(const QString &path, const QSize &size, int orienta
     writeContent(path, content);
 }
 
-void sampleFiles::writeLargeHeader(const QString &path, const QSize &size)
+void sampleFiles::writeHeader(const QString &path, const QByteArray &kind, const QSize &size)
 {
-    QByteArray content("BM", 54);
-    content.fill('\0', 54);
-    content[0] = 'B';
-    content[1] = 'M';
-    qToLittleEndian<qint32>(54, content.data() + 10);
-    qToLittleEndian<qint32>(40, content.data() + 14);
-    qToLittleEndian<qint32>(size.width(), content.data() + 18);
-    qToLittleEndian<qint32>(size.height(), content.data() + 22);
-    qToLittleEndian<qint16>(1, content.data() + 26);
-    qToLittleEndian<qint16>(24, content.data() + 28);
+    QByteArray content(54, '\0');
+    if (kind == "GIF") {
+        content.replace(0, 6, "GIF89a");
+        // Then comes its first picture.
+        content[13] = ',';
+        for (const int place : {6, 18}) {
+            qToLittleEndian(static_cast<quint16>(size.width()), content.data() + place);
+            qToLittleEndian(static_cast<quint16>(size.height()), content.data() + place + 2);
+        }
+    } else {
+        content.replace(0, 2, "BM");
+        qToLittleEndian<qint32>(54, content.data() + 10);
+        qToLittleEndian<qint32>(40, content.data() + 14);
+        qToLittleEndian<qint32>(size.width(), content.data() + 18);
+        qToLittleEndian<qint32>(size.height(), content.data() + 22);
+        qToLittleEndian<qint16>(1, content.data() + 26);
+        qToLittleEndian<qint16>(24, content.data() + 28);
+    }
     writeContent(path, content);
 }
 

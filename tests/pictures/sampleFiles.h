@@ -10,8 +10,8 @@ namespace sampleFiles {
 [[nodiscard]] QImage halves(const QSize &size);
 /// A JPEG of `halves` whose camera noted that it was held so: 1 upright, 6 with its left edge up.
 void writePhoto(const QString &path, const QSize &size, int orientation = 1);
-/// The beginning of a bitmap that says to be that large.
-void writeLargeHeader(const QString &path, const QSize &size);
+/// The beginning of a picture of that kind, "BMP" or "GIF", that says to be that large.
+void writeHeader(const QString &path, const QByteArray &kind, const QSize &size);
 /// Two pictures in one file, a red and a blue one.
 void writeAnimation(const QString &path);
 

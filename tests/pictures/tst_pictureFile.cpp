@@ -38,6 +38,7 @@ void PictureFileTest::whatIsNoPictureSaysWhy_data()
     QTest::newRow("folder") << u"folder"_s << u"It is a folder"_s;
     QTest::newRow("pipe") << u"pipe"_s << u"It is no file"_s;
     QTest::newRow("large") << u"large"_s << u"It is too large: 30000 x 30000 points"_s;
+    QTest::newRow("larger than its kind can be") << u"largest"_s << u"It is damaged, or too large"_s;
     QTest::newRow("cut") << u"cut"_s << u"The picture is damaged"_s;
 }
 
@@ -56,9 +57,11 @@ void PictureFileTest::whatIsNoPictureSaysWhy()
     else if (kind == u"pipe")
         QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
     else if (kind == u"large")
-        sampleFiles::writeLargeHeader(path, {30000, 30000});
+        sampleFiles::writeHeader(path, "GIF", {30000, 30000});
+    else if (kind == u"largest")
+        sampleFiles::writeHeader(path, "BMP", {30000, 30000});
     else if (kind == u"cut")
-        sampleFiles::writeLargeHeader(path, {30, 30});
+        sampleFiles::writeHeader(path, "BMP", {30, 30});
     const pictureFile::Read read = pictureFile::read(path, {100, 100});
     QVERIFY(read.picture.isNull());
     QCOMPARE(read.problem, problem);
