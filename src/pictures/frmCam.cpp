@@ -144,6 +144,6 @@ void frmCam::showState()
         lblStatus->setText(u"The picture is taken. Esc closes, F5 starts the camera for another one."_s);
     else
         lblStatus->setText(m_snap->isOn() ? QString() : u"F5 starts the camera."_s);
-    if (Command4->isEnabled() && Command1->hasFocus())
+    if (Command4->isEnabled() && focusWidget() == Command1)
         Command4->setFocus();
 }
