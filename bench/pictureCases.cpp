@@ -115,7 +115,7 @@ Case allThumbnails(const std::shared_ptr<Album> &album)
 
 Case firstThumbnail(const std::shared_ptr<Album> &album)
 {
-    Case work{u"first thumbnail of 200 photos of 12 megapixels"_s, 2.0};
+    Case work{u"first thumbnail of 200 photos of 12 megapixels"_s, 3.0};
     work.most = std::chrono::milliseconds(100);
     work.ours = [album] {
         album->make();

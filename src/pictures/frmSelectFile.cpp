@@ -64,18 +64,28 @@ class NameAndReason : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const override
+    {
+        constexpr int around = 12;
+        return {Thumbnails::side + textBeside, Thumbnails::side + 2 * option.fontMetrics.height() + around};
+    }
+
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
+        option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
         const QString reason = index.data(Thumbnails::ReasonRole).toString().section(u'\n', -1);
         const auto fitted = [option](const QString &text) {
-            return option->fontMetrics.elidedText(text, Qt::ElideMiddle, Thumbnails::side + 24);
+            return option->fontMetrics.elidedText(text, Qt::ElideMiddle, Thumbnails::side + textBeside / 2);
         };
         option->text = fitted(option->text);
         if (!reason.isEmpty())
             option->text += QChar::LineSeparator + fitted(reason);
     }
+
+private:
+    static constexpr int textBeside = 32;
 };
 
 } // namespace
@@ -166,7 +176,7 @@ void frmSelectFile::buildPictures()
     preview->setResizeMode(QListView::Adjust);
     preview->setUniformItemSizes(true);
     preview->setIconSize({Thumbnails::side, Thumbnails::side});
-    preview->setGridSize({Thumbnails::side + 36, Thumbnails::side + 2 * fontMetrics().height() + 18});
+    preview->setSpacing(4);
     preview->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     preview->setItemDelegate(new NameAndReason(preview));
     nameAloud(preview, u"Pictures"_s);
@@ -174,6 +184,8 @@ void frmSelectFile::buildPictures()
     m_files->setObjectName(u"files"_s);
     m_files->setModel(thumbs);
     m_files->setUniformItemSizes(true);
+    m_files->setTextElideMode(Qt::ElideMiddle);
+    m_files->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_files->setItemDelegate(new NamesOnly(m_files));
     delete m_files->selectionModel();
     m_files->setSelectionModel(preview->selectionModel());
