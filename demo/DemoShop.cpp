@@ -1,5 +1,6 @@
 #include "DemoShop.h"
 
+#include "accounts/payrolls.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "demoData.h"
@@ -9,6 +10,8 @@
 #include "store/codes.h"
 #include "store/lookups.h"
 #include "store/settings.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +33,9 @@ void DemoShop::fill()
         addWorkers();
         addClients();
         bookCards();
+        keepBooks();
+        enterVouchers();
+        payWorkers();
         SaveSetting(setting::WorkingDate, DateText(lastDay));
         SaveSetting(setting::DefaultFromDate, DateText(lastDay.addDays(-21)));
         SaveSetting(setting::DeliveryMargin, u"10"_s);
@@ -299,33 +305,76 @@ void DemoShop::settle(int jobID, const QString &client, QDate day, double due)
 
 void DemoShop::receive(const QString &client, QDate day, double amount)
 {
-    if (amount <= 0)
-        return;
-    constexpr int voucher = 2;
-    const qint32 clientID = GetAccountID(client);
-    const qint32 cashID = GetAccountID(u"Cash"_s);
-    Recordset &postings = DE().rspostings;
-    postings.reopen(u"Select * from Postings where vtype=2 and sr=1 order by vID"_s);
-    postings.moveLast();
-    const int number = postings.eof() ? 1 : postings.integer(u"vid") + 1;
-    struct Leg {
-        qint32 account;
-        qint32 otherSide;
-        double amount;
-    };
-    int serial = 0;
-    for (const Leg &leg : {Leg{clientID, cashID, amount}, Leg{cashID, clientID, -amount}}) {
-        postings.addNew();
-        postings.set(u"vType", voucher);
-        postings.set(u"VID", number);
-        postings.set(u"Sr", ++serial);
-        postings.set(u"particulars", u"Receipt"_s);
-        postings.set(u"Date", day);
-        postings.set(u"accID", leg.account);
-        postings.set(u"refID", leg.otherSide);
-        postings.set(u"Remark", QString());
-        postings.set(u"Amount", leg.amount);
-        postings.update();
+    if (amount > 0)
+        note({.kind = u"Receipt"_s, .mainAccount = client, .remark = {}, .amount = amount}, day);
+}
+
+void DemoShop::note(const demoData::Entry &entry, QDate day)
+{
+    m_vouchers.push_back({.kind = entry.kind,
+        .date = day,
+        .mainAccount = entry.mainAccount,
+        .otherAccount = entry.otherAccount,
+        .remark = entry.remark,
+        .amount = NumberText(entry.amount)});
+}
+
+/// Each month's bills, and on the last day, which ends the half year, all that was put off.
+void DemoShop::keepBooks()
+{
+    for (QDate day = firstDay.addMonths(1).addDays(-1); day <= lastDay; day = day.addDays(1).addMonths(1).addDays(-1)) {
+        for (const demoData::Entry &entry : demoData::monthlyEntries())
+            note(entry, day);
     }
-    postings.close();
+    for (const demoData::Entry &entry : demoData::lastDayEntries())
+        note(entry, lastDay);
+    for (const QString &worker : m_workers)
+        note({.kind = u"Payment"_s, .mainAccount = worker, .remark = u"Advance"_s, .amount = 100.0 * pick(2, 9)},
+            lastDay);
+}
+
+/// Day by day, as they came about.
+void DemoShop::enterVouchers()
+{
+    std::ranges::stable_sort(m_vouchers, {}, &vouchers::Voucher::date);
+    for (vouchers::Voucher &voucher : m_vouchers) {
+        voucher.number = vouchers::GetNewNum();
+        vouchers::SaveNew(voucher);
+    }
+    m_vouchers.clear();
+}
+
+void DemoShop::payWorkers()
+{
+    const QDate august(2011, 8, 1);
+    payWorker(u"Babu Lal"_s, august, august.addMonths(1).addDays(-1));
+    payWorker(u"Kishan Chand"_s, august, august.addMonths(1).addDays(-1));
+}
+
+/// A payroll credits the wages of its last garment; the rest is written by hand, and all of it paid.
+void DemoShop::payWorker(const QString &worker, QDate from, QDate to)
+{
+    Recordset &garments = DE().rsJOBS_DETAIL;
+    garments.reopen(u"Select * from jobs_detail where WorkerID=%1 and CompletedDate between #%2# and #%3#"_s
+                        .arg(GetAccountID(worker))
+                        .arg(DayMonthYear(from), DayMonthYear(to)));
+    payrolls::Payroll payroll{.worker = worker, .from = from, .to = to};
+    double total = 0;
+    for (; !garments.eof(); garments.moveNext()) {
+        payroll.rowIDs.push_back(garments.integer(u"id"));
+        payroll.amount = garments.number(u"WorkerWagesDue");
+        total += payroll.amount;
+    }
+    garments.close();
+    session::CurrentDate = to;
+    payrolls::create(payroll);
+    const QString month = u"August"_s;
+    note({.kind = u"Wages"_s,
+             .mainAccount = worker,
+             .otherAccount = u"Wages"_s,
+             .remark = month,
+             .amount = total - payroll.amount},
+        to);
+    note({.kind = u"Payment"_s, .mainAccount = worker, .remark = month, .amount = total}, to.addDays(1));
+    enterVouchers();
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "accounts/vouchers.h"
+#include "demoData.h"
+
 #include <QDate>
 #include <QString>
 #include <QStringList>
@@ -7,6 +10,7 @@
 #include <map>
 #include <random>
 #include <span>
+#include <vector>
 
 class clsJobCardData;
 
@@ -30,7 +34,12 @@ private:
     void produce(int jobID, QDate delivery);
     void fit(int jobID);
     void settle(int jobID, const QString &client, QDate day, double due);
-    static void receive(const QString &client, QDate day, double amount);
+    void receive(const QString &client, QDate day, double amount);
+    void note(const demoData::Entry &entry, QDate day);
+    void keepBooks();
+    void enterVouchers();
+    void payWorkers();
+    void payWorker(const QString &worker, QDate from, QDate to);
 
     [[nodiscard]] int pick(int low, int high);
     [[nodiscard]] QString pickFrom(std::span<const QString> texts);
@@ -39,6 +48,8 @@ private:
     std::mt19937 m_random{20110401};
     QStringList m_clients;
     QStringList m_workers;
+    /// Not in the file yet, and without their numbers.
+    std::vector<vouchers::Voucher> m_vouchers;
     /// A client's measurements stay what they were at the first visit.
     std::map<QString, QString> m_measurements;
 };

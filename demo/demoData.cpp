@@ -76,7 +76,30 @@ std::span<const LedgerAccount> ledgerAccounts()
 {
     static const LedgerAccount table[]{{u"State Bank"_s, true}, {u"Shop Rent"_s, false}, {u"Electricity"_s, false},
         {u"Alterations"_s, true}, {u"Owner's Capital"_s, true}, {u"Thread and Buttons"_s, false},
-        {u"Machine Repairs"_s, false}, {u"Tea and Sundries"_s, false}};
+        {u"Machine Repairs"_s, false}, {u"Tea and Sundries"_s, false}, {u"Jain Thread House"_s, true},
+        {u"Clock Tower School"_s, true}};
+    return table;
+}
+
+std::span<const Entry> monthlyEntries()
+{
+    static const Entry table[]{{u"Payment"_s, u"Shop Rent"_s, u"Cash"_s, u"The month's rent"_s, 6000},
+        {u"Payment"_s, u"Electricity"_s, u"State Bank"_s, {}, 1840.5},
+        {u"Purchase"_s, u"Jain Thread House"_s, u"Thread and Buttons"_s, u"Thread, buttons and lining"_s, 3275.75},
+        {u"Payment"_s, u"State Bank"_s, u"Cash"_s, u"Paid in"_s, 20000}};
+    return table;
+}
+
+std::span<const Entry> lastDayEntries()
+{
+    static const Entry table[]{{u"Payment"_s, u"Jain Thread House"_s, u"State Bank"_s, u"Cheque 000412"_s, 18000},
+        {u"Payment"_s, u"Machine Repairs"_s, u"Cash"_s, u"Belt and motor of the overlocker"_s, 1350},
+        {u"Payment"_s, u"Tea and Sundries"_s, u"Cash"_s, {}, 640},
+        {u"Payment"_s, u"Owner's Capital"_s, u"Cash"_s, u"Drawn for the house"_s, 15000},
+        {u"Receipt"_s, u"Alterations"_s, u"State Bank"_s, u"Uniforms mended, by cheque"_s, 4250},
+        {u"Receipt"_s, u"Alterations"_s, u"Cash"_s, u"Hems, zips and collars of the week"_s, 860},
+        {u"Sales"_s, u"Clock Tower School"_s, u"Alterations"_s, u"Hems, to be paid in October"_s, 2600},
+        {u"Wages"_s, u"Mohan Darji"_s, u"Wages"_s, u"Cutting of samples"_s, 450}};
     return table;
 }
 

@@ -34,8 +34,20 @@ struct LedgerAccount {
     bool income;
 };
 
+/// A line of the books.
+struct Entry {
+    QString kind;
+    QString mainAccount;
+    QString otherAccount = QStringLiteral("Cash");
+    QString remark = {};
+    double amount = 0;
+};
+
 [[nodiscard]] std::span<const Item> items();
 [[nodiscard]] std::span<const LedgerAccount> ledgerAccounts();
+/// On the last day of every month, and on the last one of all.
+[[nodiscard]] std::span<const Entry> monthlyEntries();
+[[nodiscard]] std::span<const Entry> lastDayEntries();
 [[nodiscard]] std::span<const QString> workers();
 [[nodiscard]] std::span<const QString> firstNames();
 [[nodiscard]] std::span<const QString> lastNames();

@@ -1,12 +1,16 @@
 #include "Child.h"
 #include "Kind.h"
+#include "accounts/payrolls.h"
+#include "accounts/vouchers.h"
 #include "base/RuntimeError.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "masters/masterRows.h"
+#include "production/itemRowMarks.h"
 #include "shopFolder.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
+#include "store/itemRows.h"
 #include "store/lookups.h"
 #include "store/settings.h"
 #include "stores/deskWork.h"
@@ -29,6 +33,7 @@ constexpr int furnished = 2;
 constexpr int changedItem = 3;
 constexpr int guests = 7;
 constexpr int longestPause = 30;
+constexpr int mostPaidAtOnce = 4;
 const QDate farAway(2030, 1, 1);
 
 QStringList columnOf(Connection &connection, const QString &statement)
@@ -73,7 +78,7 @@ private:
     void workOnce()
     {
         const QList<qint32> numbers = desk::cardNumbers();
-        const int dice = m_random.below(14);
+        const int dice = m_random.below(18);
         if (dice < 4 || numbers.size() < 4)
             return book();
         if (dice == 9)
@@ -84,6 +89,12 @@ private:
             return renameItem();
         if (dice == 13)
             return addGuest();
+        if (dice == 14 || dice == 15)
+            return enterVoucher();
+        if (dice == 16)
+            return completeRow();
+        if (dice == 17)
+            return payWages();
         JobCardStore store;
         clsJobCardData rows;
         store.openSaved(numbers.at(m_random.below(numbers.size())));
@@ -145,6 +156,41 @@ private:
         master.close();
     }
 
+    /// Its number is taken when the screen opens and not tested again: both programs may give the same one.
+    void enterVoucher()
+    {
+        vouchers::Voucher voucher{.number = vouchers::GetNewNum(),
+            .kind = u"Receipt"_s,
+            .date = QDate(2011, 4, 9),
+            .mainAccount = GetAccountTitle(desk::firstClient + m_random.below(desk::spareClient - desk::firstClient)),
+            .otherAccount = u"Cash"_s,
+            .remark = stamp(),
+            .amount = QString::number(1 + m_random.below(9000))};
+        QThread::msleep(static_cast<unsigned long>(m_random.below(longestPause)));
+        vouchers::SaveNew(voucher);
+        Child::tell("voucher " + voucher.remark.toUtf8());
+    }
+
+    void completeRow()
+    {
+        const QStringList waiting = columnOf(
+            DE().CN, u"Select id from Jobs_Detail where DoneByWorker=%1 order by id"_s.arg(rowStatus::Uncompleted));
+        if (!waiting.isEmpty())
+            static_cast<void>(itemRowMarks::status(
+                waiting.at(m_random.below(waiting.size())).toInt(), rowStatus::Completed, {2011, 4, 9}, u"Rack"_s));
+    }
+
+    void payWages()
+    {
+        payrolls::Payroll payroll{.worker = GetAccountTitle(desk::firstClient), .amount = 25};
+        for (const QString &row :
+            columnOf(DE().CN, u"Select id from Jobs_Detail where MarkAsPaid=%1 order by id"_s.arg(wage::Unpaid))) {
+            if (payroll.rowIDs.size() < mostPaidAtOnce && m_random.chance(20))
+                payroll.rowIDs.push_back(row.toInt());
+        }
+        static_cast<void>(payrolls::create(payroll));
+    }
+
     void book()
     {
         JobCardStore store;
@@ -182,6 +228,14 @@ private:
         const QString title = columnOf(fresh, u"Select Title from Accounts where Id="_s + id).value(0);
         compare("balance", NumberText(Val(sum)), NumberText(GetAccountBalance(account, farAway)));
         compare("next number", NumberText(Val(highest) + 1), QString::number(JobCardStore::GetNewNum()));
+        compare("next voucher",
+            NumberText(Val(columnOf(fresh, u"Select max(VID) from Postings where vtype=2"_s).value(0)) + 1),
+            QString::number(vouchers::GetNewNum()));
+        compare("rows that wait",
+            columnOf(fresh,
+                u"Select count(QNT) from Jobs_Detail where DoneByWorker=0 and ItemID="_s + QString::number(changedItem))
+                .value(0),
+            QString::number(itemRows::waiting(DE().CN, changedItem)));
         compare("account's number", id, QString::number(GetAccountID(title)));
         compare("account's title", title, GetAccountTitle(account));
         compare("item's fee",
@@ -223,6 +277,7 @@ public:
         };
         const std::array programs{program(0), program(1)};
         Words words;
+        QStringList vouchers;
         for (size_t i = 0; i < programs.size(); ++i) {
             const Child::Ending ending = programs[i]->wait(patience);
             if (!ending.isGood() || ending.lines.value(ending.lines.size() - 1) != "end")
@@ -231,29 +286,31 @@ public:
                 if (line.startsWith("stale"))
                     return {Verdict::Half, QString::fromUtf8(line)};
                 const QString said = QString::fromUtf8(line);
-                if (said.startsWith(u"done"))
+                if (said.startsWith(u"voucher"))
+                    vouchers += said.section(u' ', 1);
+                else if (said.startsWith(u"done"))
                     words[said.section(u' ', 1, 1)][i] += said.section(u' ', 2);
             }
         }
-        return judge(folder, words);
+        return judge(folder, words, vouchers);
     }
 
 private:
     /// What each of the two was told of each card, in its order.
     using Words = QMap<QString, std::array<QStringList, 2>>;
 
-    static Verdict judge(const QString &folder, const Words &words)
+    static Verdict judge(const QString &folder, const Words &words, const QStringList &vouchers)
     {
         const Child::Ending ending = Child([&] {
             enterFolder(folder);
-            Child::tell(lineOf(verdictHere(words)));
+            Child::tell(lineOf(verdictHere(words, vouchers)));
         }).wait(patience);
         return ending.isGood() && !ending.lines.isEmpty()
             ? verdictOf(ending.lines.first())
             : Verdict{Verdict::CannotOpen, QString::fromUtf8(ending.text())};
     }
 
-    static Verdict verdictHere(const Words &words)
+    static Verdict verdictHere(const Words &words, const QStringList &vouchers)
     {
         try {
             openShop();
@@ -262,6 +319,13 @@ private:
             for (const QString &column : {u"Title from Accounts"_s, u"SETTING from Settings"_s}) {
                 if (QStringList found = columnOf(DE().CN, u"Select "_s + column); found.removeDuplicates() > 0)
                     return {Verdict::Half, u"a name stands twice: "_s + column};
+            }
+            for (const QString &remark : vouchers) {
+                const QStringList legs =
+                    columnOf(DE().CN, u"Select Amount from Postings where vtype=2 and Remark='%1'"_s.arg(remark));
+                if (legs.size() != 2)
+                    return {legs.isEmpty() ? Verdict::Lost : Verdict::Half,
+                        u"voucher %1 has %2 legs"_s.arg(remark).arg(legs.size())};
             }
             for (const auto &[card, said] : words.asKeyValueRange()) {
                 const QString remark =

@@ -55,6 +55,10 @@ not_in()
 
 raw_message_boxes() { found 'QMessageBox|QErrorMessage' src | not_in src/ui/platformBox.cpp src/ui/platformBox.h; }
 debug_output() { found 'qDebug|std::c(out|err)|[^a-z]printf\(' src; }
+digits_for_codes()
+{
+    found 'u"[^"]*\b([vV]?[tT]ype|[sS]tatus|DoneByWorker|MarkAsPaid|CuttingStatus|appeared|JobFinished|Nature) *(=|<>|<|>) *[0-9]' src
+}
 stray_catches() { found '\bcatch \(' src | not_in "${catchers[@]}"; }
 graphics_below() { found '#include <Qt[A-Za-z]+/' src/base src/store | grep -v '<QtCore/' || (($? == 1)); }
 # Written so that this file does not match itself.
@@ -94,6 +98,7 @@ check_rules()
 {
     check "message boxes are raised through ui/platformBox only" raw_message_boxes
     check "the program prints nothing for debugging" debug_output
+    check "codes in statements come from store/codes" digits_for_codes
     check "failures are caught in the agreed places only (script/lib/rules.sh)" stray_catches
     check "base and store use QtCore only" graphics_below
     check "includes go down the floors" upward_includes

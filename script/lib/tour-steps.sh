@@ -377,13 +377,51 @@ keys alt+w
 window "WAGES REGISTER"
 field "abd"
 picture wages
-keys shift+Tab space alt+v
+keys shift+Tab Right Right alt+v
 picture unpaid
+keys alt+p
+window "Print Preview"
+picture wages-print
+keys Escape
+window "WAGES REGISTER"
 keys alt+c
 window "Corvane"
 picture payroll
 keys Return
 window "WAGES REGISTER"
+keys Escape
+window "Reports"
+
+echo "The wages are handed out, and the cash book is read and printed."
+keys alt+a
+window "Account Book"
+field "abd"
+keys alt+a
+window "Add New Entry"
+field "pay"
+field "cash"
+field 2350
+words "Wages of September"
+keys alt+s
+answer Return
+window "Edit Entry"
+keys Escape
+window "Account Book"
+picture worker-statement
+keys Escape
+window "Reports"
+keys alt+a
+window "Account Book"
+field "cash"
+picture cash-book
+keys alt+p
+answer Return
+window "Print Preview"
+picture cash-print
+keys End
+picture cash-print-end
+keys Escape
+window "Account Book"
 keys Escape
 window "Reports"
 keys Escape

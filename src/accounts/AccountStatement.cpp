@@ -4,6 +4,7 @@
 #include "base/balanceText.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/lookups.h"
 #include "ui/theme.h"
 
@@ -37,7 +38,7 @@ AccountStatement AccountStatement::of(qint32 account, QDate from, QDate to)
     statement.OpeningBalance = GetAccountBalance(id, from.addDays(-1));
 
     Recordset &postings = DE().rspostings;
-    postings.reopen(u"Select * from Postings where status=0 and AccID="_s + QString::number(id)
+    postings.reopen(u"Select * from Postings where status=%1 and AccID=%2"_s.arg(postingStatus::Live).arg(id)
         + u" and date between #"_s + DayMonthYear(from) + u"# and #"_s + DayMonthYear(to)
         + u"#    order by date,vid"_s);
     statement.rows.reserve(static_cast<size_t>(postings.recordCount()) + sums);

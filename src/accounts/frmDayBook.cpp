@@ -5,6 +5,7 @@
 #include "accounts/openDocument.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
 #include "ui/PeriodFields.h"
@@ -65,8 +66,8 @@ void frmDayBook::ExecuteSQL()
 {
     std::vector<ListRow> rows;
     Recordset &postings = DE().rspostings;
-    postings.reopen(u"Select * from Postings where status=0 and sr=1 and date "_s + m_period->between()
-        + u"  order by date,vid "_s);
+    postings.reopen(u"Select * from Postings where status=%1 and sr=1 and date "_s.arg(postingStatus::Live)
+        + m_period->between() + u"  order by date,vid "_s);
     rows.reserve(static_cast<size_t>(postings.recordCount()) + 1);
     BookLines lines(postings, u"AccID");
     for (; !postings.eof(); postings.moveNext()) {

@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int workerLetters = 22;
+constexpr int workerLetters = 14;
 
 QRadioButton *option(const QString &name, const QString &caption)
 {
@@ -84,13 +84,13 @@ QLayout *frmWorkerWagesRegister::buildQuery()
     cmdView->setDefault(true);
     auto *row = new QHBoxLayout;
     row->addWidget(captionOf(cmbClient, u"&Worker :"_s));
-    row->addWidget(cmbClient);
+    row->addWidget(cmbClient, 1);
     row->addSpacing(12);
     row->addWidget(m_period);
     row->addSpacing(12);
     for (QRadioButton *button : {op1, op2, op3})
         row->addWidget(button);
-    row->addStretch();
+    row->addSpacing(12);
     row->addWidget(cmdView);
     return row;
 }
@@ -165,11 +165,11 @@ void frmWorkerWagesRegister::ExecuteSQL()
 void frmWorkerWagesRegister::buildStatement(qint32 worker)
 {
     ViewIsUnpaid = op3->isChecked();
-    const QString head = op1->isChecked() ? u"Select * from JOBS_Detail where WorkerID="_s
-        : op2->isChecked()                ? u"Select * from JOBS_Detail where MarkAsPaid>0 and WorkerID="_s
-                                          : u"Select * from JOBS_Detail where MarkAsPaid=0 and WorkerID="_s;
-    WagesSQL = head + QString::number(worker) + u"and date "_s + m_period->between()
-        + u" and  DoneByWorker>0  order by date,id"_s;
+    QString paid;
+    if (!op1->isChecked())
+        paid = (ViewIsUnpaid ? u"MarkAsPaid=%1 and "_s : u"MarkAsPaid>%1 and "_s).arg(wage::Unpaid);
+    WagesSQL = u"Select * from JOBS_Detail where "_s + paid + u"WorkerID="_s + QString::number(worker) + u"and date "_s
+        + m_period->between() + u" and  DoneByWorker>%1  order by date,id"_s.arg(rowStatus::Uncompleted);
 }
 
 qint32 frmWorkerWagesRegister::GetItemWiseDetails(qint16 itemID) const

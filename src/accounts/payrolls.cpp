@@ -42,7 +42,7 @@ qint16 requireNumber()
 void findUnpaid(Recordset &garments, qint32 rowID)
 {
     garments.reopen(u"Select * from jobs_detail where id="_s + QString::number(rowID));
-    if (garments.eof() || garments.integer(u"MarkAsPaid") != 0)
+    if (garments.eof() || garments.integer(u"MarkAsPaid") != wage::Unpaid)
         throw RuntimeError(Fault::RowNotFound,
             u"The jobs have changed since they were listed. Nothing was written. List them again."_s, {},
             Written::Nothing);
@@ -53,7 +53,7 @@ void findUnpaid(Recordset &garments, qint32 rowID)
 qint32 payrolls::GetNewNum()
 {
     Recordset &postings = DE().rspostings2;
-    postings.openLast(u"Select * from Postings where vtype=2 order by vID"_s);
+    postings.openLast(u"Select * from Postings where vtype=%1 order by vID"_s.arg(documentKind::Voucher));
     const qint32 last = postings.eof() ? 0 : postings.integer(u"ID");
     postings.close();
     return last + 1;
@@ -86,7 +86,7 @@ qint32 payrolls::create(const Payroll &payroll)
 
         for (const qint32 rowID : payroll.rowIDs) {
             findUnpaid(garments, rowID);
-            garments.set(u"MarkAsPaid", 1);
+            garments.set(u"MarkAsPaid", wage::Paid);
             garments.set(u"PayrollID", number);
             garments.update();
         }

@@ -7,6 +7,7 @@
 #include "reports/rptPrintVoucher.h"
 #include "reports/sheet.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/settings.h"
 #include "ui/frmMsg.h"
 
@@ -28,7 +29,7 @@ QString logo()
 void printVoucher(qint32 number, const QString &kind, const QString &remark)
 {
     Recordset &legs = DE().rsPrintVoucher;
-    legs.reopen(u" SHAPE {SELECT * FROM `postings` where  vtype=2 and vid="_s + QString::number(number)
+    legs.reopen(u" SHAPE {SELECT * FROM `postings` where  vtype=%1 and vid=%2"_s.arg(documentKind::Voucher).arg(number)
         + u"}  AS PrintVoucher APPEND ({SELECT * FROM `Accounts`}   RELATE 'AccID' TO 'Id') AS acc,"
           "({SELECT * FROM `Accounts`} RELATE 'RefID' TO 'Id') as acc2"_s);
     if (legs.eof()) {

@@ -93,7 +93,7 @@ void rewriteLeg(const vouchers::Voucher &voucher, int serial, const Leg &leg)
 qint32 vouchers::GetNewNum()
 {
     Recordset &postings = DE().rspostings2;
-    postings.openLast(u"Select * from Postings where vtype=2 and sr=1 order by vID"_s);
+    postings.openLast(u"Select * from Postings where vtype=%1 and sr=1 order by vID"_s.arg(documentKind::Voucher));
     const qint32 last = postings.eof() ? 0 : postings.integer(u"vid");
     postings.close();
     return last + 1;
@@ -131,13 +131,13 @@ void vouchers::remove(qint32 number, bool isPayroll)
             Recordset &garments = DE().rsJOBS_DETAIL;
             garments.reopen(u"Select * from jobs_detail where PayrollID="_s + QString::number(number));
             for (; !garments.eof(); garments.moveNext()) {
-                garments.set(u"MarkAsPaid", 0);
+                garments.set(u"MarkAsPaid", wage::Unpaid);
                 garments.set(u"PayrollID", 0);
             }
             garments.updateBatch();
             garments.close();
         }
-        DE().CN.execute(u"Delete from Postings where vid="_s + QString::number(number) + u" and vtype=2"_s);
+        DE().CN.execute(u"Delete from Postings where vid=%1 and vtype=%2"_s.arg(number).arg(documentKind::Voucher));
     });
     session::NeedRefresh = true;
 }
@@ -145,8 +145,9 @@ void vouchers::remove(qint32 number, bool isPayroll)
 std::optional<vouchers::Stored> vouchers::read(qint32 number)
 {
     Recordset &posting = DE().rspostings;
-    openLeg(posting, u"Select * from Postings where vid="_s + QString::number(number) + u" and vtype=2 and sr=1"_s,
-        number, mainLeg);
+    openLeg(posting,
+        u"Select * from Postings where vid=%1 and vtype=%2 and sr=1"_s.arg(number).arg(documentKind::Voucher), number,
+        mainLeg);
     std::optional<Stored> found;
     if (!posting.eof()) {
         found = {{.number = number,

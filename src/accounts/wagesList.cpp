@@ -7,6 +7,7 @@
 #include "reports/rptWagesRegister.h"
 #include "reports/scratch.h"
 #include "store/DataEnvironment.h"
+#include "store/codes.h"
 #include "store/lookups.h"
 
 #include <array>
@@ -24,7 +25,7 @@ ListRow rowOf(const Recordset &garment, Currency &balance)
                 garment.text(u"ClintName"), QString::number(garment.integer(u"QNT")),
                 itemNameOrBlank(garment.integer(u"ItemID")), Money(wages.toDouble()), Money(balance.toDouble()),
                 garment.isNull(u"CompletedDate") ? QString() : DayMonthYear(garment.date(u"CompletedDate")),
-                garment.integer(u"MarkAsPaid") == 0 ? u"Unpaid"_s : u"Paid"_s},
+                garment.integer(u"MarkAsPaid") == wage::Unpaid ? u"Unpaid"_s : u"Paid"_s},
         .tag = garment.integer(u"ID")};
 }
 

@@ -229,7 +229,8 @@ void JobCardStore::SaveEdit(const JobCard &card, clsJobCardData &rows)
             m_knownRows.remove(m_removedRowIDs.toInt());
             m_removedRowIDs.clear();
         }
-        DE().CN.execute(u"Delete from Postings where vid="_s + QString::number(m_currentJobID) + u"and vtype=1"_s);
+        DE().CN.execute(
+            u"Delete from Postings where vid=%1and vtype=%2"_s.arg(m_currentJobID).arg(documentKind::JobCard));
         writePostings(card);
         if (card.Cancelled)
             markRowsCancelled();
@@ -337,7 +338,7 @@ void JobCardStore::deleteCard()
     WriteGroup::run(DE().CN, [&number] {
         DE().CN.execute(u"Delete from Jobs where id="_s + number);
         DE().CN.execute(u"Delete from Jobs_detail where jobid="_s + number);
-        DE().CN.execute(u"Delete from Postings where vid="_s + number + u" and vtype=1"_s);
+        DE().CN.execute(u"Delete from Postings where vid=%1 and vtype=%2"_s.arg(number).arg(documentKind::JobCard));
     });
     session::NeedRefresh = true;
 }

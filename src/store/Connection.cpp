@@ -66,11 +66,7 @@ void like(sqlite3_context *context, int, sqlite3_value **arguments)
 {
     if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
         return sqlite3_result_null(context);
-    const auto asText = [](sqlite3_value *value) {
-        const auto text = textOf(value);
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    };
-    sqlite3_result_int(context, jetsql::isLike(asText(arguments[1]), asText(arguments[0])) ? 1 : 0);
+    sqlite3_result_int(context, jetsql::isLike(textOf(arguments[1]), textOf(arguments[0])) ? 1 : 0);
 }
 
 /// month(..), day(..), year(..): the two or four digits at the place that the stored form gives them.

@@ -3,6 +3,12 @@
 #include "base/RuntimeError.h"
 #include "base/values.h"
 
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
 namespace jetsql {
 
 using namespace Qt::StringLiterals;
@@ -253,15 +259,16 @@ namespace {
 
 /// Reads the set that starts behind "[" at `at` and moves `at` behind its "]".
 /// A bracket that is never closed is an ordinary character: then `at` stays.
-bool inSet(QStringView pattern, qsizetype &at, QChar c)
+template <typename Char>
+bool inSet(std::basic_string_view<Char> pattern, size_t &at, Char c)
 {
-    const auto end = pattern.indexOf(u']', at + 1);
-    if (end < 0)
+    const size_t end = pattern.find(Char(']'), at + 1);
+    if (end == pattern.npos)
         return false;
-    const bool negated = pattern[at] == u'!';
+    const bool negated = pattern[at] == '!';
     bool found = false;
-    for (auto i = negated ? at + 1 : at; i < end; ++i) {
-        if (i + 2 < end && pattern[i + 1] == u'-') {
+    for (size_t i = negated ? at + 1 : at; i < end; ++i) {
+        if (i + 2 < end && pattern[i + 1] == '-') {
             found = found || (c >= pattern[i] && c <= pattern[i + 2]);
             i += 2;
         } else {
@@ -272,15 +279,16 @@ bool inSet(QStringView pattern, qsizetype &at, QChar c)
     return found != negated;
 }
 
-bool matchesFolded(QStringView text, QStringView pattern)
+template <typename Char>
+bool matchesFolded(std::basic_string_view<Char> text, std::basic_string_view<Char> pattern)
 {
     // Walks both once, going back to the last % with one character more for it whenever the rest does not fit.
-    qsizetype t = 0;
-    qsizetype p = 0;
-    qsizetype retryPattern = -1;
-    qsizetype retryText = 0;
+    size_t t = 0;
+    size_t p = 0;
+    std::optional<size_t> retryPattern;
+    size_t retryText = 0;
     for (;;) {
-        if (p < pattern.size() && pattern[p] == u'%') {
+        if (p < pattern.size() && pattern[p] == '%') {
             retryPattern = ++p;
             retryText = t;
             continue;
@@ -289,42 +297,66 @@ bool matchesFolded(QStringView text, QStringView pattern)
             return true;
         bool fits = false;
         if (t < text.size() && p < pattern.size()) {
-            const bool set = pattern[p] == u'[' && pattern.indexOf(u']', p + 2) > 0;
+            const bool set = pattern[p] == '[' && pattern.find(Char(']'), p + 2) != pattern.npos;
             if (set) {
                 ++p;
                 fits = inSet(pattern, p, text[t]);
             } else {
-                fits = pattern[p] == u'_' || pattern[p] == text[t];
+                fits = pattern[p] == '_' || pattern[p] == text[t];
                 ++p;
             }
             ++t;
         }
         if (fits)
             continue;
-        if (retryPattern < 0 || retryText >= text.size())
+        if (!retryPattern || retryText >= text.size())
             return false;
         t = ++retryText;
-        p = retryPattern;
+        p = *retryPattern;
     }
+}
+
+char foldedPlain(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+bool isPlain(std::string_view text)
+{
+    return std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; });
+}
+
+QString fromUtf8(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 } // namespace
 
-bool isLike(QStringView text, QStringView pattern)
+bool isLike(std::string_view text, std::string_view pattern)
 {
-    return matchesFolded(text.toString().toCaseFolded(), pattern.toString().toCaseFolded());
+    if (isPlain(text) && isPlain(pattern)) {
+        QVarLengthArray<char, 512> folded;
+        folded.append(text.data(), static_cast<qsizetype>(text.size()));
+        folded.append(pattern.data(), static_cast<qsizetype>(pattern.size()));
+        for (char &c : folded)
+            c = foldedPlain(c);
+        const std::string_view both(folded.data(), text.size() + pattern.size());
+        return matchesFolded(both.substr(0, text.size()), both.substr(text.size()));
+    }
+    const std::u16string foldedText = fromUtf8(text).toCaseFolded().toStdU16String();
+    const std::u16string foldedPattern = fromUtf8(pattern).toCaseFolded().toStdU16String();
+    return matchesFolded<char16_t>(foldedText, foldedPattern);
 }
 
 int compareFolded(std::string_view a, std::string_view b)
 {
-    const auto folded = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
     const size_t shorter = std::min(a.size(), b.size());
     for (size_t i = 0; i < shorter; ++i) {
         // Plain characters decide by themselves; from the first other one on the whole texts must be looked at.
         if ((a[i] | b[i]) & 0x80)
-            return QString::compare(QString::fromUtf8(a.data(), static_cast<qsizetype>(a.size())),
-                QString::fromUtf8(b.data(), static_cast<qsizetype>(b.size())), Qt::CaseInsensitive);
-        const int difference = folded(a[i]) - folded(b[i]);
+            return QString::compare(fromUtf8(a), fromUtf8(b), Qt::CaseInsensitive);
+        const int difference = foldedPlain(a[i]) - foldedPlain(b[i]);
         if (difference != 0)
             return difference;
     }

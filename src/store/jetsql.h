@@ -36,8 +36,8 @@ struct Translation {
 [[nodiscard]] QString quoted(const QString &text);
 
 /// Whether `text` is like `pattern`: % stands for any characters, _ for one, [a-c] for one of a set, [!x] for one
-/// outside it. Without regard to case.
-[[nodiscard]] bool isLike(QStringView text, QStringView pattern);
+/// outside it. Without regard to case. Both in UTF-8.
+[[nodiscard]] bool isLike(std::string_view text, std::string_view pattern);
 
 /// Order of texts without regard to case: below, at or above 0. Defined for UTF-8; characters beyond ASCII are folded
 /// too.

@@ -296,13 +296,16 @@ void JetSqlTest::likeKnowsItsWildcards_data()
     row({}, u"%"_s, true);
     row({}, u"_"_s, false);
     row(u"ÄRGER"_s, u"ä%"_s, true);
+    row(u"Ä[b"_s, u"ä[b"_s, true);
+    row(u"Änne"_s, u"_[!m-z]ne"_s, false);
+    row(u"Änne"_s, u"%[m-z]_"_s, true);
 }
 
 void JetSqlTest::likeKnowsItsWildcards()
 {
     QFETCH(QString, text);
     QFETCH(QString, pattern);
-    QTEST(jetsql::isLike(text, pattern), "like");
+    QTEST(jetsql::isLike(text.toStdString(), pattern.toStdString()), "like");
 }
 
 void JetSqlTest::textsAreTheSameInAnyCase()
