@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QThread>
 
+#include <atomic>
 #include <mutex>
 
 using namespace Qt::StringLiterals;

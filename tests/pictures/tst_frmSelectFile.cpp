@@ -106,7 +106,7 @@ void SelectFileTest::aPictureIsChosenByKeys()
     const Album album;
     for (const char *name : {"a.jpg", "b.jpg", "c.jpg"})
         album.photo(QLatin1StringView(name), name[0] == 'c' ? 6 : 1);
-    const QString chosen = album.pick([&album](QWidget &picker) {
+    const QString chosen = album.pick([](QWidget &picker) {
         const QAbstractItemModelTester tester(control<QListView>(picker, "preview").model());
         QCOMPARE(files(picker), QStringList({u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s}));
         QVERIFY(isThrough(picker));

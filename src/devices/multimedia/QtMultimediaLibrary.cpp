@@ -36,8 +36,10 @@ QList<QCameraFormat> formatsOf(const QCameraDevice &device)
         return std::tuple(format.resolution().width(), format.resolution().height(), format.maxFrameRate());
     };
     std::ranges::stable_sort(all, std::greater(), rank);
-    const auto repeated = std::ranges::unique(all, {}, &QCameraFormat::resolution);
-    all.erase(repeated.begin(), repeated.end());
+    const auto isSameSize = [](const QCameraFormat &one, const QCameraFormat &other) {
+        return one.resolution() == other.resolution();
+    };
+    all.erase(std::unique(all.begin(), all.end(), isSameSize), all.end());
     return all;
 }
 
