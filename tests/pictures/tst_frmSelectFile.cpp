@@ -217,19 +217,21 @@ void SelectFileTest::theLocationIsRemembered()
     const Album album;
     album.pick(
         [](QWidget &picker) {
+            auto &drives = control<QComboBox>(picker, "drive");
+            drives.setCurrentIndex(drives.findText(u"Pictures"_s));
             control<QListWidget>(picker, "directory").setFocus();
-            type(u"p"_s);
+            press(Qt::Key_End);
             press(Qt::Key_Return);
             press(Qt::Key_R, Qt::ControlModifier);
-            QCOMPARE(GetSetting(setting::PickerFolder), control<QLabel>(picker, "path").text());
             press(Qt::Key_Escape);
         },
         u"."_s);
-    QCOMPARE(GetSetting(31, u"-"_s), album.folder.path());
-    QCOMPARE(GetSetting(32, u"-"_s), album.folder.filePath(u"Pictures"_s));
+    QCOMPARE(GetSetting(31, u"-"_s), album.folder.filePath(u"Pictures"_s));
+    QCOMPARE(GetSetting(32, u"-"_s), album.file(u"old"_s));
     ModalScript script;
     script.expect(u"frmSelectFile"_s, [&album](QWidget &picker) {
-        QCOMPARE(control<QLabel>(picker, "path").text(), album.folder.filePath(u"Pictures"_s));
+        QCOMPARE(control<QLabel>(picker, "path").text(), album.file(u"old"_s));
+        QCOMPARE(control<QComboBox>(picker, "drive").currentText(), u"Pictures"_s);
         press(Qt::Key_Escape);
     });
     QCOMPARE(frmSelectFile::SelFile(), u"Cancel"_s);
