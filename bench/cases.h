@@ -11,6 +11,8 @@ namespace bench {
 [[nodiscard]] std::vector<Case> screenCases();
 /// The lists over the shop's rows. REQUIRES: an Application.
 [[nodiscard]] std::vector<Case> registerCases();
+/// The status report and the birthdays. REQUIRES: an Application.
+[[nodiscard]] std::vector<Case> exportCases();
 /// REQUIRES: the user has chosen a database before, and `session::ProgramFolder` is the shop's.
 [[nodiscard]] std::vector<Case> startCases();
 

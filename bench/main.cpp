@@ -36,8 +36,8 @@ bool runAll()
 {
     bool good = true;
     bench::printHead();
-    for (const auto &group : {bench::storeCases, bench::screenCases, bench::registerCases, bench::startCases,
-             bench::bookCases, bench::pictureCases, bench::counterCases}) {
+    for (const auto &group : {bench::storeCases, bench::screenCases, bench::registerCases, bench::exportCases,
+             bench::startCases, bench::bookCases, bench::pictureCases, bench::counterCases}) {
         for (const bench::Case &work : group()) {
             if (isWanted(work.what))
                 good = bench::measure(work) && good;

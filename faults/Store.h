@@ -58,6 +58,7 @@ struct Store {
 [[nodiscard]] std::vector<Store> accountStores();
 [[nodiscard]] std::vector<Store> masterStores();
 [[nodiscard]] std::vector<Store> reportStores();
+[[nodiscard]] std::vector<Store> exportStores();
 [[nodiscard]] std::vector<Store> productionStores();
 [[nodiscard]] std::vector<Store> bookStores();
 [[nodiscard]] std::vector<Store> pictureStores();

@@ -30,9 +30,11 @@ catchers=(
     src/app/checkCommand.cpp      # the same of a configuration
     src/app/programFolder.cpp     # a demo that cannot be copied is left out
     src/comms/kvSMS.cpp           # a modem that fails is told in a plain box, and the sender goes on
+    src/comms/modBuildCVJS.cpp    # a status report that fails is silent
     src/reports/reportOutput.cpp  # a PDF that cannot be written where the user chose is told, and the page stays
     src/production/printAssignment.cpp  # a table of translations that cannot be read is told, and the slip is in English
     src/pictures/Thumbnails.cpp   # a picture that cannot be loaded gets a sign, and the list goes on
+    src/app/MorningGlance.cpp     # a line that cannot be read says so, and the main screen goes on
     src/app/frmMain.cpp           # a wallpaper that cannot be shown is left out
 )
 

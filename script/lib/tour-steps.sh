@@ -92,7 +92,8 @@ keys alt+g Return
 field "14, Lake View"
 field "Udaipur"
 field "Rajasthan"
-words "98290 12345"
+field "98290 12345"
+words "30/9/1984"
 picture new-client
 keys alt+s
 answer Return
@@ -320,6 +321,35 @@ keys Escape
 window "Reports"
 keys Escape
 window "$main"
+keys alt+1
+window "Delivery Register"
+picture overdue
+keys Escape
+window "$main"
+
+echo "A client is wished a happy birthday, and the month's cards are exported."
+keys alt+s
+window "Reports"
+keys alt+b
+window "Birthday Reminders"
+picture birthdays
+keys Escape
+window "Reports"
+keys alt+e
+window "Export Job Card Status Report"
+keys alt+f
+words "1/9/2011"
+keys alt+h
+words "$tour/data.xml"
+picture export
+keys alt+e
+window "Corvane"
+keys Return
+window "Export Job Card Status Report"
+keys Escape
+window "Reports"
+keys Escape
+window "$main"
 
 echo "The card is handed over, and the client asked what he thinks of it."
 keys alt+r
@@ -421,6 +451,7 @@ window "Reports"
 echo "The wages are handed out, and the cash book is read and printed."
 keys alt+a
 window "Account Book"
+keys alt+g Down Tab
 field "abd"
 keys alt+a
 window "Add New Entry"
@@ -438,6 +469,7 @@ keys Escape
 window "Reports"
 keys alt+a
 window "Account Book"
+keys alt+g Down Down Tab
 field "cash"
 picture cash-book
 keys alt+p
@@ -453,6 +485,7 @@ window "Reports"
 keys Escape
 window "$main"
 
+[[ $(tail --bytes 16 "$tour/data.xml") == *"</jobcards>"* ]] || stop "the status report is not whole"
 paper=$(pdftotext -layout "$tour/job-card.pdf" -)
 for text in "Kovrel Tailors" "Job Card #" "Sherwani" "Trousers" "2,500.00" "Staple Cloth Samples here..."; do
     [[ $paper == *"$text"* ]] || stop "the printed card lacks \"$text\""

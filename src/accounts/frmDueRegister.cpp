@@ -1,12 +1,9 @@
 #include "accounts/frmDueRegister.h"
 
+#include "accounts/clientDues.h"
 #include "accounts/frmAccountBook.h"
-#include "base/Currency.h"
 #include "base/session.h"
 #include "base/values.h"
-#include "store/DataEnvironment.h"
-#include "store/codes.h"
-#include "store/lookups.h"
 #include "ui/ListView.h"
 
 #include <QLabel>
@@ -31,19 +28,11 @@ void frmDueRegister::ExcuteSQl()
 {
     std::vector<ListRow> rows;
     Currency total;
-    Recordset &clients = DE().rsaccounts;
-    clients.reopen(
-        u"Select * from Accounts where type="_s + QString::number(accountType::Client) + u" order by Title"_s);
-    for (; !clients.eof(); clients.moveNext()) {
-        const qint32 id = clients.integer(u"ID");
-        const Currency balance = Currency::fromDouble(GetAccountBalance(id, session::CurrentDate));
-        if (balance.toDouble() >= 0)
-            continue;
-        total += balance;
-        rows.push_back({.cells = {clients.text(u"Title"), Money(-balance.toDouble())}, .tag = id});
+    for (const ClientDue &due : clientDues(session::CurrentDate)) {
+        total += due.amount;
+        rows.push_back({.cells = {due.title, Money(due.amount.toDouble())}, .tag = due.client});
     }
-    clients.close();
-    lblTotal->setText(u"Clients : %1    Total Due : %2"_s.arg(rows.size()).arg(Money(-total.toDouble())));
+    lblTotal->setText(u"Clients : %1    Total Due : %2"_s.arg(rows.size()).arg(Money(total.toDouble())));
     showRows(std::move(rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
 }
 

@@ -1,5 +1,6 @@
 #include "app/frmMain.h"
 
+#include "app/MorningGlance.h"
 #include "app/WallArea.h"
 #include "app/frmAbout.h"
 #include "app/frmLogin.h"
@@ -29,7 +30,10 @@
 #include <QLabel>
 #include <QScreen>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -82,6 +86,9 @@ frmMain::frmMain()
     });
     onKey(Qt::Key_F2, u"Working date"_s, [this] { TodayDate->setFocus(Qt::TabFocusReason); });
     onKey(Qt::Key_F3, u"Open a job card by its number"_s, [this] { leadOn([] { frmOpenJob().exec(); }); });
+    onKey(
+        Qt::CTRL | Qt::Key_G, u"Show or hide the morning glance"_s, [this] { m_glance->toggle(); },
+        [this] { return m_glance; });
 }
 
 void frmMain::buildForm()
@@ -150,7 +157,10 @@ QWidget *frmMain::buildFoot()
     row->setContentsMargins(24, 6, 24, 6);
     row->setSpacing(18);
     row->addWidget(coloured(new QLabel(u"F3  Open Job Card by its number"_s), theme::muted()));
-    row->addWidget(lblUser, 1);
+    auto *glanceKey = new NameLabel(u"lblGlanceKey"_s);
+    glanceKey->setText(u"Ctrl+G  Morning glance"_s);
+    row->addWidget(coloured(glanceKey, theme::muted()), 1);
+    row->addWidget(lblUser);
     for (const QString &text : {u"Help and Support"_s, u"mail@corvane.example"_s})
         row->addWidget(coloured(new QLabel(text), theme::muted()));
     return foot;
@@ -178,8 +188,16 @@ bool frmMain::load()
     return true;
 }
 
+/// Only now that the screen stands: the start waits for none of it.
+void frmMain::addGlance()
+{
+    m_glance = new MorningGlance(Picture1);
+    connect(m_glance, &MorningGlance::chosen, this, &frmMain::leadOn);
+    m_glance->lookAgain();
+}
+
 /// What is done next bears the working date that the user sees.
-void frmMain::leadOn(void (*next)())
+void frmMain::leadOn(const std::function<void()> &next)
 {
     if (!hasRefusedDate(*this))
         next();
@@ -189,6 +207,15 @@ void frmMain::activated()
 {
     RefershINFO();
     setFocus();
+    if (m_glance)
+        m_glance->lookAgain();
+}
+
+void frmMain::paintEvent(QPaintEvent *event)
+{
+    Screen::paintEvent(event);
+    if (!std::exchange(m_isPainted, true))
+        QTimer::singleShot(0, this, &frmMain::addGlance);
 }
 
 void frmMain::RefershINFO()
@@ -237,6 +264,8 @@ void frmMain::takeDate()
 {
     session::CurrentDate = TodayDate->date();
     SaveSetting(setting::WorkingDate, DateText(session::CurrentDate));
+    if (m_glance)
+        m_glance->lookAgain();
 }
 
 void frmMain::escapePressed()

@@ -4,6 +4,7 @@
 
 class Command;
 class DateField;
+class MorningGlance;
 class NameLabel;
 class QBoxLayout;
 class QLabel;
@@ -29,6 +30,7 @@ public:
 protected:
     void escapePressed() override;
     void activated() override;
+    void paintEvent(QPaintEvent *event) override;
     void done(int result) override;
 
 private:
@@ -38,11 +40,15 @@ private:
     [[nodiscard]] QWidget *buildFoot();
     [[nodiscard]] bool load();
     void takeDate();
-    void leadOn(void (*next)());
+    void addGlance();
+    void leadOn(const std::function<void()> &next);
 
     NameLabel *lblShopName;
     DateField *TodayDate;
     WallArea *Picture1;
     QLabel *lblUser;
+    /// None before the screen was painted.
+    MorningGlance *m_glance = nullptr;
+    bool m_isPainted = false;
     bool m_loaded = false;
 };

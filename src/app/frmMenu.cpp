@@ -5,6 +5,8 @@
 #include "accounts/frmDueRegister.h"
 #include "accounts/frmWorkerWagesRegister.h"
 #include "app/menuColumn.h"
+#include "comms/frmBirthDayRimenders.h"
+#include "comms/frmSelectDate.h"
 #include "production/frmRatings.h"
 #include "registers/frmDeliveryRegister.h"
 #include "registers/frmTrailDate.h"
@@ -28,8 +30,8 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
     auto *others = new QVBoxLayout;
     Command *Command5 = menuColumn::add(*others, {"Command5"_L1, "&Ratings"_L1});
     Command *Command4 = menuColumn::add(*others, {"Command4"_L1, "&Trial Reminder"_L1});
-    menuColumn::addLater(*others, {"Command1"_L1, "&Birthdays Reminder"_L1});
-    menuColumn::addLater(*others, {"Command9"_L1, "&Export Status Report"_L1});
+    Command *Command1 = menuColumn::add(*others, {"Command1"_L1, "&Birthdays Reminder"_L1});
+    Command *Command9 = menuColumn::add(*others, {"Command9"_L1, "&Export Status Report"_L1});
     Command *Command8 = menuColumn::add(*others, {"Command8"_L1, "Back"_L1});
 
     auto *form = new QHBoxLayout(this);
@@ -46,6 +48,8 @@ frmMenu::frmMenu() : Screen(u"frmMenu"_s, u"Reports"_s)
     connect(Command7, &Command::clicked, this, [] { frmWorkerWagesRegister().exec(); });
     connect(Command6, &Command::clicked, this, [] { frmDayBook().exec(); });
     connect(Command5, &Command::clicked, this, [] { frmRatings().exec(); });
+    connect(Command1, &Command::clicked, this, [] { frmBirthDayRimenders().exec(); });
+    connect(Command9, &Command::clicked, this, [] { frmSelectDate().exec(); });
     connect(Command10, &Command::clicked, this, [] { frmDeliveryRegister().exec(); });
     connect(Command8, &Command::clicked, this, &QDialog::reject);
 }

@@ -285,6 +285,10 @@ QString numberIn(const QString &text)
 
 QString NumberText(double number)
 {
+    constexpr double firstWithExponent = 1e15;
+    // Amounts mostly are whole, and lists show thousands of them.
+    if (std::fabs(number) < firstWithExponent && number == std::trunc(number))
+        return QString::number(static_cast<qint64>(number));
     const Decimal decimal = toDecimal(number);
     const QString sign = decimal.negative && !decimal.digits.isEmpty() ? u"-"_s : QString();
     if (decimal.point > SignificantDigits) {
@@ -331,6 +335,11 @@ QString DayMonthYear(QDate date)
 QString DateText(QDate date)
 {
     return DayMonthYear(date);
+}
+
+QString DateTimeText(const QDateTime &moment)
+{
+    return DateText(moment.date()) + moment.time().toString(u" HH:mm:ss");
 }
 
 QDate ParseDate(QStringView text)

@@ -36,6 +36,8 @@
 /// The program's one default date text, used wherever a date is shown, stored as text or joined into a statement
 /// without a form of its own.
 [[nodiscard]] QString DateText(QDate date);
+/// The same with the time of day behind it, "01-Apr-2011 13:05:09".
+[[nodiscard]] QString DateTimeText(const QDateTime &moment);
 
 /// Reads a date: "01-Apr-2011", "1-April-2011", "17-11-1985" (day first), ISO; "-" or "/" between the parts.
 /// Throws RuntimeError (TypeMismatch) for anything else, an impossible day included.

@@ -259,7 +259,7 @@ void JobCardStore::writeCard(const JobCard &card, bool added)
     job.set(u"Remark", card.Remark);
     if (Val(card.ReceivedText) > 0)
         job.set(u"CashAccID", GetAccountID(card.ReceiptAccountTitle));
-    job.set(u"Status", card.Cancelled ? 1 : 0);
+    job.set(u"Status", card.Cancelled ? cardStatus::Cancelled : cardStatus::Live);
     job.set(u"CancelReason", card.CancelReason);
     job.update();
     m_knownHead = headOf(job);

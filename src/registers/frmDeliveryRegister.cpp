@@ -227,7 +227,10 @@ void frmDeliveryRegister::connectCommands()
             mode = u"C"_s;
     });
     // Nothing can be typed there: a change is always a choice.
-    connect(cmbCondition, &QComboBox::activated, this, &frmDeliveryRegister::filterChosen);
+    connect(cmbCondition, &QComboBox::activated, this, [this] {
+        m_openOnly = false;
+        filterChosen();
+    });
     connect(cmbCondition, &kvComboBox::lostFocus, this, &frmDeliveryRegister::filterChosen);
     onEnter(cmbCondition, [this] { filterChosen(); });
     connect(Command4, &Command::clicked, this, &frmDeliveryRegister::showAll);
@@ -258,8 +261,16 @@ void frmDeliveryRegister::refill()
     filterChosen();
 }
 
+void frmDeliveryRegister::ShowOpen(QDate from, QDate to)
+{
+    m_period->set(from, to);
+    m_openOnly = true;
+    exec();
+}
+
 void frmDeliveryRegister::ExecuteSQL()
 {
+    m_openOnly = false;
     showRows(readRows(), Keep::First);
 }
 
@@ -316,8 +327,10 @@ std::vector<ListRow> frmDeliveryRegister::readRows()
     std::vector<ListRow> rows;
     rows.reserve(static_cast<size_t>(records.recordCount()) + closingRows);
     RowMaker maker;
-    for (; !records.eof(); records.moveNext())
-        rows.push_back(maker.rowOf(records));
+    for (; !records.eof(); records.moveNext()) {
+        if (!m_openOnly || itemRowCells::isOpen(records.integer(u"DoneByWorker")))
+            rows.push_back(maker.rowOf(records));
+    }
     records.close();
     closeWithTotal(rows);
     tellWhatIsListed({});
@@ -327,7 +340,8 @@ std::vector<ListRow> frmDeliveryRegister::readRows()
 
 void frmDeliveryRegister::tellWhatIsListed(const QString &status)
 {
-    const QString which = status.isEmpty() ? u"every status"_s : status;
+    const QString every = m_openOnly ? u"what is not handed over"_s : u"every status"_s;
+    const QString which = status.isEmpty() ? every : status;
     if (mode == u"SID"_s)
         return lblListed->setText(u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which));
     const QString whose = mode == u"CUST"_s || mode == u"S"_s ? m_whom : u"All workers"_s;
@@ -373,6 +387,7 @@ void frmDeliveryRegister::quickFind()
 
 void frmDeliveryRegister::readAgain()
 {
+    m_openOnly = false;
     showRows(readRows(), Keep::Tag);
 }
 

@@ -2,6 +2,8 @@
 
 #include "ui/RegisterScreen.h"
 
+#include <QDate>
+
 class Command;
 class NameLabel;
 class PeriodFields;
@@ -23,6 +25,10 @@ public:
     void ExecuteSQL();
     /// Keeps the rows of that status, by its word, and counts them anew.
     void RemoveUnwanted(const QString &word);
+
+    /// Modal. Lists what is promised for these days, both included, and is neither handed over nor cancelled, until the
+    /// list is asked for by another command.
+    void ShowOpen(QDate from, QDate to);
 
 protected:
     void activated() override;
@@ -71,4 +77,5 @@ private:
     qint32 m_account = 0;
     /// The title that he was found by.
     QString m_whom;
+    bool m_openOnly = false;
 };

@@ -69,7 +69,7 @@ QStringList conditions()
 
 std::vector<ListColumn> columns()
 {
-    return {{u"Date"_s, 8.2}, {u"JOB ID"_s, 5.2}, {u"Client Name"_s, 11}, {u"Qty"_s, 3.4, true}, {u"Item Name"_s, 9},
+    return {{u"Date"_s, 9}, {u"JOB ID"_s, 5.2}, {u"Client Name"_s, 11}, {u"Qty"_s, 3.4, true}, {u"Item Name"_s, 9},
         {u"Remark"_s, 6.6}, {u"Del. Date"_s, 14.8}, {u"Worker Name"_s, 9.2}, {u"Cutting"_s, 6.6}, {u"Status"_s, 11},
         {u"Location"_s, 6.4}, {u"Balance"_s, 8.6, true}};
 }

@@ -74,6 +74,14 @@ inline constexpr int OutOfTheBooks = 1;
 
 } // namespace postingStatus
 
+/// `JOBS.Status`: a cancelled card stays, out of the books.
+namespace cardStatus {
+
+inline constexpr int Live = 0;
+inline constexpr int Cancelled = 1;
+
+} // namespace cardStatus
+
 /// `JOBS.JobFinished`.
 namespace jobState {
 

@@ -51,6 +51,7 @@ std::span<const Default> defaults()
         {DefaultFromDate, u"1-Apr-2011"_s},
         {UseDefaultFromDate, u"1"_s},
         {FootNote, u"Corvane | Made to measure | www.corvane.example | mail@corvane.example"_s},
+        {ShowMorningGlance, u"1"_s},
     };
     return table;
 }

@@ -43,6 +43,7 @@ enum Key {
     DefaultFromDate = 35,
     UseDefaultFromDate = 36,
     FootNote = 37,
+    ShowMorningGlance = 40,
 };
 
 struct Default {

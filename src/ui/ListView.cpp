@@ -3,6 +3,7 @@
 #include "ui/userValues.h"
 
 #include <QContextMenuEvent>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -12,6 +13,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int leastColumnWidth = 24;
+/// As wide as a date in bold letters with a sign before it.
+const auto shortText = u"00-MMM-0000 MMM"_s;
 
 } // namespace
 
@@ -34,7 +37,10 @@ ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget
     connect(header(), &QHeaderView::sectionResized, this,
         [this](int column, int, int width) { keepUserWidth(column, width); });
     connect(header(), &QHeaderView::sectionMoved, this, &ListView::keepUserOrder);
-    connect(m_list, &ListModel::modelReset, this, [this] { emit currentRowChanged(-1); });
+    connect(m_list, &ListModel::modelReset, this, [this] {
+        measureFirstRow();
+        emit currentRowChanged(-1);
+    });
     connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex &index) { emit opened(index.row()); });
 }
 
@@ -114,30 +120,59 @@ void ListView::readUserColumns()
         header()->moveSection(header()->visualIndex(order.at(place).toInt()), place);
 }
 
-/// The columns that the user left alone share what the others leave, by their percentages.
+/// Once, so that the columns stand still from one filling to the next: dates, numbers and words of the first row tell
+/// what the column needs, long texts don't.
+void ListView::measureFirstRow()
+{
+    if (!m_neededWidths.empty() || m_list->rowCount() == 0)
+        return;
+    const int most = QFontMetrics(header()->font()).horizontalAdvance(shortText);
+    for (int column = 0; column < m_list->columnCount(); ++column) {
+        const int width = sizeHintForIndex(m_list->index(0, column)).width();
+        m_neededWidths.push_back(width > most ? 0 : width);
+    }
+    shareWidth();
+}
+
+/// The columns that the user left alone share what the others leave, by their percentages. Where that is too little for
+/// a column's head or for its short texts, it gets as much as they need, and the others share the rest.
 void ListView::shareWidth()
 {
     const QScopedValueRollback arranging(m_arranging, true);
+    std::map<int, int> widths = m_userWidths;
     int room = viewport()->width();
     double percents = 0;
     for (int column = 0; column < m_list->columnCount(); ++column) {
-        if (const auto own = m_userWidths.find(column); own != m_userWidths.end())
+        if (const auto own = widths.find(column); own != widths.end())
             room -= own->second;
         else
-            percents += m_list->columns()[static_cast<size_t>(column)].percent;
+            percents += percentOf(column);
+    }
+    const auto give = [&](int column, int width) {
+        widths[column] = width;
+        room -= width;
+        percents -= percentOf(column);
+    };
+    for (int column = 0; column < m_list->columnCount();) {
+        const int needed = m_neededWidths.empty() ? 0 : m_neededWidths[static_cast<size_t>(column)];
+        const int least = qMax(header()->sectionSizeHint(column), needed);
+        if (!widths.contains(column) && room * percentOf(column) / percents < least) {
+            give(column, least);
+            column = 0;
+        } else {
+            ++column;
+        }
     }
     for (int column = 0; column < m_list->columnCount(); ++column) {
-        const auto own = m_userWidths.find(column);
-        if (own != m_userWidths.end()) {
-            header()->resizeSection(column, own->second);
-            continue;
-        }
-        const double percent = m_list->columns()[static_cast<size_t>(column)].percent;
-        const int width = qMax(leastColumnWidth, static_cast<int>(room * percent / percents));
-        header()->resizeSection(column, width);
-        room -= width;
-        percents -= percent;
+        if (!widths.contains(column))
+            give(column, static_cast<int>(room * percentOf(column) / percents));
+        header()->resizeSection(column, widths[column]);
     }
+}
+
+double ListView::percentOf(int column) const
+{
+    return m_list->columns()[static_cast<size_t>(column)].percent;
 }
 
 void ListView::keepUserWidth(int column, int width)

@@ -5,8 +5,8 @@
 #include <QTreeView>
 
 /// A list of whole rows with one of them current. It has its own `ListModel`. Columns share the width by their
-/// percentages and stretch with the window; a width that the user gave a column stays, and so does the place that it
-/// was dragged to, for the next time too.
+/// percentages and stretch with the window, none narrower than its head; a width that the user gave a column stays, and
+/// so does the place that it was dragged to, for the next time too.
 class ListView : public QTreeView {
     Q_OBJECT
 
@@ -40,13 +40,17 @@ protected:
 
 private:
     void readUserColumns();
+    void measureFirstRow();
     void shareWidth();
+    [[nodiscard]] double percentOf(int column) const;
     void keepUserWidth(int column, int width);
     void keepUserOrder();
     [[nodiscard]] QString widthsKey() const;
     [[nodiscard]] QString orderKey() const;
 
     ListModel *m_list;
+    /// What the texts of the first row need, by column; none before there was one.
+    std::vector<int> m_neededWidths;
     /// Widths that the user gave, by column; in pixels.
     std::map<int, int> m_userWidths;
     /// The program itself moves columns and their edges.

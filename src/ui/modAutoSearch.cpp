@@ -25,6 +25,8 @@ namespace {
 
 /// The text that the program has set last.
 constexpr auto givenTextProperty = "corvaneGivenText";
+/// What no entry begins with, typed last.
+constexpr auto refusedTextProperty = "corvaneRefusedText";
 
 int firstEntryThatBeginsWith(const QComboBox &combo, const QString &text)
 {
@@ -48,6 +50,7 @@ QModelIndex viewIndex(const QComboBox &combo, int index)
 
 void selectEntry(QComboBox &combo, int index)
 {
+    combo.setProperty(refusedTextProperty, {});
     combo.setCurrentIndex(index);
     // Setting the index that is set already would leave what was typed standing.
     if (combo.lineEdit() && combo.lineEdit()->text() != combo.itemText(index))
@@ -59,6 +62,7 @@ void selectEntry(QComboBox &combo, int index)
 /// Shows a text that was not picked from the list. The entry selected before must not stay selected behind it.
 void showOwnText(QComboBox &combo, const QString &text)
 {
+    combo.setProperty(refusedTextProperty, {});
     QLineEdit *const line = combo.lineEdit();
     const int entry = combo.findText(text, Qt::MatchExactly);
     if (entry != combo.currentIndex()) {
@@ -75,6 +79,7 @@ void showOwnText(QComboBox &combo, const QString &text)
 
 void refuse(QComboBox &combo, const QString &text)
 {
+    combo.setProperty(refusedTextProperty, text);
     showFieldTip(combo, u"No name begins with \"%1\""_s.arg(text));
 }
 
@@ -207,7 +212,22 @@ private:
         const int character = keys::characterCode(*event);
         if (character < keys::Blank && character != keys::Backspace && character != keys::Enter)
             return false;
+        if (character == keys::Enter && isRefusedText())
+            return true;
         return AutoSearchKey(m_combo, character) == keys::Swallowed;
+    }
+
+    /// Who types fast presses Enter before he sees that his letters were refused. The name that stands there instead is
+    /// taken by the next Enter only.
+    bool isRefusedText()
+    {
+        const QString text = m_combo.property(refusedTextProperty).toString();
+        if (text.isEmpty())
+            return false;
+        selectWhole(*m_line);
+        refuse(m_combo, text);
+        m_combo.setProperty(refusedTextProperty, {});
+        return true;
     }
 
     bool keyInList(QKeyEvent *event)
@@ -227,6 +247,8 @@ private:
         default: break;
         }
         const int character = keys::characterCode(*event);
+        if (character == keys::Enter && isRefusedText())
+            return true;
         if (character < keys::Blank && character != keys::Backspace && event->key() != Qt::Key_Left
             && event->key() != Qt::Key_Right)
             m_combo.hidePopup();

@@ -25,9 +25,10 @@ int SelectComboEntry(QComboBox &combo);
 
 /// Binds `AutoSearchKey` to the keys of `combo`, with its list closed or open, and makes it editable.
 /// With the list open, Enter closes it and goes on as Enter in the combo; Escape closes only the list; Tab, access keys
-/// and other shortcuts close it and act. The arrows select all, so that the next name is typed over; from half a name,
-/// which is written in italics, they go to what it begins. Paste selects by what is pasted, like typing it. REQUIRES:
-/// other event filters for the combo are installed before.
+/// and other shortcuts close it and act. Enter right behind a letter that was refused tells so once more and goes no
+/// further. The arrows select all, so that the next name is typed over; from half a name, which is written in italics,
+/// they go to what it begins. Paste selects by what is pasted, like typing it. REQUIRES: other event filters for the
+/// combo are installed before.
 void installAutoSearch(QComboBox *combo);
 
 /// `SelectTypedEntry` each time that the user comes to the combo: by Tab, Enter, an access key or a click. Not when its

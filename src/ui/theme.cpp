@@ -179,6 +179,10 @@ QLabel#notice {
     background: #fffbe6; color: #16212c; border: 1px solid #d9c98a; border-radius: 6px; padding: 14px 28px;
     font-weight: 600;
 }
+QFrame#morningGlance { background: rgba(255, 255, 255, 250); border: 1px solid #c3cbd5; border-radius: 8px; }
+QFrame#morningGlance QPushButton { text-align: left; background: transparent; border: 1px solid transparent; }
+QFrame#morningGlance QPushButton:hover { background: #eef3f9; }
+QFrame#morningGlance QPushButton:focus { border: 2px solid %focus%; }
 QToolTip { border: 1px solid #d9c98a; padding: 4px; background: #fffbe6; color: #16212c; }
 )"_s;
 

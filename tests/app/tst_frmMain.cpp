@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 
 #include "StartFolder.h"
+#include "app/MorningGlance.h"
 #include "app/startup.h"
 #include "base/session.h"
 #include "store/DataEnvironment.h"
@@ -325,8 +326,9 @@ void MainTest::theMenusLeadToTheirScreens_data()
                              << QMap<char, QString>{{'c', u"frmClients"_s}, {'w', u"frmWorkers"_s},
                                     {'i', u"frmItems"_s}, {'a', u"frmAccountsList"_s}};
     QTest::newRow("reports") << 's' << u"frmMenu"_s
-                             << QMap<char, QString>{
-                                    {'r', u"frmRatings"_s}, {'t', u"frmTrailDate"_s}, {'v', u"frmDeliveryRegister"_s}};
+                             << QMap<char, QString>{{'r', u"frmRatings"_s}, {'t', u"frmTrailDate"_s},
+                                    {'v', u"frmDeliveryRegister"_s}, {'b', u"frmBirthDayRimenders"_s},
+                                    {'e', u"frmSelectDate"_s}};
 }
 
 void MainTest::theMenusLeadToTheirScreens()
@@ -363,8 +365,8 @@ void MainTest::everyCommandHasItsCaption_data()
     QTest::newRow("reports")
         << 's'
         << u"Command2 D&ues Register|Command3 &Account Book|Command7 &Wages Register|Command6 &Day Book|"
-           "Command10 Deli&very Register|Command5 &Ratings|Command4 &Trial Reminder|-Command1 &Birthdays Reminder|"
-           "-Command9 &Export Status Report|Command8 Back"_s;
+           "Command10 Deli&very Register|Command5 &Ratings|Command4 &Trial Reminder|Command1 &Birthdays Reminder|"
+           "Command9 &Export Status Report|Command8 Back"_s;
 }
 
 void MainTest::everyCommandHasItsCaption()
@@ -378,6 +380,9 @@ void MainTest::everyCommandHasItsCaption()
         QStringList found;
         const auto commands = screen.findChildren<Command *>();
         for (const Command *command : commands) {
+            // The lines of the glance, which comes in its own time.
+            if (qobject_cast<const MorningGlance *>(command->parentWidget()))
+                continue;
             found += (command->isEnabled() ? u""_s : u"-"_s) + command->objectName() + u' ' + command->text();
             QCOMPARE(command->toolTip().isEmpty(), command->isEnabled());
         }

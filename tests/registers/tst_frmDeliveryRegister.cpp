@@ -34,6 +34,8 @@ private slots:
     void eachFilterKeepsItsRows_data();
     void eachFilterKeepsItsRows();
     void anyWordIsKeptExactly();
+    void whatIsOpenIsListedUntilItIsAskedOtherwise_data();
+    void whatIsOpenIsListedUntilItIsAskedOtherwise();
     void bothDaysOfThePeriodCount();
     void aPeriodThatEndsBeforeItBegins();
     void aWorkerIsListedByHisBeginning();
@@ -78,7 +80,7 @@ struct Workshop : TestShop {
 
 class Register : public frmDeliveryRegister {
 public:
-    Register() { QVERIFY(driver::show(*this)); }
+    explicit Register(bool isShown = true) { QVERIFY(!isShown || driver::show(*this)); }
 
     [[nodiscard]] ListView &list() const { return control<ListView>(*this, "lvSummary"); }
     /// Numbers of the jobs listed, and behind them what the closing rows say.
@@ -242,6 +244,54 @@ void DeliveryRegisterTest::anyWordIsKeptExactly()
     screen.ExecuteSQL();
     screen.RemoveUnwanted(QString());
     QCOMPARE(screen.listed(), u"5 5|Total JOBS : 2"_s);
+}
+
+void DeliveryRegisterTest::whatIsOpenIsListedUntilItIsAskedOtherwise_data()
+{
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("listed");
+    QTest::newRow("show all") << u"show"_s << u"1 2 3 4 5|Total JOBS : 5"_s;
+    QTest::newRow("read again") << u"again"_s << u"1 2 3 4 5|Total JOBS : 5"_s;
+    QTest::newRow("a status") << u"status"_s << u"3|Total JOBS : 1"_s;
+    QTest::newRow("a job") << u"job"_s << u"3|Total JOBS : 1"_s;
+    QTest::newRow("the status left as it is") << u"tab"_s << u"1 2 4|Total JOBS : 3"_s;
+}
+
+void DeliveryRegisterTest::whatIsOpenIsListedUntilItIsAskedOtherwise()
+{
+    QFETCH(const QString, keys);
+    Workshop shop;
+    shop.addOfEachStatus();
+    shop.addJobRow({.job = 6, .client = asha, .date = today.addDays(1)});
+    shop.addJobRow({.job = 7, .client = asha, .date = today.addDays(-1)});
+    ModalScript script;
+    Register screen(false);
+    script.expect(u"frmDeliveryRegister"_s, [&](QWidget &) {
+        QCOMPARE(screen.listed(), u"1 2 4|Total JOBS : 3"_s);
+        QCOMPARE(control<QLabel>(screen, "lblListed").text(),
+            u"All workers, what is not handed over, promised for 10-Apr-2011 to 10-Apr-2011"_s);
+        // Back from a garment it is still so.
+        script.expect(u"frmEditWorkerAssign"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        session::NeedRefresh = true;
+        press(Qt::Key_Return);
+        QCOMPARE(screen.listed(), u"1 2 4|Total JOBS : 3"_s);
+        if (keys == u"show")
+            control<Command>(screen, "Command4").click();
+        else if (keys == u"again")
+            press(Qt::Key_D, Qt::ControlModifier);
+        else if (keys == u"status")
+            screen.filter(u"Delivered"_s);
+        else if (keys == u"job")
+            screen.search(u"3"_s);
+        else {
+            driver::accessKey('s');
+            press(Qt::Key_Tab);
+        }
+        QTEST(screen.listed(), "listed");
+        press(Qt::Key_Escape);
+    });
+    screen.ShowOpen(today, today);
+    QVERIFY(script.isDone());
 }
 
 void DeliveryRegisterTest::bothDaysOfThePeriodCount()

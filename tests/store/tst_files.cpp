@@ -326,7 +326,7 @@ void FilesTest::aSettingIsStoredOnce()
 void FilesTest::everySettingHasItsDefault()
 {
     StoreFile file;
-    QCOMPARE(setting::defaults().size(), 35U);
+    QCOMPARE(setting::defaults().size(), 36U);
     QCOMPARE(GetSetting(setting::WorkingDate), u"1-April-2011"_s);
     QCOMPARE(GetSetting(setting::SendJobNumber), u"No"_s);
     QVERIFY(settingIsOn(setting::UseDefaultFromDate));

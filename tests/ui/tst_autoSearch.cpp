@@ -2,6 +2,7 @@
 #include "support/testRegistry.h"
 #include "ui/Command.h"
 #include "ui/Screen.h"
+#include "ui/entryKeys.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
 #include "ui/modAutoSearch.h"
@@ -75,6 +76,7 @@ private slots:
     void theNextNameIsTypedOverTheOld();
     void longNamesShowTheirBeginning();
     void aRefusedLetterIsTold();
+    void enterBehindARefusedLetterGoesNoFurther();
     void whatElseBeginsSoStandsBelowTheMatch();
     void pastingSearchesToo();
     void deletingLeavesNoEntryBehindTheText();
@@ -373,6 +375,33 @@ void AutoSearchTest::aRefusedLetterIsTold()
     QCOMPARE(screen.text(), u"Ravi"_s);
     driver::type(u"v"_s);
     QTRY_VERIFY(!QToolTip::isVisible());
+}
+
+void AutoSearchTest::enterBehindARefusedLetterGoesNoFurther()
+{
+    SearchScreen screen;
+    int passedOn = 0;
+    connect(&screen.combo, &kvComboBox::keyPress, &screen, [&passedOn](int &key) { passedOn += key == keys::Enter; });
+    QVERIFY(driver::show(screen));
+    driver::type(u"rax"_s);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(passedOn, 0);
+    QCOMPARE(screen.selected(), u"Ravi"_s);
+    QTRY_COMPARE(QToolTip::text(), u"No name begins with \"Rax\""_s);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(passedOn, 1);
+
+    // Whatever is right since then makes up for it.
+    screen.combo.setFocus();
+    driver::type(u"ax"_s);
+    driver::press(Qt::Key_Down);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(passedOn, 2);
+    screen.combo.setFocus();
+    driver::type(u"oy"_s);
+    driver::press(Qt::Key_Backspace);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(passedOn, 3);
 }
 
 void AutoSearchTest::whatElseBeginsSoStandsBelowTheMatch()

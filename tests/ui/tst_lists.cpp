@@ -8,6 +8,7 @@
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -35,6 +36,7 @@ private slots:
     void rowsLookAsTold();
     void enterAndDoubleClickOpenARow();
     void columnsShareTheWidth();
+    void whereRoomIsScarceHeadsAndDatesAreWhole();
     void aWidthGivenByHandStays();
     void aColumnStaysWhereItWasDragged();
     void aFullShopIsOneReset();
@@ -126,6 +128,30 @@ void ListTest::columnsShareTheWidth()
         QVERIFY(qAbs(screen.list.columnWidth(0) * 2 - screen.list.viewport()->width()) < 4);
         QVERIFY(qAbs(screen.list.columnWidth(2) * 5 - screen.list.viewport()->width()) < 10);
     }
+}
+
+void ListTest::whereRoomIsScarceHeadsAndDatesAreWhole()
+{
+    const TestShop shop;
+    ListView list(u"lvSummary"_s, {{u"Date"_s, 5}, {u"Worker Name"_s, 5}, {u"Client Name"_s, 60}, {u"Remark"_s, 30}});
+    list.resize(480, 200);
+    list.show();
+    const auto hasRoom = [&list](int column) {
+        const int head = list.header()->sectionSizeHint(column);
+        return list.columnWidth(column) >= qMax(head, list.sizeHintForIndex(list.model()->index(0, column)).width());
+    };
+    QVERIFY(list.columnWidth(1) >= list.header()->sectionSizeHint(1));
+    QCOMPARE(list.header()->length(), list.viewport()->width());
+    list.list().setRows({{{u"30-Sep-2011"_s, u"Moh"_s, QString(200, u'n'), QString(200, u'r')}, 1}});
+    QVERIFY(hasRoom(0) && hasRoom(1));
+    QCOMPARE(list.header()->length(), list.viewport()->width());
+    const int width = list.columnWidth(0);
+    list.list().setRows({{{u"1"_s, u"M"_s, u"n"_s, u"r"_s}, 1}});
+    QCOMPARE(list.columnWidth(0), width);
+    // Where not even they have room, the list scrolls.
+    list.resize(200, 200);
+    QTRY_VERIFY(list.horizontalScrollBar()->maximum() > 0);
+    QVERIFY(list.columnWidth(1) >= list.header()->sectionSizeHint(1));
 }
 
 void ListTest::aWidthGivenByHandStays()

@@ -1,0 +1,152 @@
+#include "app/MorningGlance.h"
+
+#include "app/glanceLines.h"
+#include "base/RuntimeError.h"
+#include "base/session.h"
+#include "base/values.h"
+#include "store/DataEnvironment.h"
+#include "store/settings.h"
+#include "ui/Command.h"
+#include "ui/Screen.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using glanceLines::sources;
+
+namespace {
+
+constexpr int distance = 16;
+
+std::vector<quint64> stampsOf(const glanceLines::Source &source)
+{
+    std::vector<quint64> stamps;
+    for (const QByteArray &table : source.tables)
+        stamps.push_back(DE().CN.writeStamp(table));
+    return stamps;
+}
+
+QString numbered(size_t line)
+{
+    return u'&' + QString::number(line + 1);
+}
+
+/// Keeps the room of one, so that all lines begin at the same place.
+QIcon noIcon()
+{
+    constexpr int side = 16;
+    QPixmap nothing(side, side);
+    nothing.fill(Qt::transparent);
+    return QIcon(nothing);
+}
+
+} // namespace
+
+MorningGlance::MorningGlance(QWidget *parent) : QFrame(parent), m_isOn(settingIsOn(setting::ShowMorningGlance))
+{
+    setObjectName(u"morningGlance"_s);
+    hide();
+    buildForm();
+    move(distance, distance);
+    m_turn.setSingleShot(true);
+    connect(&m_turn, &QTimer::timeout, this, &MorningGlance::readOn);
+    connect(cmdHide, &Command::clicked, this, &MorningGlance::toggle);
+}
+
+void MorningGlance::buildForm()
+{
+    lblDay = new QLabel;
+    lblDay->setObjectName(u"lblDay"_s);
+    QFont bold = lblDay->font();
+    bold.setWeight(QFont::DemiBold);
+    lblDay->setFont(bold);
+    cmdHide = new Command(u"cmdHide"_s, u"Hide"_s);
+    cmdHide->setToolTip(u"Ctrl+G hides it and shows it again."_s);
+    auto *head = new QHBoxLayout;
+    head->addWidget(lblDay, 1);
+    head->addSpacing(distance);
+    head->addWidget(cmdHide);
+    auto *form = new QVBoxLayout(this);
+    form->setSpacing(2);
+    form->setSizeConstraint(QLayout::SetFixedSize);
+    form->addLayout(head);
+    for (const glanceLines::Source &source : sources()) {
+        m_readings.push_back({.firstLine = m_lines.size()});
+        for (const QString &name : source.names) {
+            const size_t line = m_lines.size();
+            m_lines.push_back({.command = new Command(name, numbered(line))});
+            form->addWidget(m_lines.back().command);
+            connect(m_lines.back().command, &Command::clicked, this, [this, line] { emit chosen(m_lines[line].open); });
+        }
+    }
+}
+
+void MorningGlance::lookAgain()
+{
+    for (Reading &reading : m_readings) {
+        if (reading.hasFailed)
+            reading.day = {};
+    }
+    if (m_isOn)
+        m_turn.start(0);
+}
+
+void MorningGlance::toggle()
+{
+    m_isOn = !m_isOn;
+    SaveSetting(setting::ShowMorningGlance, m_isOn ? u"1"_s : u"0"_s);
+    if (m_isOn)
+        return lookAgain();
+    m_turn.stop();
+    hide();
+    window()->setFocus();
+}
+
+void MorningGlance::readOn()
+{
+    // It comes back to the front in time.
+    if (Screen::front() != window())
+        return;
+    for (size_t source = 0; source < m_readings.size(); ++source) {
+        if (isAsRead(source))
+            continue;
+        read(source);
+        return m_turn.start(0);
+    }
+    lblDay->setText(u"Morning glance, "_s + DayMonthYear(session::CurrentDate));
+    show();
+    raise();
+}
+
+bool MorningGlance::isAsRead(size_t source) const
+{
+    const Reading &reading = m_readings[source];
+    return reading.day == session::CurrentDate && reading.stamps == stampsOf(sources()[source]);
+}
+
+void MorningGlance::read(size_t number)
+{
+    const glanceLines::Source &source = sources()[number];
+    Reading &reading = m_readings[number];
+    reading.day = session::CurrentDate;
+    std::vector<glanceLines::Line> lines;
+    QString fault;
+    try {
+        lines = source.read(session::CurrentDate);
+    } catch (const RuntimeError &error) {
+        fault = error.report();
+        lines.assign(static_cast<size_t>(source.names.size()), {.text = u"This cannot be read"_s});
+    }
+    reading.hasFailed = !fault.isEmpty();
+    // As it is now: a reading may notice that another program has written.
+    reading.stamps = stampsOf(source);
+    for (size_t i = 0; i < lines.size(); ++i) {
+        Entry &entry = m_lines[reading.firstLine + i];
+        entry.open = lines[i].open;
+        entry.command->setText(numbered(reading.firstLine + i) + u"   "_s + lines[i].text);
+        entry.command->setIcon(lines[i].isSomething && !lines[i].icon.isNull() ? lines[i].icon : noIcon());
+        entry.command->setToolTip(fault);
+        entry.command->setEnabled(fault.isEmpty());
+    }
+}

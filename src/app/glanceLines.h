@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArrayList>
+#include <QDate>
+#include <QIcon>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+/// What the morning glance tells, line by line.
+namespace glanceLines {
+
+struct Line {
+    QString text;
+    /// Whether there is something to be seen to.
+    bool isSomething = false;
+    QIcon icon = {};
+    /// Shows the register that the line is about, modally.
+    std::function<void()> open = {};
+};
+
+/// Lines that come from one reading.
+struct Source {
+    /// Of the lines' commands.
+    QStringList names;
+    /// What is read, in small letters.
+    QByteArrayList tables;
+    /// As many lines as names, for that working date. Throws RuntimeError.
+    std::vector<Line> (*read)(QDate day);
+};
+
+/// In the order of their lines.
+[[nodiscard]] const std::vector<Source> &sources();
+
+} // namespace glanceLines

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ui/RegisterScreen.h"
+
+class Command;
+class DateField;
+class ReminderPanel;
+
+/// "Birthday Reminders": the clients whose birthday falls on a day, and a greeting to one of them.
+class frmBirthDayRimenders : public RegisterScreen {
+    Q_OBJECT
+
+public:
+    frmBirthDayRimenders();
+
+private:
+    void buildForm();
+    void connectCommands();
+    void showBirthdays();
+
+    DateField *DateSel;
+    Command *Command1;
+    ListView *lvSummary;
+    ReminderPanel *m_reminder;
+};

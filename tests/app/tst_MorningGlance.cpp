@@ -1,0 +1,268 @@
+#include "app/MorningGlance.h"
+
+#include "app/frmMain.h"
+#include "base/session.h"
+#include "store/codes.h"
+#include "store/settings.h"
+#include "support/ModalScript.h"
+#include "support/TestShop.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/Command.h"
+#include "ui/DateField.h"
+#include "ui/ListView.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::accessKey;
+using driver::control;
+using driver::press;
+
+/// What the working day begins with.
+class GlanceTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void nothingToBeSeenToIsSaid();
+    void eachLineCounts();
+    void eachLineOpensItsRegister();
+    void theListOfALineIsWhatItCounted();
+    void itIsReadOnceTheScreenIsPainted();
+    void itIsReadAnewWhenItMust();
+    void itIsSwitchedOffForGood();
+    void aLineThatCannotBeReadSaysSo();
+    void noDateLeadsNowhere();
+};
+
+namespace {
+
+constexpr int asha = 5;
+constexpr int babu = 6;
+const QDate today{2011, 4, 10};
+const QDate yesterday{2011, 4, 9};
+const QDate tomorrow{2011, 4, 11};
+const QStringList names{u"cmdOverdue"_s, u"cmdDueToday"_s, u"cmdTrials"_s, u"cmdBirthdays"_s, u"cmdDues"_s};
+
+struct Shop : TestShop {
+    Shop()
+    {
+        session::CurrentDate = today;
+        addAccount(u"Asha Rao"_s, {1980, 4, 10});
+        addAccount(u"Babu Lal"_s, {1990, 4, 10});
+        addAccount(u"Mohan"_s, {1980, 4, 10}, accountType::Worker);
+    }
+
+    void addADay()
+    {
+        for (const int status : {0, 1, 2, 3, 4}) {
+            addJobRow({.job = 1, .client = asha, .status = status, .date = yesterday});
+            addJobRow({.job = 1, .client = asha, .status = status, .date = today});
+            addJobRow({.job = 1, .client = asha, .status = status, .date = tomorrow});
+        }
+        addJobRow({.job = 2, .client = asha, .date = {2010, 1, 1}});
+        for (const QDate day : {yesterday, today, tomorrow})
+            addJob({.number = day.day(), .client = asha, .date = day});
+        addJob({.number = 20, .client = babu, .date = today, .appeared = trial::Appeared});
+        addJob({.number = 21, .client = babu, .date = today});
+        connection.execute(u"Update Jobs set Status=1 where id=21"_s);
+        addPosting(asha, today, -1200.5);
+        addPosting(asha, tomorrow, -5);
+        addPosting(babu, today, 70);
+    }
+};
+
+struct MainScreen : frmMain {
+    MainScreen() { QVERIFY(driver::show(*this)); }
+
+    [[nodiscard]] MorningGlance *glance() const { return findChild<MorningGlance *>(); }
+    [[nodiscard]] bool isShown() const
+    {
+        return QTest::qWaitFor([this] { return glance() && glance()->isVisible(); });
+    }
+    [[nodiscard]] QString line(int number) const
+    {
+        const QString text = control<Command>(*this, qPrintable(names.at(number - 1))).text();
+        return text.startsWith(u"&%1   "_s.arg(number)) ? text.mid(5) : u"other number: "_s + text;
+    }
+    [[nodiscard]] QString lines() const
+    {
+        QStringList all;
+        for (int number = 1; number <= names.size(); ++number)
+            all += line(number);
+        return all.join(u'\n');
+    }
+};
+
+} // namespace
+
+void GlanceTest::nothingToBeSeenToIsSaid()
+{
+    Shop shop;
+    session::CurrentDate = {2011, 5, 1};
+    const MainScreen screen;
+    QVERIFY(screen.isShown());
+    QCOMPARE(screen.lines(),
+        u"No delivery is overdue\nNo delivery is due today\nNo trial is today\nNo client has a birthday\n"
+        "No client owes anything"_s);
+    QCOMPARE(control<QLabel>(*screen.glance(), "lblDay").text(), u"Morning glance, 01-May-2011"_s);
+}
+
+void GlanceTest::eachLineCounts()
+{
+    Shop shop;
+    shop.addADay();
+    const MainScreen screen;
+    QVERIFY(screen.isShown());
+    QCOMPARE(screen.lines(),
+        u"4 deliveries are overdue\n3 deliveries are due today\n1 trial is today\n2 clients have a birthday\n"
+        "1 client owes 1,200.50"_s);
+}
+
+void GlanceTest::eachLineOpensItsRegister()
+{
+    Shop shop;
+    ModalScript script;
+    const MainScreen screen;
+    QVERIFY(screen.isShown());
+    const QStringList screens{u"frmDeliveryRegister"_s, u"frmDeliveryRegister"_s, u"frmTrailDate"_s,
+        u"frmBirthDayRimenders"_s, u"frmDueRegister"_s};
+    for (int line = 0; line < screens.size(); ++line) {
+        script.expect(screens.at(line), [](QWidget &) { press(Qt::Key_Escape); });
+        accessKey(static_cast<char>('1' + line));
+        QVERIFY(script.isDone());
+        QCOMPARE(screen.focusWidget(), &screen);
+    }
+    // By Tab and Enter too.
+    control<Command>(screen, "cmdDueToday").setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Tab);
+    script.expect(u"frmTrailDate"_s, [](QWidget &) { press(Qt::Key_Escape); });
+    press(Qt::Key_Return);
+    QVERIFY(script.isDone());
+}
+
+void GlanceTest::theListOfALineIsWhatItCounted()
+{
+    Shop shop;
+    shop.addADay();
+    ModalScript script;
+    const MainScreen screen;
+    QVERIFY(screen.isShown());
+    const auto lists = [&](char key, QDate from, QDate to, int garments) {
+        script.expect(u"frmDeliveryRegister"_s, [=](QWidget &opened) {
+            QCOMPARE(control<DateField>(opened, "DateFrom").date(), from);
+            QCOMPARE(control<DateField>(opened, "DateTo").date(), to);
+            const int closingRows = 2;
+            QCOMPARE(control<ListView>(opened, "lvSummary").list().rowCount(), garments + closingRows);
+            press(Qt::Key_Escape);
+        });
+        accessKey(key);
+        QVERIFY(script.isDone());
+    };
+    lists('1', {2010, 1, 1}, yesterday, 4);
+    lists('2', today, today, 3);
+}
+
+void GlanceTest::itIsReadOnceTheScreenIsPainted()
+{
+    Shop shop;
+    shop.addADay();
+    frmMain screen;
+    screen.show();
+    QVERIFY(!screen.findChild<MorningGlance *>());
+    QVERIFY(driver::waitActive(screen));
+    QTRY_VERIFY(screen.findChild<MorningGlance *>());
+    QTRY_VERIFY(screen.findChild<MorningGlance *>()->isVisible());
+}
+
+void GlanceTest::itIsReadAnewWhenItMust()
+{
+    Shop shop;
+    shop.addADay();
+    ModalScript script;
+    const MainScreen screen;
+    QVERIFY(screen.isShown());
+    // Something is written while another screen is in front; nothing is read meanwhile.
+    script.expect(u"frmAbout"_s, [&](QWidget &) {
+        shop.addPosting(babu, today, -100);
+        shop.addJobRow({.job = 3, .client = babu, .date = today});
+        QCoreApplication::processEvents();
+        QCOMPARE(screen.line(2), u"3 deliveries are due today"_s);
+        press(Qt::Key_Escape);
+    });
+    accessKey('a');
+    QTRY_COMPARE(screen.line(2), u"4 deliveries are due today"_s);
+    QTRY_COMPARE(screen.line(5), u"2 clients owe 1,230.50"_s);
+    // Another day.
+    press(Qt::Key_F2);
+    driver::type(u"11/4"_s);
+    press(Qt::Key_Tab);
+    QTRY_COMPARE(screen.lines(),
+        u"8 deliveries are overdue\n3 deliveries are due today\n1 trial is today\nNo client has a birthday\n"
+        "2 clients owe 1,235.50"_s);
+}
+
+void GlanceTest::itIsSwitchedOffForGood()
+{
+    Shop shop;
+    {
+        const MainScreen screen;
+        QVERIFY(screen.isShown());
+        control<Command>(screen, "cmdOverdue").setFocus();
+        press(Qt::Key_G, Qt::ControlModifier);
+        QVERIFY(!screen.glance()->isVisible());
+        QCOMPARE(screen.focusWidget(), &screen);
+        QCOMPARE(GetSetting(40, u"none"_s), u"0"_s);
+    }
+    shop.addADay();
+    const MainScreen screen;
+    QTRY_VERIFY(screen.glance());
+    QTest::qWait(50);
+    QVERIFY(!screen.glance()->isVisible());
+    QCOMPARE(control<Command>(screen, "cmdOverdue").text(), u"&1"_s);
+    press(Qt::Key_G, Qt::ControlModifier);
+    QVERIFY(screen.isShown());
+    QCOMPARE(screen.line(1), u"4 deliveries are overdue"_s);
+    QCOMPARE(GetSetting(40, u"none"_s), u"1"_s);
+    control<Command>(screen, "cmdHide").click();
+    QVERIFY(!screen.glance()->isVisible());
+}
+
+void GlanceTest::aLineThatCannotBeReadSaysSo()
+{
+    Shop shop;
+    shop.addADay();
+    // More accounts than a balance has numbers for.
+    shop.connection.execute(u"Insert into Accounts (Id, Title, Type) values (40000, 'Zoya', 0)"_s);
+    ModalScript script;
+    const MainScreen screen;
+    QVERIFY(screen.isShown());
+    const auto &dues = control<Command>(screen, "cmdDues");
+    QCOMPARE(screen.line(5), u"This cannot be read"_s);
+    QVERIFY(!dues.isEnabled() && dues.toolTip().contains(u"Overflow"_s));
+    QCOMPARE(screen.line(1), u"4 deliveries are overdue"_s);
+    shop.connection.execute(u"Delete * from Accounts where Id=40000"_s);
+    script.expect(u"frmAbout"_s, [&](QWidget &) { press(Qt::Key_Escape); });
+    accessKey('a');
+    QTRY_COMPARE(screen.line(5), u"1 client owes 1,200.50"_s);
+    QVERIFY(dues.isEnabled() && dues.toolTip().isEmpty());
+}
+
+void GlanceTest::noDateLeadsNowhere()
+{
+    Shop shop;
+    ModalScript script;
+    const MainScreen screen;
+    QVERIFY(screen.isShown());
+    press(Qt::Key_F2);
+    driver::type(u"31/6"_s);
+    script.expectMessage(u"\"31/6\" is not a date!"_s);
+    accessKey('3');
+    QVERIFY(script.isDone());
+    QVERIFY(control<DateField>(screen, "TodayDate").hasFocus());
+}
+
+CORVANE_TEST(GlanceTest)
+#include "tst_MorningGlance.moc"
