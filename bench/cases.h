@@ -21,6 +21,9 @@ namespace bench {
 /// Shows the statement of cash and calls `shown`.
 void showCash(const std::function<void()> &shown);
 
+/// The pictures of garments. REQUIRES: an Application.
+[[nodiscard]] std::vector<Case> pictureCases();
+
 /// What is done at the counter. REQUIRES: an Application. The printed card takes rows from others, so it comes last.
 [[nodiscard]] std::vector<Case> counterCases();
 

@@ -37,7 +37,7 @@ bool runAll()
     bool good = true;
     bench::printHead();
     for (const auto &group : {bench::storeCases, bench::screenCases, bench::registerCases, bench::exportCases,
-             bench::startCases, bench::bookCases, bench::counterCases, bench::houseCases}) {
+             bench::startCases, bench::bookCases, bench::pictureCases, bench::counterCases, bench::houseCases}) {
         for (const bench::Case &work : group()) {
             if (isWanted(work.what))
                 good = bench::measure(work) && good;

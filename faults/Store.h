@@ -62,6 +62,7 @@ struct Store {
 [[nodiscard]] std::vector<Store> productionStores();
 [[nodiscard]] std::vector<Store> bookStores();
 [[nodiscard]] std::vector<Store> houseStores();
+[[nodiscard]] std::vector<Store> pictureStores();
 [[nodiscard]] std::vector<Store> startStores();
 
 } // namespace faults

@@ -5,8 +5,8 @@ build_packages=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-serialport-dev qt6-multimedia-dev libsqlcipher-dev zlib1g-dev libqrencode-dev
 )
-# Texts are drawn as boxes on a machine that has no font at all.
-run_packages=(fonts-dejavu-core)
+# Texts are drawn as boxes on a machine that has no font at all. Cameras are read by the plug-ins of GStreamer.
+run_packages=(fonts-dejavu-core gstreamer1.0-plugins-base gstreamer1.0-plugins-good)
 virtual_display_packages=(xvfb xauth)
 picture_packages=(xdotool scrot openbox poppler-utils)
 # Tests read printed matter back with pdftotext.

@@ -37,6 +37,7 @@ catchers=(
     src/comms/modBuildCVJS.cpp    # a status report that fails is silent
     src/reports/reportOutput.cpp  # a PDF that cannot be written where the user chose is told, and the page stays
     src/production/printAssignment.cpp  # a table of translations that cannot be read is told, and the slip is in English
+    src/pictures/Thumbnails.cpp   # a picture that cannot be loaded gets a sign, and the list goes on
     src/app/MorningGlance.cpp     # a line that cannot be read says so, and the main screen goes on
     src/app/frmMain.cpp           # a wallpaper that cannot be shown is left out
 )

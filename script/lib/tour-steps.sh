@@ -32,6 +32,19 @@ is_in_front() { [[ $(in_front) == "$1" ]]; }
 window() { until_so "the window \"$1\"" is_in_front "$1"; sleep 0.3; }
 keys() { xdotool key --delay 40 "$@"; sleep 0.2; }
 words() { xdotool type --delay 15 -- "$1"; sleep 0.1; }
+# draw X Y X Y..: a line with the left button held.
+draw()
+{
+    xdotool mousemove "$1" "$2" mousedown 1
+    shift 2
+    while (($#)); do
+        xdotool mousemove "$1" "$2"
+        sleep 0.05
+        shift 2
+    done
+    xdotool mouseup 1
+    sleep 0.2
+}
 # field TEXT: types it and moves on.
 field() { words "$1"; keys Return; }
 answer() { window "The Corvane"; keys "$1"; }
@@ -193,6 +206,19 @@ keys ctrl+i Return
 window "Item"
 keys shift+Tab shift+Tab shift+Tab
 picture item-again
+# Round to the commands of the first image.
+keys shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab space
+window "Hand Note"
+draw 400 250 460 210 520 240 580 330 640 350 700 300
+draw 420 400 600 430 760 390
+picture hand-note
+keys alt+o
+window "Item"
+picture item-with-note
+keys alt+1
+window "Show Full Size Image"
+keys Escape
+window "Item"
 keys alt+o
 window "Edit JOB Card"
 keys alt+s

@@ -9,6 +9,7 @@
 #include "base/values.h"
 #include "comms/kvSMS.h"
 #include "comms/modSMS.h"
+#include "pictures/frmSelectFile.h"
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/DateField.h"
@@ -17,7 +18,6 @@
 #include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
 #include "ui/fieldTip.h"
-#include "ui/fileChoice.h"
 #include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvComboBox.h"
@@ -127,16 +127,9 @@ QDate storedDate(setting::Key key)
     return stored ? stored->date() : ParseDate(setting::defaultOf(key));
 }
 
-/// The picker of pictures: a file's path, or "Cancel".
-QString selectFile()
-{
-    const QString file = fileChoice::open(u"Select a picture"_s, u"Pictures (*.png *.jpg *.jpeg *.bmp *.gif)"_s);
-    return file.isEmpty() ? u"Cancel"_s : file;
-}
-
 void selectInto(kvTextBox &box)
 {
-    if (const QString file = selectFile(); file != u"Cancel")
+    if (const QString file = frmSelectFile::SelFile(); file != u"Cancel")
         box.setText(QDir::toNativeSeparators(file));
 }
 

@@ -14,6 +14,7 @@ QString usualText(Fault fault)
     case Fault::DeviceFault: return u"Device I/O error"_s;
     case Fault::FileFault: return u"Path/File access error"_s;
     case Fault::InvalidUseOfNull: return u"Invalid use of Null"_s;
+    case Fault::Picture: return u"The picture cannot be loaded."_s;
     case Fault::NoCurrentRecord: return u"No current record."_s;
     case Fault::ItemNotFound: return u"Item cannot be found in the collection corresponding to the requested name."_s;
     case Fault::NotOpen: return u"Operation is not allowed when the object is closed."_s;

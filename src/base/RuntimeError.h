@@ -13,6 +13,7 @@ enum class Fault {
     DeviceFault = 57,
     FileFault = 75,
     InvalidUseOfNull = 94,
+    Picture = 999,
     NoCurrentRecord = 3021,
     ItemNotFound = 3265,
     NotOpen = 3704,

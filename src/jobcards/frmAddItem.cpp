@@ -1,11 +1,16 @@
 #include "jobcards/frmAddItem.h"
 
 #include "base/RuntimeError.h"
+#include "base/clock.h"
+#include "base/session.h"
 #include "base/values.h"
 #include "jobcards/ItemDetails.h"
 #include "jobcards/clsJobCardData.h"
 #include "pictures/ImageSlot.h"
 #include "pictures/clothColor.h"
+#include "pictures/frmCam.h"
+#include "pictures/frmHandNote.h"
+#include "pictures/frmSelectFile.h"
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "ui/Command.h"
@@ -23,6 +28,7 @@
 
 #include <QBoxLayout>
 #include <QColorDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -37,6 +43,8 @@ namespace {
 
 /// What of an item's name can be read on the smallest monitor.
 constexpr int itemLetters = 16;
+/// Behind the client, a picture's name says when it was made.
+constexpr qsizetype mostNameBytes = 180;
 constexpr int largestQuantity = std::numeric_limits<qint16>::max();
 const QString lineEnd = u"\r\n"_s;
 
@@ -143,8 +151,6 @@ QLayout *frmAddItem::buildCloth()
     Command4 = new Command(u"Command4"_s, u"Web Cam"_s);
     Command8 = new Command(u"Command8"_s, u"Insert Image"_s);
     Command5 = new Command(u"Command5"_s, u"Clear"_s);
-    for (Command *later : {Command3, Command4, Command7, Command8})
-        later->setComesLater(u"This command comes with a later version."_s);
     auto *images = new QHBoxLayout;
     m_image1 = new ImageSlot(u"Image 1"_s, u"pic1"_s, u"picPath1"_s, {Command3, Command7, Command6});
     m_image2 = new ImageSlot(u"Image 2"_s, u"pic2"_s, u"picPath2"_s, {Command4, Command8, Command5});
@@ -161,6 +167,11 @@ void frmAddItem::connectCommands()
 {
     filterKeys(txtQnt, DigitKeysOnly);
     filterKeys(txtFees, DecimalKeysOnly);
+
+    onKey(Qt::ALT | Qt::Key_1, u"Show image 1"_s, [this] { m_image1->preview(); });
+    onKey(Qt::ALT | Qt::Key_2, u"Show image 2"_s, [this] { m_image2->preview(); });
+    onKey(Qt::CTRL | Qt::Key_1, u"Open image 1"_s, [this] { m_image1->open(); });
+    onKey(Qt::CTRL | Qt::Key_2, u"Open image 2"_s, [this] { m_image2->open(); });
 
     connect(cmbItems, &kvComboBox::gotFocus, this, [this] { SelectComboEntry(*cmbItems); });
     connect(cmbItems, &QComboBox::activated, this, [this] { itemChosen(); });
@@ -186,6 +197,10 @@ void frmAddItem::connectCommands()
     connect(picColor, &QPushButton::clicked, this, &frmAddItem::chooseColor);
     // A single option has no other to go to: once on, only loading an item turns it off.
     connect(opIsInv, &QRadioButton::clicked, this, [this] { opIsInv->setChecked(true); });
+    connect(Command3, &Command::clicked, this, [this] { photograph(*m_image1, 1); });
+    connect(Command4, &Command::clicked, this, [this] { photograph(*m_image2, 2); });
+    connect(Command7, &Command::clicked, this, &frmAddItem::drawNote);
+    connect(Command8, &Command::clicked, this, &frmAddItem::insertImage);
     connect(Command5, &Command::clicked, this, [this] { m_image2->removeFile(); });
     connect(Command6, &Command::clicked, this, [this] { m_image1->removeFile(); });
     connect(Command2, &Command::clicked, this, &frmAddItem::cleanForm);
@@ -342,6 +357,49 @@ void frmAddItem::LoadEditItems(const QString &labels, const QString &values)
             throw RuntimeError(Fault::SubscriptOutOfRange, valueLines.at(i));
         ItemDetails1->AddFeild(labelLines.at(i), valueLines.at(i));
     }
+}
+
+/// A path that no file has yet: the client, the machine's day and the time.
+QString frmAddItem::newPicturePath(int number) const
+{
+    QString client = lblClint->text();
+    client.replace(u'/', u'_').replace(QChar::Null, u'_');
+    // A name of the file system has room for so much, whatever the script.
+    while (client.toUtf8().size() > mostNameBytes)
+        client.chop(client.back().isLowSurrogate() ? 2 : 1);
+    QString path;
+    QDateTime moment = machineClock::now();
+    do {
+        path = session::programPath(
+            u"images/%1_%2_%3.bmp"_s.arg(client, moment.toString(u"dd_MM_yyyy_h_m_ss"_s)).arg(number));
+        moment = moment.addSecs(1);
+    } while (QFileInfo::exists(path));
+    return path;
+}
+
+void frmAddItem::photograph(ImageSlot &image, int number)
+{
+    const QString path = newPicturePath(number);
+    bool cancelled = true;
+    frmCam().TakeSnap(path, cancelled);
+    if (!cancelled)
+        image.showFile(path);
+}
+
+/// Over the picture that is there, else on a new sheet.
+void frmAddItem::drawNote()
+{
+    const QString path = m_image1->path().isEmpty() ? newPicturePath(1) : m_image1->path();
+    bool cancelled = true;
+    frmHandNote().TakeSnap(path, cancelled);
+    if (!cancelled)
+        m_image1->showFile(path);
+}
+
+void frmAddItem::insertImage()
+{
+    if (const QString path = frmSelectFile::SelFile(); path != u"Cancel" && !path.isEmpty())
+        m_image2->showFile(path);
 }
 
 void frmAddItem::cleanForm()

@@ -51,6 +51,10 @@ private:
     void itemConfirmed();
     void itemLeft();
     void focusMeasurements();
+    [[nodiscard]] QString newPicturePath(int number) const;
+    void photograph(ImageSlot &image, int number);
+    void drawNote();
+    void insertImage();
     void cleanForm();
     void chooseColor();
     void showColor(double number);

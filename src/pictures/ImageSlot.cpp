@@ -2,8 +2,10 @@
 
 #include "devices/shell.h"
 #include "pictures/PictureBox.h"
+#include "pictures/frmPreview.h"
 #include "ui/Command.h"
 #include "ui/boxType.h"
+#include "ui/fieldTip.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBox.h"
 #include "ui/platformBox.h"
@@ -44,22 +46,41 @@ QString ImageSlot::path() const
     return m_path->Text();
 }
 
-void ImageSlot::open()
+bool ImageSlot::isThere() const
 {
     if (path().isEmpty())
-        return;
-    if (!QFile::exists(path()))
-        return platformBox::show(u"The picture is no longer there:\r\n"_s + path());
-    shell::openFile(path());
+        return false;
+    if (QFile::exists(path()))
+        return true;
+    platformBox::show(u"The picture is no longer there:\r\n"_s + path());
+    return false;
+}
+
+void ImageSlot::open()
+{
+    if (isThere())
+        shell::openFile(path());
+}
+
+void ImageSlot::preview()
+{
+    if (isThere())
+        frmPreview().ShowImage(path());
 }
 
 void ImageSlot::showFile(const QString &file)
 {
-    if (file.isEmpty() || !QFile::exists(file))
+    if (file.isEmpty())
         return;
-    m_path->setText(file);
-    if (!m_picture->load(file))
-        m_picture->clearPicture();
+    const bool isGone = !QFile::exists(file);
+    if (isGone && !path().isEmpty())
+        return;
+    if (!isGone)
+        m_path->setText(file);
+    const QString problem = m_picture->load(file);
+    if (!problem.isEmpty())
+        m_picture->tellMissing(problem);
+    m_picture->setToolTip(problem.isEmpty() ? u"Double click to open"_s : plainTip(file));
 }
 
 void ImageSlot::removeFile()

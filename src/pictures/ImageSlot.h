@@ -18,16 +18,21 @@ public:
 
     /// The file's path; empty where the slot has none.
     [[nodiscard]] QString path() const;
-    /// Shows the file, which is to be there: with an empty path, or one that leads nowhere, the slot stays as it is. A
-    /// file that is no picture leaves the picture empty and keeps its path: a save must not forget it.
+    /// Shows the file. With an empty path, or one that leads nowhere, the slot stays as it is; an empty one then says
+    /// that the file is gone. For a file that is no picture it says why, and keeps the path: a save must not forget it.
     void showFile(const QString &file);
     /// Opens the file as the system does. Nothing where the slot has none; a file that is gone is told.
     void open();
+    /// Shows it above the screen, as large as fits; otherwise as `open`.
+    void preview();
     /// Deletes the file and empties the slot, also where the file cannot be deleted. A slot whose path leads nowhere
     /// stays as it is.
     void removeFile();
 
 private:
+    /// Whether there is a file; one that is gone is told.
+    [[nodiscard]] bool isThere() const;
+
     PictureBox *m_picture;
     kvTextBox *m_path;
 };

@@ -1,6 +1,8 @@
 #include "pictures/PictureBox.h"
 
-#include <QImageReader>
+#include "pictures/pictureFile.h"
+
+using namespace Qt::StringLiterals;
 
 PictureBox::PictureBox(const QString &name, QWidget *parent) : QLabel(parent)
 {
@@ -11,20 +13,38 @@ PictureBox::PictureBox(const QString &name, QWidget *parent) : QLabel(parent)
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
 }
 
-bool PictureBox::load(const QString &path)
+QString PictureBox::load(const QString &path)
 {
-    const QPixmap picture = scaled(path);
-    if (picture.isNull())
-        return false;
-    m_path = path;
-    setPixmap(picture);
-    return true;
+    const pictureFile::Read read = pictureFile::read(path, room());
+    if (!read.picture.isNull()) {
+        m_path = path;
+        put(read.picture);
+    }
+    return read.problem;
+}
+
+void PictureBox::put(const QImage &picture)
+{
+    QPixmap pixmap = QPixmap::fromImage(picture);
+    pixmap.setDevicePixelRatio(devicePixelRatioF());
+    setPixmap(pixmap);
+    setAccessibleDescription({});
 }
 
 void PictureBox::clearPicture()
 {
     m_path.clear();
     clear();
+    setAccessibleDescription({});
+}
+
+void PictureBox::tellMissing(const QString &reason)
+{
+    clearPicture();
+    setAccessibleDescription(reason);
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setText(u"\u26a0\n"_s + reason);
 }
 
 void PictureBox::mouseDoubleClickEvent(QMouseEvent *event)
@@ -39,24 +59,6 @@ void PictureBox::resizeEvent(QResizeEvent *event)
     if (!hasPicture())
         return;
     // A file that is gone since stays as it was shown.
-    if (const QPixmap picture = scaled(m_path); !picture.isNull())
-        setPixmap(picture);
-}
-
-QPixmap PictureBox::scaled(const QString &path) const
-{
-    QImageReader reader(path);
-    // The content tells what it is, whatever the file's name says.
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QSize room = contentsRect().size() * devicePixelRatioF();
-    // What lies on its side is turned after it was read.
-    const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-    const QSize whole = reader.size();
-    const QSize fitting = whole.scaled(turned ? room.transposed() : room, Qt::KeepAspectRatio);
-    if (whole.isValid() && fitting.width() < whole.width())
-        reader.setScaledSize(fitting.expandedTo({1, 1}));
-    QPixmap picture = QPixmap::fromImageReader(&reader);
-    picture.setDevicePixelRatio(devicePixelRatioF());
-    return picture;
+    if (const QImage picture = pictureFile::read(m_path, room()).picture; !picture.isNull())
+        put(picture);
 }

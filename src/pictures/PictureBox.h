@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QLabel>
-#include <QPixmap>
 
 /// Shows a picture file the way up that its camera noted, scaled down to fit: a large one is never held whole. A double
 /// click asks for the file to be opened.
@@ -12,9 +11,11 @@ public:
     /// `name` becomes the object name.
     explicit PictureBox(const QString &name, QWidget *parent = nullptr);
 
-    /// Shows the picture in `path`; false, and nothing changed, where it can't be loaded.
-    [[nodiscard]] bool load(const QString &path);
+    /// Shows the picture in `path` and returns an empty text; where it can't be loaded the reason, and nothing changed.
+    [[nodiscard]] QString load(const QString &path);
     void clearPicture();
+    /// Shows a sign and `reason` in place of a picture.
+    void tellMissing(const QString &reason);
     [[nodiscard]] bool hasPicture() const { return !m_path.isEmpty(); }
 
 signals:
@@ -25,8 +26,8 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    /// Of the size that the box has room for; none where the file is no picture.
-    [[nodiscard]] QPixmap scaled(const QString &path) const;
+    [[nodiscard]] QSize room() const { return contentsRect().size() * devicePixelRatioF(); }
+    void put(const QImage &picture);
 
     QString m_path;
 };

@@ -1,0 +1,293 @@
+#include "OrderDesk.h"
+#include "base/clock.h"
+#include "base/session.h"
+#include "devices/cameras.h"
+#include "devices/shell.h"
+#include "jobcards/frmAddItem.h"
+#include "pictures/PictureBox.h"
+#include "pictures/pictureFile.h"
+#include "store/settings.h"
+#include "support/fileContent.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/kvTextBox.h"
+
+#include <QDir>
+#include <QImage>
+#include <QListView>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::accessKey;
+using driver::control;
+using driver::press;
+
+/// The pictures of an ordered item: taken, drawn, picked, and kept with its row.
+class ItemPicturesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void photosGoIntoBothPlaces();
+    void aPicturesNameFitsTheDisk_data();
+    void aPicturesNameFitsTheDisk();
+    void aNoteGoesOverTheFirstPicture();
+    void aPickedFileIsTakenAsItIs();
+    void whatIsCancelledChangesNothing();
+    void picturesAreShownAndOpenedByKeys();
+    void aPictureThatIsGoneSaysSo();
+};
+
+namespace {
+
+/// A camera whose picture is there at once, of one colour.
+class StillCamera : public CameraSystem {
+public:
+    StillCamera() { cameras::replace(this); }
+    ~StillCamera() override { cameras::replace(nullptr); }
+    QStringList names() override { return {u"Still"_s}; }
+    std::unique_ptr<Camera> open(int, const Camera::Events &events) override
+    {
+        QImage frame(40, 30, QImage::Format_RGB32);
+        frame.fill(color);
+        QTimer::singleShot(0, &m_context, [events, frame] { events.frame(frame); });
+        return std::make_unique<One>();
+    }
+    QColor color = Qt::red;
+
+private:
+    class One : public Camera {
+        QStringList formats() const override { return {}; }
+        int format() const override { return -1; }
+        void setFormat(int) override { }
+    };
+    QObject m_context;
+};
+
+struct PictureDesk : OrderDesk {
+    PictureDesk() { session::ProgramFolder = folder.path(); }
+
+    /// Opens the editor of the only row, does `work` and takes the row; dialogs that come up are expected before.
+    void edit(ModalScript &script, const std::function<void(QWidget &)> &work)
+    {
+        script.expect(u"frmAddItem"_s, [&work](QWidget &editor) {
+            work(editor);
+            accessKey('o');
+        });
+        bool cancelled = true;
+        frmAddItem().EditItemDetails(row, 5, 1, cancelled);
+        QVERIFY(!cancelled);
+    }
+
+    [[nodiscard]] QString image(const QString &name) const { return folder.filePath(u"images/"_s + name); }
+
+    clsJobCardData row = rows(1);
+    StillCamera camera;
+};
+
+void takePicture(QWidget &)
+{
+    QTRY_VERIFY(qobject_cast<QPushButton *>(QApplication::focusWidget()));
+    QTRY_COMPARE(QApplication::focusWidget()->objectName(), u"Command4"_s);
+    press(Qt::Key_Return);
+    press(Qt::Key_Escape);
+}
+
+void click(const QWidget &editor, const char *command)
+{
+    control<QPushButton>(editor, command).click();
+}
+
+QColor colorOf(const QString &path)
+{
+    return pictureFile::read(path).picture.pixelColor(5, 5);
+}
+
+} // namespace
+
+void ItemPicturesTest::photosGoIntoBothPlaces()
+{
+    PictureDesk desk;
+    ModalScript script;
+    desk.edit(script, [&](QWidget &editor) {
+        script.expect(u"frmCam"_s, takePicture);
+        click(editor, "Command3");
+        QVERIFY(control<PictureBox>(editor, "pic1").hasPicture());
+        desk.camera.color = Qt::blue;
+        script.expect(u"frmCam"_s, takePicture);
+        click(editor, "Command4");
+    });
+    QCOMPARE(desk.row.img1(1), desk.image(u"Asha Rao_01_04_2011_10_0_00_1.bmp"_s));
+    QCOMPARE(desk.row.img2(1), desk.image(u"Asha Rao_01_04_2011_10_0_00_2.bmp"_s));
+    QCOMPARE(colorOf(desk.row.img1(1)), QColor(Qt::red));
+    QCOMPARE(colorOf(desk.row.img2(1)), QColor(Qt::blue));
+    // In the same second another one takes nobody's place.
+    desk.edit(script, [&](QWidget &editor) {
+        script.expect(u"frmCam"_s, takePicture);
+        click(editor, "Command3");
+    });
+    QCOMPARE(desk.row.img1(1), desk.image(u"Asha Rao_01_04_2011_10_0_01_1.bmp"_s));
+    QCOMPARE(colorOf(desk.image(u"Asha Rao_01_04_2011_10_0_00_1.bmp"_s)), QColor(Qt::red));
+}
+
+void ItemPicturesTest::aPicturesNameFitsTheDisk_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("begins");
+    QTest::newRow("signs") << u"Rao/../Sons: \"50% & more\""_s << u"Rao_.._Sons: \"50% & more\"_01_04_2011_"_s;
+    QTest::newRow("Hindi") << QString(100, QChar(0x0905)) << QString(60, QChar(0x0905)) + u"_01_04_2011_"_s;
+    QTest::newRow("pairs") << QString::fromUcs4(U"\U0001F9F5").repeated(60)
+                           << QString::fromUcs4(U"\U0001F9F5").repeated(45) + u"_01_04_2011_"_s;
+}
+
+void ItemPicturesTest::aPicturesNameFitsTheDisk()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, begins);
+    PictureDesk desk;
+    QString quoted = title;
+    quoted.replace(u"'"_s, u"''"_s);
+    desk.connection.execute(u"update Accounts set Title='%1' where Id=5"_s.arg(quoted));
+    ModalScript script;
+    desk.edit(script, [&](QWidget &editor) {
+        script.expect(u"frmCam"_s, takePicture);
+        click(editor, "Command3");
+    });
+    const QStringList kept = QDir(desk.image({})).entryList(QDir::Files);
+    QCOMPARE(kept.size(), 1);
+    QVERIFY2(kept.constFirst().startsWith(begins), qPrintable(kept.constFirst()));
+    QCOMPARE(desk.row.img1(1), desk.image(kept.constFirst()));
+}
+
+void ItemPicturesTest::aNoteGoesOverTheFirstPicture()
+{
+    PictureDesk desk;
+    const auto draw = [](QWidget &note) {
+        auto &canvas = control<QWidget>(note, "picCanvas");
+        QTest::mousePress(&canvas, Qt::LeftButton, {}, canvas.rect().center());
+        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, canvas.rect().center());
+        accessKey('o');
+    };
+    ModalScript script;
+    desk.edit(script, [&](QWidget &editor) {
+        script.expect(u"frmHandNote"_s, draw);
+        click(editor, "Command7");
+        QVERIFY(control<PictureBox>(editor, "pic1").hasPicture());
+    });
+    const QString path = desk.row.img1(1);
+    QCOMPARE(path, desk.image(u"Asha Rao_01_04_2011_10_0_00_1.bmp"_s));
+    QVERIFY(pictureFile::sizeOf(path).width() > 40);
+    // A picture of the camera is drawn on, under its own path.
+    QVERIFY(pictureFile::read(path).picture.copy(0, 0, 31, 31).save(path, "BMP"));
+    const QByteArray before = contentOf(path);
+    desk.edit(script, [&](QWidget &editor) {
+        script.expect(u"frmHandNote"_s, draw);
+        click(editor, "Command7");
+    });
+    QCOMPARE(desk.row.img1(1), path);
+    QCOMPARE(pictureFile::sizeOf(path), QSize(31, 31));
+    QVERIFY(contentOf(path) != before);
+    QCOMPARE(QDir(desk.image({})).entryList(QDir::Files).size(), 1);
+}
+
+void ItemPicturesTest::aPickedFileIsTakenAsItIs()
+{
+    PictureDesk desk;
+    const QString picked = desk.folder.filePath(u"silk.jpg"_s);
+    const QString broken = desk.folder.filePath(u"text.jpg"_s);
+    QVERIFY(QImage(40, 30, QImage::Format_RGB32).save(picked));
+    writeContent(broken, "no picture");
+    SaveSetting(setting::PickerDrive, u"/"_s);
+    SaveSetting(setting::PickerFolder, desk.folder.path());
+    ModalScript script;
+    desk.edit(script, [&](QWidget &editor) {
+        const auto pick = [&](const QString &name) {
+            script.expect(u"frmSelectFile"_s, [name](QWidget &picker) {
+                control<QListView>(picker, "files").setFocus();
+                driver::type(name);
+                press(Qt::Key_Return);
+            });
+            click(editor, "Command8");
+        };
+        const auto &picture = control<PictureBox>(editor, "pic2");
+        pick(u"silk"_s);
+        QVERIFY(picture.hasPicture());
+        script.expect(u"frmSelectFile"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        click(editor, "Command8");
+        QCOMPARE(control<kvTextBox>(editor, "picPath2").text(), picked);
+        pick(u"text"_s);
+        QVERIFY(!picture.hasPicture());
+        QVERIFY(picture.text().contains(u"It is no picture of a known kind"_s));
+    });
+    QCOMPARE(desk.row.img2(1), broken);
+    QVERIFY(!QFile::exists(desk.image({})));
+}
+
+void ItemPicturesTest::whatIsCancelledChangesNothing()
+{
+    PictureDesk desk;
+    const QString old = desk.folder.filePath(u"old.bmp"_s);
+    QVERIFY(QImage(40, 30, QImage::Format_RGB32).save(old));
+    desk.row.SetImg1(1, old);
+    desk.row.SetImg2(1, old);
+    const QByteArray before = contentOf(old);
+    ModalScript script;
+    desk.edit(script, [&](QWidget &editor) {
+        for (const auto &[command, dialog] : {std::pair("Command3", u"frmCam"_s), {"Command4", u"frmCam"_s},
+                 {"Command7", u"frmHandNote"_s}, {"Command8", u"frmSelectFile"_s}}) {
+            script.expect(dialog, [](QWidget &) { press(Qt::Key_Escape); });
+            click(editor, command);
+        }
+    });
+    QCOMPARE(desk.row.img1(1), old);
+    QCOMPARE(desk.row.img2(1), old);
+    QCOMPARE(contentOf(old), before);
+}
+
+void ItemPicturesTest::picturesAreShownAndOpenedByKeys()
+{
+    PictureDesk desk;
+    const QString first = desk.folder.filePath(u"1.bmp"_s);
+    QVERIFY(QImage(40, 30, QImage::Format_RGB32).save(first));
+    desk.row.SetImg1(1, first);
+    QStringList opened;
+    shell::replaceOpener([&opened](const QString &path) { opened += path; });
+    ModalScript script;
+    desk.edit(script, [&](QWidget &) {
+        script.expect(u"frmPreview"_s, [](QWidget &shown) {
+            QCOMPARE(control<PictureBox>(shown, "picture").pixmap().size(), QSize(40, 30));
+            press(Qt::Key_Escape);
+        });
+        press(Qt::Key_1, Qt::AltModifier);
+        press(Qt::Key_1, Qt::ControlModifier);
+        // There is no second one.
+        press(Qt::Key_2, Qt::AltModifier);
+        press(Qt::Key_2, Qt::ControlModifier);
+        QVERIFY(QFile::remove(first));
+        for (const Qt::KeyboardModifier with : {Qt::AltModifier, Qt::ControlModifier}) {
+            script.expectBox(u"The picture is no longer there:\r\n"_s + first);
+            press(Qt::Key_1, with);
+        }
+    });
+    shell::replaceOpener({});
+    QCOMPARE(opened, QStringList{first});
+}
+
+void ItemPicturesTest::aPictureThatIsGoneSaysSo()
+{
+    PictureDesk desk;
+    desk.row.SetImg1(1, desk.folder.filePath(u"gone.bmp"_s));
+    ModalScript script;
+    desk.edit(script, [&](QWidget &editor) {
+        const auto &picture = control<PictureBox>(editor, "pic1");
+        QVERIFY(picture.text().contains(u"It is no longer there"_s));
+        QVERIFY(picture.toolTip().contains(u"gone.bmp"_s));
+        QCOMPARE(control<kvTextBox>(editor, "picPath1").text(), QString());
+        script.expect(u"frmCam"_s, takePicture);
+        click(editor, "Command3");
+        QVERIFY(picture.hasPicture());
+    });
+}
+
+CORVANE_TEST(ItemPicturesTest)
+#include "tst_itemPictures.moc"

@@ -1,0 +1,375 @@
+#include "pictures/frmCam.h"
+
+#include "base/session.h"
+#include "devices/cameras.h"
+#include "devices/multimedia.h"
+#include "devices/sound.h"
+#include "pictures/kvSnap.h"
+#include "pictures/pictureFile.h"
+#include "sampleFiles.h"
+#include "store/settings.h"
+#include "support/ModalScript.h"
+#include "support/TestShop.h"
+#include "support/fileContent.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/kvComboBox.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::control;
+using driver::press;
+
+/// Pictures from a camera, which may be missing, silent or pulled out.
+class CamTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aPictureIsCaptured();
+    void aSecondCaptureWantsAStart();
+    void closedWithoutACaptureItIsCancelled();
+    void stoppedItTakesNone();
+    void withoutACameraALineSaysSo();
+    void pulledOutItSaysSo();
+    void aSilentCameraIsTold();
+    void theCameraIsRemembered();
+    void theSizeIsChosen();
+    void theClickComesFirst();
+    void whatCannotBeWrittenLeavesTheCameraOn();
+    void theMachinesOwnIsThere();
+};
+
+namespace {
+
+/// Cameras that send what the test has them send.
+class Bench : public CameraSystem {
+public:
+    Bench() { cameras::replace(this); }
+    ~Bench() override { cameras::replace(nullptr); }
+
+    QStringList names() override { return plugged; }
+    std::unique_ptr<Camera> open(int index, const Camera::Events &events) override
+    {
+        if (index < 0 || index >= plugged.size())
+            return nullptr;
+        opened += index;
+        return std::make_unique<Plugged>(*this, events);
+    }
+
+    [[nodiscard]] bool isOn() const { return m_events != nullptr; }
+    void send(const QColor &color) const
+    {
+        QImage frame(64, 48, QImage::Format_RGB32);
+        frame.fill(color);
+        m_events->frame(frame);
+    }
+    void pullOut() const
+    {
+        // It goes while it tells.
+        const auto failed = m_events->failed;
+        failed(u"The camera was pulled out"_s);
+    }
+
+    QStringList plugged{u"Front"_s, u"Cloth stand"_s};
+    QList<int> opened;
+    int format = 1;
+
+private:
+    class Plugged : public Camera {
+    public:
+        Plugged(Bench &bench, Events events) : m_bench(bench), m_events(std::move(events))
+        {
+            m_bench.m_events = &m_events;
+        }
+        ~Plugged() override { m_bench.m_events = nullptr; }
+        QStringList formats() const override { return {u"1280 x 720"_s, u"640 x 480"_s}; }
+        int format() const override { return m_bench.format; }
+        void setFormat(int index) override { m_bench.format = index; }
+
+    private:
+        Bench &m_bench;
+        Events m_events;
+    };
+
+    Camera::Events *m_events = nullptr;
+};
+
+struct Studio : TestShop {
+    Studio() : path(folder.filePath(u"images/Asha_1.bmp"_s)) { session::ProgramFolder = folder.path(); }
+
+    /// Opens the dialog and does `work`; whether it was cancelled.
+    bool snap(const std::function<void(QWidget &)> &work) const
+    {
+        ModalScript script;
+        script.expect(u"frmCam"_s, work);
+        bool cancelled = false;
+        frmCam().TakeSnap(path, cancelled);
+        return cancelled;
+    }
+    [[nodiscard]] QColor kept() const { return pictureFile::read(path).picture.pixelColor(10, 10); }
+
+    QString path;
+};
+
+QString line(const QWidget &screen)
+{
+    return control<kvSnap>(screen, "kvSnap").line();
+}
+
+QPushButton &captureCommand(const QWidget &screen)
+{
+    return control<QPushButton>(screen, "Command4");
+}
+
+QColor middle(const QWidget &screen)
+{
+    auto &view = control<kvSnap>(screen, "kvSnap");
+    const QImage seen = view.grab().toImage();
+    return seen.pixelColor(seen.rect().center());
+}
+
+} // namespace
+
+void CamTest::aPictureIsCaptured()
+{
+    const Studio studio;
+    const Bench bench;
+    const bool cancelled = studio.snap([&](QWidget &screen) {
+        QVERIFY(bench.isOn());
+        QVERIFY(!captureCommand(screen).isEnabled());
+        bench.send(Qt::green);
+        QCOMPARE(middle(screen), QColor(Qt::green));
+        bench.send(Qt::red);
+        QCOMPARE(middle(screen), QColor(Qt::red));
+        QVERIFY(captureCommand(screen).hasFocus());
+        press(Qt::Key_Return);
+        QVERIFY(!bench.isOn());
+        // The dialog stays, with the still.
+        QVERIFY(screen.isVisible());
+        QCOMPARE(middle(screen), QColor(Qt::red));
+        press(Qt::Key_Escape);
+    });
+    QVERIFY(!cancelled);
+    QCOMPARE(contentOf(studio.path).first(2), QByteArray("BM"));
+    QCOMPARE(studio.kept(), QColor(Qt::red));
+}
+
+void CamTest::aSecondCaptureWantsAStart()
+{
+    const Studio studio;
+    const Bench bench;
+    studio.snap([&](QWidget &screen) {
+        bench.send(Qt::red);
+        press(Qt::Key_F9);
+        const QByteArray first = contentOf(studio.path);
+        QVERIFY(QFile::remove(studio.path));
+        press(Qt::Key_F9);
+        captureCommand(screen).click();
+        QVERIFY(!QFile::exists(studio.path));
+        press(Qt::Key_F5);
+        // Before its first picture it has none to take.
+        press(Qt::Key_F9);
+        QVERIFY(!QFile::exists(studio.path));
+        bench.send(Qt::blue);
+        press(Qt::Key_F9);
+        QVERIFY(contentOf(studio.path) != first);
+        press(Qt::Key_Escape);
+    });
+    QCOMPARE(studio.kept(), QColor(Qt::blue));
+}
+
+void CamTest::closedWithoutACaptureItIsCancelled()
+{
+    const Studio studio;
+    const Bench bench;
+    pictureFile::save(sampleFiles::halves({20, 20}), studio.path);
+    const QByteArray before = contentOf(studio.path);
+    QVERIFY(studio.snap([&](QWidget &) {
+        bench.send(Qt::red);
+        press(Qt::Key_Escape);
+    }));
+    QVERIFY(!bench.isOn());
+    QCOMPARE(contentOf(studio.path), before);
+}
+
+void CamTest::stoppedItTakesNone()
+{
+    const Studio studio;
+    const Bench bench;
+    QVERIFY(studio.snap([&](QWidget &screen) {
+        bench.send(Qt::red);
+        press(Qt::Key_F6);
+        QVERIFY(!bench.isOn());
+        QVERIFY(!control<QPushButton>(screen, "Command2").isEnabled());
+        press(Qt::Key_F9);
+        captureCommand(screen).click();
+        press(Qt::Key_Escape);
+    }));
+    QVERIFY(!QFile::exists(studio.path));
+}
+
+void CamTest::withoutACameraALineSaysSo()
+{
+    const Studio studio;
+    Bench bench;
+    bench.plugged.clear();
+    QVERIFY(studio.snap([&](QWidget &screen) {
+        QCOMPARE(line(screen), u"No camera is there. Plug one in, then start it."_s);
+        QVERIFY(middle(screen) != QColor(Qt::black));
+        press(Qt::Key_F9);
+        bench.plugged = {u"New one"_s};
+        press(Qt::Key_F5);
+        QCOMPARE(control<kvComboBox>(screen, "cmbList").currentText(), u"New one"_s);
+        bench.send(Qt::red);
+        QCOMPARE(line(screen), QString());
+        press(Qt::Key_Escape);
+    }));
+}
+
+void CamTest::pulledOutItSaysSo()
+{
+    const Studio studio;
+    const Bench bench;
+    QVERIFY(studio.snap([&](QWidget &screen) {
+        bench.send(Qt::red);
+        bench.pullOut();
+        QVERIFY(!bench.isOn());
+        QCOMPARE(line(screen), u"The camera was pulled out"_s);
+        QVERIFY(!captureCommand(screen).isEnabled());
+        press(Qt::Key_F9);
+        QVERIFY(!QFile::exists(studio.path));
+        press(Qt::Key_F5);
+        bench.send(Qt::blue);
+        QCOMPARE(middle(screen), QColor(Qt::blue));
+        press(Qt::Key_Escape);
+    }));
+}
+
+void CamTest::aSilentCameraIsTold()
+{
+    const Studio studio;
+    const Bench bench;
+    studio.snap([&](QWidget &screen) {
+        QCOMPARE(line(screen), u"The camera is switched on..."_s);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            line(screen), u"The camera sends no picture. Perhaps another program is using it."_s, 8000);
+        QVERIFY(!bench.isOn());
+        press(Qt::Key_Escape);
+    });
+}
+
+void CamTest::theCameraIsRemembered()
+{
+    const Studio studio;
+    const Bench bench;
+    studio.snap([&](QWidget &screen) {
+        QCOMPARE(bench.opened, QList<int>{0});
+        control<kvComboBox>(screen, "cmbList").setFocus();
+        press(Qt::Key_Down);
+        QCOMPARE(GetSetting(17, u"-"_s), u"-"_s);
+        press(Qt::Key_F5);
+        QCOMPARE(GetSetting(17, u"-"_s), u"1"_s);
+        press(Qt::Key_Escape);
+    });
+    QCOMPARE(bench.opened, QList<int>({0, 1}));
+    for (const auto &[stored, opens] : {std::pair(u"1"_s, 1), {u"7"_s, 0}, {u"-3"_s, 0}, {u"x"_s, 0}}) {
+        SaveSetting(setting::Webcam, stored);
+        studio.snap([](QWidget &) { press(Qt::Key_Escape); });
+        QCOMPARE(bench.opened.constLast(), opens);
+        QCOMPARE(GetSetting(setting::Webcam), stored);
+    }
+}
+
+void CamTest::theSizeIsChosen()
+{
+    const Studio studio;
+    const Bench bench;
+    studio.snap([&](QWidget &) {
+        QTimer::singleShot(100, qApp, [] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            QVERIFY(menu);
+            QCOMPARE(menu->actions().size(), 2);
+            QCOMPARE(menu->activeAction()->text(), u"640 x 480"_s);
+            QTest::keyClick(menu, Qt::Key_Up);
+            QTest::keyClick(menu, Qt::Key_Return);
+        });
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(bench.format, 0);
+        press(Qt::Key_Escape);
+    });
+}
+
+void CamTest::theClickComesFirst()
+{
+    const Studio studio;
+    const Bench bench;
+    QStringList played;
+    sound::replacePlayer([&](const QString &path) {
+        played += path;
+        QVERIFY(!QFile::exists(studio.path));
+        // The last picture before the click is over is the one.
+        bench.send(Qt::blue);
+    });
+    const auto takes = [&](QWidget &) {
+        bench.send(Qt::red);
+        press(Qt::Key_F9);
+        press(Qt::Key_Escape);
+    };
+    QVERIFY(!studio.snap(takes));
+    QCOMPARE(played, QStringList());
+    QVERIFY(QFile::remove(studio.path));
+    writeContent(studio.folder.filePath(u"click.wav"_s), "click");
+    QVERIFY(!studio.snap(takes));
+    QCOMPARE(played, QStringList{studio.folder.filePath(u"click.wav"_s)});
+    QCOMPARE(studio.kept(), QColor(Qt::blue));
+    QVERIFY(QFile::remove(studio.path));
+    // Gone while it clicks.
+    sound::replacePlayer([&](const QString &) { bench.pullOut(); });
+    QVERIFY(studio.snap(takes));
+    QVERIFY(!QFile::exists(studio.path));
+    sound::replacePlayer({});
+}
+
+void CamTest::whatCannotBeWrittenLeavesTheCameraOn()
+{
+    const Studio studio;
+    const Bench bench;
+    writeContent(studio.folder.filePath(u"images"_s), "a file in the folder's place");
+    ModalScript script;
+    script.expect(u"frmCam"_s, [&](QWidget &screen) {
+        bench.send(Qt::red);
+        QString told;
+        script.expect(u"QMessageBox"_s, [&told](QWidget &box) {
+            told = box.property("text").toString();
+            press(Qt::Key_Return);
+        });
+        press(Qt::Key_F9);
+        QVERIFY2(told.contains(u"The file cannot be made: Not a directory."_s), qPrintable(told));
+        QVERIFY(bench.isOn() && captureCommand(screen).isEnabled());
+        QVERIFY(QFile::remove(studio.folder.filePath(u"images"_s)));
+        press(Qt::Key_F9);
+        press(Qt::Key_Escape);
+    });
+    bool cancelled = true;
+    frmCam().TakeSnap(studio.path, cancelled);
+    QVERIFY(!cancelled);
+    QCOMPARE(studio.kept(), QColor(Qt::red));
+}
+
+/// The library beside the program is loaded and asked; what it says depends on the machine.
+void CamTest::theMachinesOwnIsThere()
+{
+    const TestShop shop;
+    qputenv("XDG_RUNTIME_DIR", shop.folder.path().toLocal8Bit());
+    QCoreApplication::addLibraryPath(QStringLiteral(CORVANE_LIBRARY_FOLDER));
+    QVERIFY(Multimedia::load());
+    QCOMPARE(cameras::open(static_cast<int>(cameras::names().size()), {}), nullptr);
+}
+
+CORVANE_TEST(CamTest)
+#include "tst_frmCam.moc"

@@ -1,0 +1,359 @@
+#include "pictures/frmSelectFile.h"
+
+#include "devices/shell.h"
+#include "pictures/PictureBox.h"
+#include "pictures/Thumbnails.h"
+#include "sampleFiles.h"
+#include "store/settings.h"
+#include "support/ModalScript.h"
+#include "support/TestShop.h"
+#include "support/fileContent.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+#include "ui/kvTextBox.h"
+
+#include <QAbstractItemModelTester>
+#include <QComboBox>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QListView>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using driver::control;
+using driver::press;
+using driver::type;
+
+/// A picture is found and chosen, while thumbnails come.
+class SelectFileTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aPictureIsChosenByKeys();
+    void theTypeFiltersInAnyCase();
+    void brokenFilesGetASignAndTheListGoesOn();
+    void folderByFolder();
+    void theLocationIsRemembered();
+    void aRememberedLocationThatIsGoneIsTold();
+    void aTypedNameMustBeThere();
+    void itIsOpenedAndShownFromTheList();
+    void onePicksAtAnyTime();
+    void whatIsLookedAtComesNext();
+};
+
+namespace {
+
+/// A shop whose user keeps his pictures in `album`.
+struct Album : TestShop {
+    Album()
+    {
+        qputenv("HOME", folder.path().toLocal8Bit());
+        QDir(folder.path()).mkpath(u"Pictures/old"_s);
+    }
+    ~Album() { qputenv("HOME", home); }
+    [[nodiscard]] QString file(const QString &name) const { return folder.filePath(u"Pictures/"_s + name); }
+    void photo(const QString &name, int orientation = 1) const
+    {
+        sampleFiles::writePhoto(file(name), {400, 200}, orientation);
+    }
+    /// Opens the picker in the folder and does `work`; what was chosen.
+    QString pick(const std::function<void(QWidget &)> &work, const QString &in = u"Pictures"_s) const
+    {
+        SaveSetting(setting::PickerDrive, folder.path());
+        SaveSetting(setting::PickerFolder, folder.filePath(in));
+        ModalScript script;
+        script.expect(u"frmSelectFile"_s, work);
+        return frmSelectFile::SelFile();
+    }
+    QByteArray home = qgetenv("HOME");
+};
+
+QString status(const QWidget &picker)
+{
+    return control<QLabel>(picker, "lblStatus").text();
+}
+
+bool isThrough(const QWidget &picker)
+{
+    return QTest::qWaitFor([&picker] { return !control<QProgressBar>(picker, "progress").isVisible(); });
+}
+
+QStringList files(const QWidget &picker)
+{
+    return driver::column(control<QListView>(picker, "preview"), 0);
+}
+
+QString chosenName(const QWidget &picker)
+{
+    return control<kvTextBox>(picker, "txtfilename").text();
+}
+
+QImage thumbnail(const QWidget &picker, int row)
+{
+    const auto *model = control<QListView>(picker, "preview").model();
+    return model->index(row, 0).data(Qt::DecorationRole).value<QPixmap>().toImage();
+}
+
+} // namespace
+
+void SelectFileTest::aPictureIsChosenByKeys()
+{
+    const Album album;
+    for (const char *name : {"a.jpg", "b.jpg", "c.jpg"})
+        album.photo(QLatin1StringView(name), name[0] == 'c' ? 6 : 1);
+    const QString chosen = album.pick([](QWidget &picker) {
+        const QAbstractItemModelTester tester(control<QListView>(picker, "preview").model());
+        QCOMPARE(files(picker), QStringList({u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s}));
+        QVERIFY(isThrough(picker));
+        QCOMPARE(status(picker), u"3 pictures"_s);
+        QCOMPARE(thumbnail(picker, 0).size(), QSize(100, 100));
+        // The last one is held on its side.
+        QVERIFY(thumbnail(picker, 0).pixelColor(50, 10) == Qt::white);
+        QVERIFY(thumbnail(picker, 2).pixelColor(50, 10).red() > 200);
+        // Nothing is chosen yet, and nothing happens.
+        control<QPushButton>(picker, "cmdOK").click();
+        QVERIFY(picker.isVisible());
+        control<QListView>(picker, "preview").setFocus();
+        type(u"b"_s);
+        QCOMPARE(chosenName(picker), u"b.jpg"_s);
+        QCOMPARE(control<QListView>(picker, "files").currentIndex().row(), 1);
+        press(Qt::Key_Right);
+        QCOMPARE(chosenName(picker), u"c.jpg"_s);
+        press(Qt::Key_Return);
+    });
+    QCOMPARE(chosen, album.file(u"c.jpg"_s));
+    const auto cancels = [](QWidget &picker) { control<QPushButton>(picker, "Command1").click(); };
+    QCOMPARE(album.pick(cancels), u"Cancel"_s);
+    QCOMPARE(album.pick([](QWidget &) { press(Qt::Key_Escape); }), u"Cancel"_s);
+}
+
+void SelectFileTest::theTypeFiltersInAnyCase()
+{
+    const Album album;
+    for (const char *name : {"a.jpg", "B.JPG", "c.jpeg", "d.gif", "e.bmp", "f.PNG", "g.txt"})
+        writeContent(album.file(QLatin1StringView(name)), "x");
+    album.pick([](QWidget &picker) {
+        auto &kinds = control<QComboBox>(picker, "cmbFIletype");
+        QCOMPARE(driver::entries(kinds), QStringList({u"*.gif"_s, u"*.bmp"_s, u"*.jpg"_s, u"*.jpeg"_s, u"*.png"_s}));
+        QCOMPARE(kinds.currentText(), u"*.jpg"_s);
+        QCOMPARE(files(picker), QStringList({u"a.jpg"_s, u"B.JPG"_s}));
+        kinds.setFocus();
+        press(Qt::Key_Down);
+        QCOMPARE(files(picker), QStringList{u"c.jpeg"_s});
+        press(Qt::Key_Down);
+        QCOMPARE(files(picker), QStringList{u"f.PNG"_s});
+        press(Qt::Key_Home);
+        QCOMPARE(files(picker), QStringList{u"d.gif"_s});
+        press(Qt::Key_Escape);
+    });
+}
+
+void SelectFileTest::brokenFilesGetASignAndTheListGoesOn()
+{
+    const Album album;
+    writeContent(album.file(u"1 empty.jpg"_s), {});
+    writeContent(album.file(u"2 text.jpg"_s), "Sleeves 24");
+    QVERIFY(QDir().mkdir(album.file(u"folder.jpg"_s)));
+    sampleFiles::writeHeader(album.file(u"3 large.jpg"_s), "GIF", {30000, 30000});
+    album.photo(u"4 good.jpg"_s);
+    album.pick([](QWidget &picker) {
+        QVERIFY(isThrough(picker));
+        QCOMPARE(files(picker).size(), 4);
+        const auto &list = control<QListView>(picker, "preview");
+        QCOMPARE(list.model()->index(3, 0).data(Thumbnails::ReasonRole).toString(), QString());
+        control<QListView>(picker, "files").setFocus();
+        press(Qt::Key_Home);
+        QCOMPARE(status(picker), u"Error loading picture 1 empty.jpg: The file is empty"_s);
+        press(Qt::Key_Down);
+        QCOMPARE(status(picker), u"Error loading picture 2 text.jpg: It is no picture of a known kind"_s);
+        press(Qt::Key_Down);
+        QCOMPARE(status(picker), u"Error loading picture 3 large.jpg: It is too large: 30000 x 30000 points"_s);
+        press(Qt::Key_Down);
+        QCOMPARE(status(picker), u"4 pictures"_s);
+        QVERIFY(thumbnail(picker, 3) != thumbnail(picker, 0));
+        QCOMPARE(thumbnail(picker, 0), thumbnail(picker, 1));
+        press(Qt::Key_Escape);
+    });
+}
+
+void SelectFileTest::folderByFolder()
+{
+    const Album album;
+    album.photo(u"old/a 100% 'b'.jpg"_s);
+    const QString chosen = album.pick([&album](QWidget &picker) {
+        auto &folders = control<QListWidget>(picker, "directory");
+        QCOMPARE(driver::column(folders, 0), QStringList({u".."_s, u"old"_s}));
+        folders.setFocus();
+        QCOMPARE(status(picker), u"No file of this type here"_s);
+        press(Qt::Key_Down);
+        press(Qt::Key_Return);
+        QCOMPARE(control<QLabel>(picker, "path").text(), album.file(u"old"_s));
+        press(Qt::Key_Backspace);
+        press(Qt::Key_Backspace);
+        QVERIFY(driver::column(folders, 0).contains(u"Pictures"_s));
+        auto &drives = control<QComboBox>(picker, "drive");
+        drives.setCurrentIndex(drives.findText(u"Computer"_s));
+        QCOMPARE(control<QLabel>(picker, "path").text(), u"/"_s);
+        QVERIFY(!driver::column(folders, 0).contains(u".."_s));
+        drives.setCurrentIndex(drives.findText(u"Pictures"_s));
+        const QPoint place = folders.visualItemRect(folders.item(1)).center();
+        QTest::mouseClick(folders.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(folders.viewport(), Qt::LeftButton, {}, place);
+        QCOMPARE(files(picker), QStringList{u"a 100% 'b'.jpg"_s});
+        control<QListView>(picker, "files").setFocus();
+        press(Qt::Key_Home);
+        press(Qt::Key_Return);
+    });
+    QCOMPARE(chosen, album.file(u"old/a 100% 'b'.jpg"_s));
+}
+
+void SelectFileTest::theLocationIsRemembered()
+{
+    const Album album;
+    album.pick(
+        [](QWidget &picker) {
+            auto &drives = control<QComboBox>(picker, "drive");
+            drives.setCurrentIndex(drives.findText(u"Pictures"_s));
+            control<QListWidget>(picker, "directory").setFocus();
+            press(Qt::Key_End);
+            press(Qt::Key_Return);
+            press(Qt::Key_R, Qt::ControlModifier);
+            press(Qt::Key_Escape);
+        },
+        u"."_s);
+    QCOMPARE(GetSetting(31, u"-"_s), album.folder.filePath(u"Pictures"_s));
+    QCOMPARE(GetSetting(32, u"-"_s), album.file(u"old"_s));
+    ModalScript script;
+    script.expect(u"frmSelectFile"_s, [&album](QWidget &picker) {
+        QCOMPARE(control<QLabel>(picker, "path").text(), album.file(u"old"_s));
+        QCOMPARE(control<QComboBox>(picker, "drive").currentText(), u"Pictures"_s);
+        press(Qt::Key_Escape);
+    });
+    QCOMPARE(frmSelectFile::SelFile(), u"Cancel"_s);
+}
+
+void SelectFileTest::aRememberedLocationThatIsGoneIsTold()
+{
+    const Album album;
+    album.pick(
+        [&album](QWidget &picker) {
+            QCOMPARE(status(picker), u"The remembered location is not there: "_s + album.folder.filePath(u"gone"_s));
+            QCOMPARE(control<QLabel>(picker, "path").text(), album.folder.path());
+            press(Qt::Key_Escape);
+        },
+        u"gone"_s);
+}
+
+void SelectFileTest::aTypedNameMustBeThere()
+{
+    const Album album;
+    album.photo(u"coat.jpeg"_s);
+    SaveSetting(setting::PickerDrive, album.folder.path());
+    SaveSetting(setting::PickerFolder, album.folder.filePath(u"Pictures"_s));
+    ModalScript script;
+    script.expect(u"frmSelectFile"_s, [&script](QWidget &picker) {
+        auto &name = control<kvTextBox>(picker, "txtfilename");
+        name.setFocus();
+        for (const char *typed : {"coat", "old"}) {
+            name.selectAll();
+            type(QLatin1StringView(typed));
+            script.expectMessage(u"There is no such picture in this folder!"_s);
+            press(Qt::Key_Return);
+            QVERIFY(name.hasFocus());
+        }
+        name.setText(u"coat.jpeg"_s);
+        press(Qt::Key_Return);
+    });
+    QCOMPARE(frmSelectFile::SelFile(), album.file(u"coat.jpeg"_s));
+}
+
+void SelectFileTest::itIsOpenedAndShownFromTheList()
+{
+    const Album album;
+    album.photo(u"a.jpg"_s);
+    SaveSetting(setting::PickerDrive, album.folder.path());
+    SaveSetting(setting::PickerFolder, album.folder.filePath(u"Pictures"_s));
+    QStringList opened;
+    shell::replaceOpener([&opened](const QString &path) { opened += path; });
+    ModalScript script;
+    script.expect(u"frmSelectFile"_s, [&](QWidget &picker) {
+        auto &list = control<QListView>(picker, "preview");
+        press(Qt::Key_P, Qt::ControlModifier);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(0, 0)).center());
+        QCOMPARE(chosenName(picker), u"a.jpg"_s);
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(0, 0)).center());
+        press(Qt::Key_O, Qt::ControlModifier);
+        script.expect(u"frmPreview"_s, [](QWidget &shown) {
+            QVERIFY(control<PictureBox>(shown, "picture").hasPicture());
+            press(Qt::Key_Escape);
+        });
+        press(Qt::Key_P, Qt::ControlModifier);
+        // Back in the same folder, at the same picture.
+        QCOMPARE(chosenName(picker), u"a.jpg"_s);
+        press(Qt::Key_Escape);
+    });
+    static_cast<void>(frmSelectFile::SelFile());
+    shell::replaceOpener({});
+    QCOMPARE(opened, QStringList({album.file(u"a.jpg"_s), album.file(u"a.jpg"_s)}));
+}
+
+void SelectFileTest::onePicksAtAnyTime()
+{
+    const Album album;
+    sampleFiles::writePhoto(album.file(u"0000.jpg"_s), {3000, 2000});
+    for (int i = 1; i < 2000; ++i)
+        QVERIFY(QFile::link(album.file(u"0000.jpg"_s), album.file(u"%1.jpg"_s.arg(i, 4, 10, QChar(u'0')))));
+    QElapsedTimer open;
+    open.start();
+    const QString chosen = album.pick([](QWidget &picker) {
+        QTRY_VERIFY(thumbnail(picker, 0).pixelColor(3, 50).red() > 200);
+        QVERIFY(status(picker).startsWith(u"Creating Thumbnails of :"_s));
+        QVERIFY(status(picker).endsWith(u" of 2000"_s));
+        control<QListView>(picker, "preview").setFocus();
+        press(Qt::Key_Home);
+        press(Qt::Key_End);
+        QCOMPARE(chosenName(picker), u"1999.jpg"_s);
+        QVERIFY(control<QProgressBar>(picker, "progress").isVisible());
+        press(Qt::Key_Return);
+    });
+    QCOMPARE(chosen, album.file(u"1999.jpg"_s));
+    // Left before the thumbnails are all there, which would take minutes.
+    QVERIFY(open.elapsed() < 10'000);
+}
+
+void SelectFileTest::whatIsLookedAtComesNext()
+{
+    const Album album;
+    QStringList names;
+    for (int i = 0; i < 200; ++i) {
+        names += u"%1.jpg"_s.arg(i, 3, 10, QChar(u'0'));
+        if (i == 0)
+            sampleFiles::writePhoto(album.file(names.constLast()), {3000, 2000});
+        else
+            QVERIFY(QFile::link(album.file(names.constFirst()), album.file(names.constLast())));
+    }
+    Thumbnails thumbnails(1);
+    QList<int> order;
+    connect(&thumbnails, &Thumbnails::dataChanged, this, [&order](const QModelIndex &index) { order += index.row(); });
+    QSignalSpy progress(&thumbnails, &Thumbnails::progressed);
+    thumbnails.list(album.folder.filePath(u"Pictures"_s), names);
+    QTRY_VERIFY(order.size() >= 2);
+    thumbnails.lookAt(150);
+    const qsizetype before = order.size();
+    QTRY_VERIFY(order.size() >= before + 20);
+    const auto isLookedAt = [](int row) { return row >= 150 && row < 180; };
+    QVERIFY(std::count_if(order.begin() + before, order.end(), isLookedAt) >= 15);
+    // Another list drops what was begun.
+    thumbnails.list(album.folder.filePath(u"Pictures"_s), names.first(3));
+    progress.clear();
+    QTRY_COMPARE(progress.size(), 3);
+    QCOMPARE(progress.constLast(), QVariantList({3, 3}));
+}
+
+CORVANE_TEST(SelectFileTest)
+#include "tst_frmSelectFile.moc"
