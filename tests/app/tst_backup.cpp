@@ -47,6 +47,7 @@ private slots:
     void theDemoShopComesBackAsItWas();
     void aForeignJournalDoesNotReachTheRestoredFile();
     void aRestoreThatFailsAtTheLastLeavesNothing();
+    void aBackupOfOtherTablesIsToldAsSuch();
     void aBackupIsDueAfterAWeek();
 };
 
@@ -472,6 +473,23 @@ void BackupTest::aRestoreThatFailsAtTheLastLeavesNothing()
     EXPECT_FAULT(Fault::FileFault, static_cast<void>(backup::restore(shop.packed(), atOnce)));
     QVERIFY(shop.inFolder() == before);
     QCOMPARE(session::DBPath, other);
+}
+
+void BackupTest::aBackupOfOtherTablesIsToldAsSuch()
+{
+    BackedUpShop shop;
+    SaveSetting(setting::DatabaseVersion, u"14"_s);
+    shop.connection.define(u"PRAGMA writable_schema=1"_s);
+    shop.connection.define(u"update sqlite_master set sql=replace(sql, 'AmountPaid', 'Paid') where name='JOBS'"_s);
+    QVERIFY(shop.backUp());
+    const auto before = shop.inFolder();
+    try {
+        static_cast<void>(backup::restore(shop.packed(), atOnce));
+        QFAIL("it was restored");
+    } catch (const RuntimeError &error) {
+        QVERIFY2(error.text().startsWith(u"This backup is of version 14"_s), qPrintable(error.text()));
+    }
+    QVERIFY(shop.inFolder() == before);
 }
 
 void BackupTest::aBackupIsDueAfterAWeek()
