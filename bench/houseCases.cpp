@@ -98,7 +98,7 @@ Run packedAndBack()
 
 Case backupCase()
 {
-    Case work{u"backup of the full shop with its proof"_s, 1.5};
+    Case work{u"backup of the full shop with its proof"_s, 1.3};
     work.rounds = rounds;
     work.ours = [] {
         Run run = timed([] { return backup::make(DE().CN.content(), folder(), goesOn); });
