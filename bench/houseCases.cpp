@@ -72,29 +72,39 @@ QByteArray unpackedByHand(const QByteArray &packed, qsizetype size)
     return content;
 }
 
-/// The file, packed into another one that is on the disk, and read and unpacked again. The outcome is the file's size.
+qint64 outcomeOf(const QByteArray &content)
+{
+    return static_cast<qint64>(qHash(content));
+}
+
+/// The file, packed into another one that is on the disk, and read and unpacked again. The outcome stands for its
+/// bytes.
 Run packedAndBack()
 {
-    return timed([] {
+    QByteArray back;
+    Run run = timed([&back] {
         const QByteArray content = contentOf(session::DBPath);
         QFile file(folder() + u"/by hand.gz"_s);
         if (!file.open(QIODevice::WriteOnly) || file.write(packedByHand(content)) < 0 || !file.flush()
             || fsync(file.handle()) != 0)
             throw RuntimeError(Fault::FileFault, file.fileName());
         file.close();
-        return unpackedByHand(contentOf(file.fileName()), content.size()) == content ? content.size() : 0;
+        back = unpackedByHand(contentOf(file.fileName()), content.size());
+        return back == content;
     });
+    run.outcome = outcomeOf(back);
+    return run;
 }
 
 Case backupCase()
 {
-    Case work{u"backup of the full shop with its proof"_s, 1.3};
+    Case work{u"backup of the full shop with its proof"_s, 1.5};
     work.rounds = rounds;
     work.ours = [] {
-        return timed([] {
-            const QByteArray content = DE().CN.content();
-            return backup::make(content, folder(), goesOn) ? content.size() : 0;
-        });
+        Run run = timed([] { return backup::make(DE().CN.content(), folder(), goesOn); });
+        const qint64 size = QFileInfo(session::DBPath).size();
+        run.outcome = outcomeOf(unpackedByHand(contentOf(backup::find(folder())), size));
+        return run;
     };
     work.byHand = packedAndBack;
     return work;
@@ -115,7 +125,7 @@ Case restoreCase()
         });
         QFile::remove(restored.keptAs);
         DE().CN.open(session::DBPath);
-        run.outcome = QFileInfo(session::DBPath).size();
+        run.outcome = outcomeOf(contentOf(session::DBPath));
         return run;
     };
     work.byHand = packedAndBack;

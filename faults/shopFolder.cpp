@@ -1,5 +1,6 @@
 #include "shopFolder.h"
 
+#include "base/safeFile.h"
 #include "base/session.h"
 #include "base/values.h"
 #include "store/DataEnvironment.h"
@@ -11,6 +12,8 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -34,10 +37,10 @@ QString shown(const QByteArray &bytes)
         .arg(QLatin1StringView(QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex().first(12)));
 }
 
-QStringList rowsOf(const schema::Table &table)
+QStringList rowsOf(Connection &connection, const schema::Table &table)
 {
     QStringList lines;
-    Recordset rows(DE().CN);
+    Recordset rows(connection);
     rows.open(u"Select * from "_s + table.name);
     for (; !rows.eof(); rows.moveNext()) {
         QString line = table.name;
@@ -49,6 +52,46 @@ QStringList rowsOf(const schema::Table &table)
         }
         lines += line;
     }
+    lines.sort();
+    return lines;
+}
+
+QString rowsOf(Connection &connection)
+{
+    QStringList lines;
+    for (const schema::Table &table : schema::tables())
+        lines += rowsOf(connection, table);
+    return lines.join(u'\n');
+}
+
+bool isKeptShop(const QString &name)
+{
+    static const QRegularExpression form(u"^data15-aside-2[0-9-]*\\.mdb$"_s);
+    return form.match(name).hasMatch();
+}
+
+QString rowsOfKept(const QFileInfo &file)
+{
+    const QTemporaryDir folder;
+    UnfinishedFile copy(folder.filePath(file.fileName()));
+    copy.write(contentOf(file.filePath()));
+    Connection connection;
+    connection.openReadOnly(copy);
+    return rowsOf(connection);
+}
+
+/// The shops that were kept beside the one in use. Their names bear the moment; one that says what the shop in use
+/// says, or another one, was kept once too often, and no more.
+QStringList keptShops(const QString &shop)
+{
+    QStringList lines;
+    for (const QFileInfo &file : QDir(session::ProgramFolder).entryInfoList(QDir::Files)) {
+        if (!isKeptShop(file.fileName()))
+            continue;
+        if (const QString rows = rowsOfKept(file); rows != shop)
+            lines += u"beside: a kept shop: "_s + shown(rows.toUtf8());
+    }
+    lines.removeDuplicates();
     lines.sort();
     return lines;
 }
@@ -131,17 +174,14 @@ void replaceOpening(std::function<void()> opening)
 
 QString stateOfShop()
 {
-    QStringList lines;
-    for (const schema::Table &table : schema::tables())
-        lines += rowsOf(table);
-    return lines.join(u'\n');
+    return rowsOf(DE().CN);
 }
 
 QString stateOfFolder(const std::vector<Store> &stores)
 {
     const QString shop = stateOfShop();
     renewDE();
-    return shop + u'\n' + otherFiles(stores).join(u'\n');
+    return shop + u'\n' + (keptShops(shop) + otherFiles(stores)).join(u'\n');
 }
 
 QStringList disagreements()

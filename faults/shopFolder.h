@@ -26,8 +26,8 @@ void learnKey(const QString &folder);
 /// Is done after each opening: a stand-in for a program that opens its shop otherwise.
 void replaceOpening(std::function<void()> opening);
 
-/// All that the folder says: the rows of all tables, automatic numbers left out, and the other files. Folders and
-/// journals that were kept aside don't count. The shop is open, and closed afterwards. Throws RuntimeError.
+/// All that the folder says: the rows of all tables, automatic numbers left out, and the other files. Of files
+/// that were kept aside the shops count, with their rows. The shop is open, and closed afterwards. Throws RuntimeError.
 [[nodiscard]] QString stateOfFolder(const std::vector<Store> &stores);
 /// The rows alone; the shop stays open.
 [[nodiscard]] QString stateOfShop();

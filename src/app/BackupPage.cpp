@@ -60,6 +60,8 @@ QString counted(int cards)
 QString holdingText(const QString &backup, const fileCheck::Holding &holding)
 {
     const QFileInfo file(backup);
+    if (!holding.obstacle.isEmpty())
+        return u"The backup %1 in this folder was not looked at. %2"_s.arg(file.fileName(), holding.obstacle);
     if (!holding.failure.isEmpty())
         return u"The backup %1 in this folder cannot be restored: %2"_s.arg(file.fileName(), holding.failure);
     QString text = u"The backup %1 in this folder, written on %2, holds %3"_s.arg(
@@ -71,11 +73,6 @@ QString holdingText(const QString &backup, const fileCheck::Holding &holding)
         text += u" It is of version %1; this program works with version %2."_s.arg(
             NumberText(holding.version), QString::number(session::SupportedDatabaseVersion));
     return text;
-}
-
-QString toldBy(const RuntimeError &error)
-{
-    return error.text() + u"\r\n"_s + QDir::toNativeSeparators(error.source());
 }
 
 } // namespace
@@ -198,7 +195,7 @@ void BackupPage::backUp()
         if (isMade)
             backup::noteGood(machineClock::now());
     } catch (const RuntimeError &error) {
-        failure = toldBy(error);
+        failure = platformBox::toldBy(error);
     }
     if (!failure.isEmpty())
         platformBox::showCritical(failure);
@@ -222,7 +219,7 @@ void BackupPage::restore()
         Progress progress(u"The backup is being checked and restored..."_s);
         restored = backup::restore(found, [&progress](qint64 done, qint64 total) { return progress.at(done, total); });
     } catch (const RuntimeError &error) {
-        failure = toldBy(error);
+        failure = platformBox::toldBy(error);
     }
     const bool isClosed = !DE().CN.isOpen();
     if (!failure.isEmpty()) {
@@ -231,7 +228,7 @@ void BackupPage::restore()
         platformBox::showCritical(failure);
     } else if (isClosed) {
         platformBox::show(u"Database restored."_s);
-        RestartSession();
+        RestartUnderScreen();
         lblKept->setText(u"The file that stood there is kept as "_s + QDir::toNativeSeparators(restored.keptAs));
         lblKept->setVisible(!restored.keptAs.isEmpty());
     }

@@ -10,7 +10,9 @@
 #include <QThread>
 
 #include <chrono>
+#include <new>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -49,11 +51,13 @@ void SafetyCopier::look()
         return;
     const QString database = session::DBPath;
     if (QFileInfo::exists(safetyCopy::pathOf(database, machineClock::today())))
-        return;
+        return emit isThere();
     try {
         start(DE().CN.content(), database);
     } catch (const RuntimeError &error) {
         emit failed(error.text());
+    } catch (const std::bad_alloc &) {
+        emit failed(u"There is not enough memory."_s);
     }
 }
 
@@ -67,6 +71,8 @@ void SafetyCopier::start(const QByteArray &content, const QString &database)
                 emit made(safetyCopy::pathOf(database, day));
         } catch (const RuntimeError &error) {
             emit failed(error.text());
+        } catch (const std::bad_alloc &) {
+            emit failed(u"There is not enough memory."_s);
         }
     }));
     // With the bytes that it holds.

@@ -26,6 +26,8 @@ public:
 signals:
     /// The day's copy stands there and is good.
     void made(const QString &path);
+    /// A look has found that it stands there already.
+    void isThere();
     /// It could not be made, for the cause that `why` tells. Tried again later.
     void failed(const QString &why);
 

@@ -6,6 +6,7 @@
 #include "base/clock.h"
 #include "base/safeFile.h"
 #include "base/session.h"
+#include "base/values.h"
 #include "store/DataEnvironment.h"
 #include "store/leftBehind.h"
 #include "ui/userValues.h"
@@ -13,12 +14,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QUrl>
 
 #include <fcntl.h>
 
 #include <cstring>
 #include <memory>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -59,6 +60,52 @@ private:
     bool m_isSame = true;
 };
 
+/// Looks into what `fill` puts into a file among the system's passing ones. Throws where there is no room for it.
+template <typename Fill>
+fileCheck::Holding lookInPassing(fileCheck::Pages pages, const std::atomic_bool &stop, Fill fill)
+{
+    const QTemporaryDir folder;
+    if (!folder.isValid())
+        throw RuntimeError(
+            Fault::FileFault, u"The file cannot be made: %1."_s.arg(folder.errorString()), QDir::tempPath());
+    UnfinishedFile file(folder.filePath(u"look.mdb"_s));
+    return fill(file) ? fileCheck::look(file, pages, stop) : fileCheck::Holding();
+}
+
+/// A fault of the folder for passing files, in one line.
+QString obstacleText(const RuntimeError &error)
+{
+    return u"No file can be kept in %1: %2"_s.arg(
+        QDir::toNativeSeparators(QDir::tempPath()), error.text().section(u'\n', 0, 0));
+}
+
+/// Whoever has but one good backup must not lose it to a damaged shop.
+void refuseDamaged(const QByteArray &content, const QString &folder)
+{
+    constexpr auto stillThere = "A backup that stood there before is still there."_L1;
+    fileCheck::Holding holding;
+    try {
+        const std::atomic_bool goOn = false;
+        holding = lookInPassing(fileCheck::Pages::All, goOn, [&content](UnfinishedFile &file) {
+            file.write(content);
+            return true;
+        });
+    } catch (const RuntimeError &error) {
+        throw RuntimeError(error.fault(), u"The backup cannot be checked. %1 %2"_s.arg(obstacleText(error), stillThere),
+            folder, Written::Nothing);
+    }
+    if (!holding.failure.isEmpty())
+        throw RuntimeError(Fault::Damaged,
+            u"The shop's file is no good, and was not backed up: %1 %2"_s.arg(holding.failure, stillThere), folder,
+            Written::Nothing);
+}
+
+/// The backups of a folder, last written first; a name pattern leaves the case of letters aside.
+QFileInfoList backupsIn(const QString &folder)
+{
+    return QDir(folder).entryInfoList({u"cvbackup.gz"_s}, QDir::Files | QDir::Hidden, QDir::Time);
+}
+
 /// A free name beside the file: "data15-aside-20260601-100000.mdb".
 QString asideName(const QString &path)
 {
@@ -72,13 +119,14 @@ QString asideName(const QString &path)
     return name;
 }
 
-/// Keeps what has the place under another name. An unfinished write is kept with the file that it belongs to.
+/// Keeps what has the place under another name, as a file by itself. An unfinished write is kept with the file that it
+/// belongs to.
 QString keepFormer(const QString &place)
 {
     if (leftBehind::isHot(place))
         return leftBehind::keepAside(place);
     const QString name = asideName(place);
-    safeFile::keepUnder(place, name);
+    safeFile::copyWhole(place, name);
     return name;
 }
 
@@ -99,18 +147,33 @@ std::unique_ptr<FileLock> aloneWith(const QString &place)
     }
 }
 
-/// Gives the file the default place. What stood there is the answer.
+QString keptText(const QString &keptAs)
+{
+    return keptAs.isEmpty() ? QString()
+                            : u"\n\nThe file that stood there is kept as %1"_s.arg(QDir::toNativeSeparators(keptAs));
+}
+
+/// Gives the file the default place. Where what stood there is kept is the answer.
 QString putInPlace(UnfinishedFile &file, const QString &place)
 {
     const std::unique_ptr<FileLock> alone = aloneWith(place);
-    QString keptAs;
-    if (alone)
-        keptAs = keepFormer(place);
-    file.replace();
+    if (!alone) {
+        file.place();
+        return {};
+    }
+    const QString keptAs = keepFormer(place);
+    try {
+        file.replace();
+    } catch (const RuntimeError &error) {
+        if (error.written() != Written::Nothing)
+            throw RuntimeError(error.fault(), error.text() + keptText(keptAs), error.source(), error.written());
+        QFile::remove(keptAs);
+        throw;
+    }
     return keptAs;
 }
 
-void goOverToDefault()
+void goOverToDefault(const QString &keptAs)
 {
     const QString before = session::DBPath;
     session::DBPath = session::defaultDatabasePath();
@@ -119,9 +182,22 @@ void goOverToDefault()
     } catch (const RuntimeError &error) {
         session::DBPath = before;
         throw RuntimeError(error.fault(),
-            u"The backup was restored, but the configuration still names another file: %1"_s.arg(error.text()),
+            u"The backup was restored, but the configuration still names another file: %1"_s.arg(error.text())
+                + keptText(keptAs),
             session::defaultDatabasePath());
     }
+}
+
+/// A file of another version has other tables, and is not damaged for that.
+void refuseOtherVersion(const UnfinishedFile &file, const QString &backup)
+{
+    const std::atomic_bool goOn = false;
+    const double version = fileCheck::look(file, fileCheck::Pages::Few, goOn).version;
+    if (version != 0 && version != session::SupportedDatabaseVersion)
+        throw RuntimeError(Fault::NotADatabase,
+            u"This backup is of version %1 and cannot be restored by this program, which works with version %2. "
+            "Nothing was changed."_s.arg(NumberText(version), QString::number(session::SupportedDatabaseVersion)),
+            backup, Written::Nothing);
 }
 
 /// The name of the value with the moment of the last backup.
@@ -135,7 +211,9 @@ QString momentKey()
 
 bool backup::make(const QByteArray &content, const QString &folder, const gzip::At &at)
 {
-    UnfinishedFile file(QDir(folder).filePath(u"CVbackup.gz"_s));
+    const QFileInfoList former = backupsIn(folder);
+    const QString path = former.isEmpty() ? QDir(folder).filePath(u"CVbackup.gz"_s) : former.first().filePath();
+    UnfinishedFile file(path);
     const auto packing = [&at](qint64 done, qint64 total) { return at(done * packingShare, total * allShares); };
     if (!gzip::pack(
             content, [&file](QByteArrayView piece) { file.write(piece); }, packing))
@@ -158,14 +236,18 @@ bool backup::make(const QByteArray &content, const QString &folder, const gzip::
         throw RuntimeError(Fault::FileFault,
             u"The disk does not give back what was written to it. A backup that stood there before is still there."_s,
             folder, Written::Nothing);
+    refuseDamaged(content, folder);
     file.replace();
+    for (const QFileInfo &twin : former) {
+        if (twin.filePath() != path)
+            QFile::remove(twin.filePath());
+    }
     return true;
 }
 
 QString backup::find(const QString &folder)
 {
-    // Last written first; a name pattern leaves the case of letters aside.
-    const QFileInfoList found = QDir(folder).entryInfoList({u"cvbackup.gz"_s}, QDir::Files | QDir::Hidden, QDir::Time);
+    const QFileInfoList found = backupsIn(folder);
     return found.isEmpty() ? QString() : found.first().filePath();
 }
 
@@ -173,14 +255,18 @@ fileCheck::Holding backup::look(const QString &backup, const std::atomic_bool &s
 {
     fileCheck::Holding holding;
     try {
-        const QTemporaryDir folder;
-        UnfinishedFile file(folder.filePath(u"look.mdb"_s));
-        const auto goesOn = [&stop](qint64, qint64) { return !stop; };
-        if (gzip::unpack(
-                backup, [&file](QByteArrayView piece) { file.write(piece); }, goesOn))
-            holding = fileCheck::look(file, fileCheck::Pages::Few, stop);
+        holding = lookInPassing(fileCheck::Pages::Few, stop, [&backup, &stop](UnfinishedFile &file) {
+            const auto goesOn = [&stop](qint64, qint64) { return !stop; };
+            return gzip::unpack(
+                backup, [&file](QByteArrayView piece) { file.write(piece); }, goesOn);
+        });
     } catch (const RuntimeError &error) {
-        holding.failure = error.text();
+        if (error.source() == backup)
+            holding.failure = error.text();
+        else
+            holding.obstacle = obstacleText(error);
+    } catch (const std::bad_alloc &) {
+        holding.obstacle = u"There is not enough memory."_s;
     }
     return holding;
 }
@@ -195,6 +281,7 @@ backup::Restored backup::restore(const QString &backup, const gzip::At &at)
     file.sync();
     const fileCheck::Report report = fileCheck::check(file);
     if (!report.isReadable()) {
+        refuseOtherVersion(file, backup);
         const QString why = report.failure.isEmpty() ? RuntimeError(Fault::Damaged).text() : report.failure;
         throw RuntimeError(Fault::Damaged, u"This backup cannot be restored: %1 Nothing was changed."_s.arg(why),
             backup, Written::Nothing);
@@ -202,7 +289,7 @@ backup::Restored backup::restore(const QString &backup, const gzip::At &at)
     renewDE();
     const QString keptAs = putInPlace(file, place);
     if (!session::isDefaultDatabase(session::DBPath))
-        goOverToDefault();
+        goOverToDefault(keptAs);
     return {.keptAs = keptAs};
 }
 
@@ -219,5 +306,7 @@ void backup::noteGood(const QDateTime &moment)
 bool backup::isDue()
 {
     const QDateTime last = lastGood();
-    return !last.isValid() || last.addDays(daysGood) < machineClock::now();
+    // One that is still to come was noted by a clock that was wrong.
+    const QDateTime now = machineClock::now();
+    return !last.isValid() || last > now || last.addDays(daysGood) < now;
 }

@@ -12,9 +12,10 @@
 /// there are then as they were, where nothing else is told.
 namespace backup {
 
-/// Packs `content`, a shop's file at rest (`Connection::content`), into `folder` as "CVbackup.gz", in place of a backup
-/// that stands there. It gets its name only after it was brought to the disk, read from there, unpacked, and found to
-/// hold the same bytes. False where `at` broke off.
+/// Packs `content`, a shop's file at rest (`Connection::content`), into `folder` as "CVbackup.gz", in place of the
+/// backups that stand there, under the name of the one that `find` gives. It gets its name only after it was brought to
+/// the disk, read from there, unpacked, and found to hold the same bytes, and after each page of these was found to be
+/// sound: throws Damaged where one is not. False where `at` broke off.
 [[nodiscard]] bool make(const QByteArray &content, const QString &folder, const gzip::At &at);
 
 /// The backup in `folder`: the file "CVbackup.gz", its name in letters of any case. Of several the one that was written
@@ -22,7 +23,8 @@ namespace backup {
 [[nodiscard]] QString find(const QString &folder);
 
 /// Unpacks a backup for a moment and looks into it, all but its pages. May run in another thread, which `stop` ends
-/// soon. Never throws: what keeps it from being restored is the answer's `failure`.
+/// soon. Never throws: what keeps it from being restored is the answer's `failure`, what keeps only this
+/// look from being done its `obstacle`.
 [[nodiscard]] fileCheck::Holding look(const QString &backup, const std::atomic_bool &stop);
 
 /// What became of a restore.
@@ -35,10 +37,10 @@ struct Restored {
 /// Puts what a backup holds in the place of the default file.
 ///
 /// It is unpacked beside that place and checked first, as `fileCheck` does; one that cannot be read as a whole is
-/// refused. Only then is the session's file closed, the file that has the place kept under another name with the moment
-/// in it, and the new one given the place; at no moment is there neither of the two. A shop whose rows disagree is
-/// restored: it was so when it was backed up. Where the session works on another file, that one stays as it is, and the
-/// session and its configuration go over to the default file.
+/// refused, and so is one whose tables are those of another version. Only then is the session's file closed, the file
+/// that has the place copied to another name with the moment in it, and the new one given the place; at no moment is
+/// there neither of the two. A shop whose rows disagree is restored: it was so when it was backed up. Where the session
+/// works on another file, that one stays as it is, and the session and its configuration go over to the default file.
 ///
 /// REQUIRES: no group is open. The session's file is closed afterwards, and may be after a failure: open it again.
 /// Throws Locked where another program has the default file open.
@@ -48,7 +50,7 @@ struct Restored {
 /// own values, so that it is known while the folder is away.
 [[nodiscard]] QDateTime lastGood();
 void noteGood(const QDateTime &moment);
-/// Whether the last good backup that is known is older than a week, or none is known.
+/// Whether the last good backup that is known is older than a week or still to come, or none is known.
 [[nodiscard]] bool isDue();
 
 } // namespace backup

@@ -89,6 +89,7 @@ frmMain::frmMain()
     });
     connect(m_copier, &SafetyCopier::failed, this, &frmMain::tellCopyFailed);
     connect(m_copier, &SafetyCopier::made, lblCopies, [this] { lblCopies->setText({}); });
+    connect(m_copier, &SafetyCopier::isThere, lblCopies, [this] { lblCopies->setText({}); });
     onKey(Qt::Key_F2, u"Working date"_s, [this] { TodayDate->setFocus(Qt::TabFocusReason); });
     onKey(Qt::Key_F3, u"Open a job card by its number"_s, [this] { leadOn([] { frmOpenJob().exec(); }); });
     onKey(

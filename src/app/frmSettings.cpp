@@ -2,6 +2,7 @@
 
 #include "app/BackupPage.h"
 #include "app/SettingsPage.h"
+#include "app/safetyCopy.h"
 #include "app/sessionStart.h"
 #include "app/shopSettings.h"
 #include "base/RuntimeError.h"
@@ -31,14 +32,18 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QTabWidget>
+
+#include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int lastPort = 16;
-constexpr int longestTitle = 10;
+constexpr qsizetype longestTitle = 10;
 /// Whatever a text is that somebody has pasted, none of it is cut.
 constexpr int longestText = 1 << 24;
 constexpr int draftHeight = 84;
@@ -114,8 +119,7 @@ QString numberOf(const kvTextBox &box)
 /// The text of a list of answers; "No" where it is none of them.
 QString answerOf(kvComboBox &combo)
 {
-    SelectComboEntry(combo);
-    if (combo.Text().isEmpty())
+    if (SelectComboEntry(combo) < 0)
         combo.setText(u"No"_s);
     return combo.Text();
 }
@@ -133,10 +137,9 @@ void selectInto(kvTextBox &box)
         box.setText(QDir::toNativeSeparators(file));
 }
 
-QString toldBy(const RuntimeError &error)
+bool isTooLarge(const kvTextBox &box)
 {
-    return error.source().isEmpty() ? error.text()
-                                    : error.text() + u"\r\n"_s + QDir::toNativeSeparators(error.source());
+    return Val(box.Text()) > std::numeric_limits<qint32>::max();
 }
 
 /// The configuration keeps a path in one line, up to its first "=".
@@ -321,10 +324,12 @@ void frmSettings::connectCommands()
         showFieldTip(*txtSMSTitle, u"At most 10 letters. Backspace makes room."_s);
         key = keys::Swallowed;
     });
+    // What is pasted is cut; a longer title that is stored can be shortened letter by letter.
     connect(txtSMSTitle, &kvTextBox::textEdited, this, [this](const QString &text) {
-        if (text.size() > longestTitle)
-            txtSMSTitle->setText(text.left(longestTitle));
+        if (text.size() > longestTitle && text.size() > m_titleLength)
+            txtSMSTitle->setText(text.left(std::max(longestTitle, m_titleLength)));
     });
+    connect(txtSMSTitle, &kvTextBox::textChanged, this, [this] { m_titleLength = txtSMSTitle->Text().size(); });
 }
 
 void frmSettings::load()
@@ -372,6 +377,12 @@ void frmSettings::save()
 {
     if (hasRefusedDate(*this))
         return;
+    for (kvTextBox *number : {txtStartNum, txtDelMargin}) {
+        if (!isTooLarge(*number))
+            continue;
+        SSTab1->setCurrentIndex(0);
+        return complain(u"This number is too large."_s, number);
+    }
     if (Val(txtStartNum->Text()) < 1)
         txtStartNum->setText(u"1"_s);
     if (txtDBPath->Text().isEmpty())
@@ -428,6 +439,7 @@ void frmSettings::askModem()
 
 void frmSettings::selectDatabase()
 {
+    const auto showPath = qScopeGuard([this] { txtDBPath->setText(session::DBPath); });
     if (offerDatabases())
         load();
 }
@@ -438,6 +450,13 @@ void frmSettings::apply()
     if (!canBeConfigured(path))
         return complain(
             u"A path with the sign \"=\" or with a line break cannot be kept in the configuration file."_s, txtDBPath);
+    if (!path.isEmpty() && QDir::isRelativePath(path))
+        return complain(u"Please enter the whole path of the file, with all folders."_s, txtDBPath);
+    if (safetyCopy::isCopy(path))
+        return complain(
+            u"This is a safety copy, which the program takes away when its time has come. Work in it would be lost.\r\n"
+            "Please copy the file to another folder first, and apply that one."_s,
+            txtDBPath);
     const QString before = session::DBPath;
     session::DBPath = path;
     QString failure;
@@ -445,11 +464,11 @@ void frmSettings::apply()
         WriteConfig();
     } catch (const RuntimeError &error) {
         session::DBPath = before;
-        failure = toldBy(error);
+        failure = platformBox::toldBy(error);
     }
     if (!failure.isEmpty())
         return platformBox::showCritical(failure);
     platformBox::show(u"Changes made to Configuration file has been saved."_s);
-    RestartSession();
+    RestartUnderScreen();
     load();
 }

@@ -85,4 +85,6 @@ private:
     Command *Command9;
     Command *Command10;
     Command *cmdTest;
+    /// Of the title, before what the user does to it next.
+    qsizetype m_titleLength = 0;
 };

@@ -37,10 +37,11 @@ QString suffixOf(const QString &database)
     return u'.' + QFileInfo(database).suffix();
 }
 
-QList<QDate> daysWithCopy(const QString &database)
+/// The days with a file of their name, `ending` behind it.
+QList<QDate> daysWith(const QString &database, const QString &ending = {})
 {
     const QString stem = stemOf(database);
-    const QString suffix = suffixOf(database);
+    const QString suffix = suffixOf(database) + ending;
     QList<QDate> days;
     for (const QString &name : QDir(folderOf(database)).entryList(QDir::Files)) {
         if (!name.startsWith(stem) || !name.endsWith(suffix))
@@ -51,6 +52,13 @@ QList<QDate> daysWithCopy(const QString &database)
             days += day;
     }
     return days;
+}
+
+/// What a stopped program left unfinished on a day that is over is not taken over by the next one of its name.
+void removeLeftBehind(const QString &database)
+{
+    for (const QDate day : daysWith(database, u".new"_s))
+        safeFile::removeLeftBehind(safetyCopy::pathOf(database, day));
 }
 
 void writeIn(UnfinishedFile &file, QByteArrayView content, const std::atomic_bool &stop)
@@ -85,6 +93,13 @@ QString safetyCopy::pathOf(const QString &database, QDate day)
     return folderOf(database) + u'/' + stemOf(database) + day.toString(dayForm) + suffixOf(database);
 }
 
+bool safetyCopy::isCopy(const QString &path)
+{
+    const QFileInfo file(QDir::cleanPath(path));
+    return file.dir().dirName() == u"copies"
+        && QDate::fromString(file.completeBaseName().section(u'-', -1), dayForm).isValid();
+}
+
 QList<QDate> safetyCopy::kept(QList<QDate> days)
 {
     std::sort(days.begin(), days.end(), std::greater());
@@ -116,7 +131,10 @@ void safetyCopy::make(const QByteArray &content, const QString &database, QDate 
     if (stop)
         return;
     file.replace();
-    const QList<QDate> days = daysWithCopy(database);
+    removeLeftBehind(database);
+    // A clock that was wrong for a day must not cost the copies of the others.
+    QList<QDate> days = daysWith(database);
+    days.removeIf([day](QDate other) { return other > day; });
     const QList<QDate> staying = kept(days);
     for (const QDate other : days) {
         if (other != day && !staying.contains(other))

@@ -125,6 +125,21 @@ void RestartSession()
     bringUpDatabase();
 }
 
+void RestartUnderScreen()
+{
+    QString failure;
+    try {
+        RestartSession();
+    } catch (const RuntimeError &error) {
+        failure = platformBox::toldBy(error);
+    }
+    if (failure.isEmpty())
+        return;
+    platformBox::showCritical(failure);
+    if (!DE().CN.isOpen())
+        OpenDatabase();
+}
+
 void ReadConfig()
 {
     QFile file(configPath());

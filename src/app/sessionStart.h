@@ -13,6 +13,9 @@ void findDatabase();
 void bringUpDatabase();
 /// Both, for a change of the database in use.
 void RestartSession();
+/// The same under a screen that stays: what it throws is told, and a database is open afterwards, unless it throws
+/// again.
+void RestartUnderScreen();
 
 /// Offers the choice of a database. One that is made is kept in the configuration, and the session restarted; else the
 /// session goes on as it is. True where one was made.

@@ -127,13 +127,15 @@ void safeFile::copyWhole(const QString &from, const QString &to)
     copy.place();
 }
 
-void safeFile::keepUnder(const QString &path, const QString &other)
+void safeFile::removeLeftBehind(const QString &path)
 {
-    if (link(encoded(path).constData(), encoded(other).constData()) == 0)
-        return syncFolder(QFileInfo(other).absolutePath());
-    if (errno == EEXIST)
-        fail(u"The file cannot be kept under another name: %1."_s, other);
-    copyWhole(path, other);
+    const QString name = path + u".new"_s;
+    const int descriptor = open(encoded(name).constData(), O_RDWR | O_NOFOLLOW | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0 && stillStandsAt(name, descriptor))
+        QFile::remove(name);
+    close(descriptor);
 }
 
 void safeFile::syncFolder(const QString &folder)

@@ -26,10 +26,8 @@ void writeWhole(const QString &path, const QByteArray &content);
 /// Copies a file to `to`, where nothing may stand yet. On the disk when it returns.
 void copyWhole(const QString &from, const QString &to);
 
-/// Keeps what stands at `path` under `other`, too, where nothing may stand yet: as a second name of it, or as a copy
-/// where the file system knows no second names. On the disk when it returns. The name `path` can then be given to
-/// another file, and at no moment is there neither of the two.
-void keepUnder(const QString &path, const QString &other);
+/// Removes the unfinished file of that path that a stopped program left behind; one that a program is making stays.
+void removeLeftBehind(const QString &path);
 
 /// Has the names in a folder, and what was moved in it, on the disk.
 void syncFolder(const QString &folder);

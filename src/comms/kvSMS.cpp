@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QRegularExpression>
+#include <QScopeGuard>
 
 #include <cmath>
 #include <limits>
@@ -22,9 +23,10 @@ namespace {
 constexpr char endOfMessage = 0x1a;
 constexpr char breakOff = 0x1b;
 
-constexpr auto finished = "OK";
-constexpr auto refused = "ERROR";
-constexpr auto prompt = ">";
+// Answers have a line of their own: an echo of the message may hold the same letters.
+const auto finished = u"(^|[\r\n])OK[\r\n]"_s;
+const auto refused = u"(^|[\r\n])(\\+CM[ES] )?ERROR\\b[^\r\n]*[\r\n]"_s;
+const auto prompt = u"(^|[\r\n])>"_s;
 constexpr int shortWait = 3000;
 /// The network may take its time.
 constexpr int longWait = 30'000;
@@ -35,6 +37,11 @@ QByteArray messageBytes(const QString &message)
 {
     QByteArray bytes = message.toLatin1();
     return bytes.removeIf([](char byte) { return byte == endOfMessage || byte == breakOff; });
+}
+
+bool holds(const QByteArray &said, const QString &answer)
+{
+    return QRegularExpression(answer).match(QString::fromLatin1(said)).hasMatch();
 }
 
 } // namespace
@@ -91,35 +98,35 @@ QString kvSMS::answerTo(qint16 port, const QString &number, const QString &messa
 {
     QByteArray said;
     try {
+        const auto closed = qScopeGuard([this] { m_port.close(); });
         m_port.close();
         m_port.open(port);
         said = ask("AT+CMGF=1\r", finished, shortWait);
-        if (!number.isEmpty() && said.contains(finished)) {
+        if (!number.isEmpty() && holds(said, finished)) {
             const QByteArray prompted = ask("AT+CMGS=\"" + dialled(number).toLatin1() + "\"\r", prompt, shortWait);
             said += prompted;
-            if (prompted.contains(prompt))
+            if (holds(prompted, prompt))
                 said += ask(messageBytes(message) + endOfMessage, finished, longWait);
             else
                 m_port.write(QByteArray(1, breakOff));
         }
-        m_port.close();
     } catch (const RuntimeError &error) {
         return error.text();
     }
     QStringList lines = QString::fromLatin1(said).split(QRegularExpression(u"[\r\n]+"_s), Qt::SkipEmptyParts);
-    lines.removeAll(QLatin1StringView(prompt) + u' ');
+    lines.removeAll(u"> "_s);
     return lines.isEmpty() ? u"The modem did not answer."_s : lines.join(u'\n');
 }
 
 /// Writes the bytes and gathers what comes until `end` has come, or the modem refuses, or the time is over.
-QByteArray kvSMS::ask(const QByteArray &bytes, QByteArrayView end, int milliseconds)
+QByteArray kvSMS::ask(const QByteArray &bytes, const QString &end, int milliseconds)
 {
     Progress progress(u"Waiting for the modem's answer..."_s);
     m_port.write(bytes);
     QElapsedTimer waited;
     waited.start();
     QByteArray said;
-    while (!said.contains(end) && !said.contains(refused) && waited.elapsed() < milliseconds
+    while (!holds(said, end) && !holds(said, refused) && waited.elapsed() < milliseconds
         && progress.at(waited.elapsed(), milliseconds))
         said += m_port.read(lookEvery);
     return said;

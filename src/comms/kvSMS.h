@@ -33,7 +33,7 @@ public:
     [[nodiscard]] static QString dialled(const QString &number);
 
 private:
-    [[nodiscard]] QByteArray ask(const QByteArray &bytes, QByteArrayView end, int milliseconds);
+    [[nodiscard]] QByteArray ask(const QByteArray &bytes, const QString &end, int milliseconds);
 
     SerialPort m_port;
 };

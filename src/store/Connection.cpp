@@ -329,7 +329,7 @@ void Connection::openHandle(const QString &path, int flags)
     if (isOpen())
         throw RuntimeError(Fault::AlreadyOpen, path);
     sqlite3 *handle = nullptr;
-    // The program has one thread; a lock around each field read would be for nobody.
+    // No two threads have the same connection; a lock around each field read would be for nobody.
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK) {
         sqlite3_close(handle);

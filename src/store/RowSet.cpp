@@ -89,7 +89,7 @@ void RowSet::readRow(Connection::Statement &statement, int firstColumn)
     Kind *kinds = block.kinds.data() + first;
     quint64 *payloads = block.payloads.data() + first;
     for (int i = 0; i < static_cast<int>(m_columns.size()); ++i) {
-        // The cell is asked for once and not for each of its properties. With one thread that is allowed.
+        // The cell is asked for once and not for each of its properties. In one thread that is allowed.
         sqlite3_value *cell = sqlite3_column_value(statement.handle(), firstColumn + i);
         switch (sqlite3_value_type(cell)) {
         case SQLITE_NULL: kinds[i] = Kind::Null; break;

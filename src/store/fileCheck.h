@@ -47,6 +47,8 @@ struct Report {
 struct Holding {
     /// Why it cannot be read, or that its pages are damaged; empty where all is well.
     QString failure;
+    /// What kept it from being looked at, through no fault of its own.
+    QString obstacle;
     /// Of the shop's tables, as a number; 0 where none stands there.
     double version = 0;
     int cards = 0;

@@ -1,8 +1,10 @@
 #include "ui/platformBox.h"
 
+#include "base/RuntimeError.h"
 #include "ui/Screen.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
@@ -60,4 +62,10 @@ QString platformBox::askText(const QString &text, const QString &title)
     box.setWindowTitle(title);
     box.setLabelText(text);
     return raise(box) == QDialog::Accepted ? box.textValue() : QString();
+}
+
+QString platformBox::toldBy(const RuntimeError &error)
+{
+    return error.source().isEmpty() ? error.text()
+                                    : error.text() + u"\r\n"_s + QDir::toNativeSeparators(error.source());
 }

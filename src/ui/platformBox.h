@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class RuntimeError;
+
 /// The plain box of the platform: for start-up and for the few failures and questions that are told as such. Everything
 /// else goes through `ShowMessage`. All are modal and show `text` as it is, without any mark-up.
 namespace platformBox {
@@ -13,5 +15,8 @@ void showCritical(const QString &text);
 [[nodiscard]] bool ask(const QString &text);
 /// Asks for a line of text; empty where the user gave none.
 [[nodiscard]] QString askText(const QString &text, const QString &title);
+
+/// What a box says of a failure: its text, and in the line below the file or statement where one is named.
+[[nodiscard]] QString toldBy(const RuntimeError &error);
 
 } // namespace platformBox

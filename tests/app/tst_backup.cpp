@@ -34,6 +34,7 @@ private slots:
     void aFolderThatCannotTakeItKeepsTheLast_data();
     void aFolderThatCannotTakeItKeepsTheLast();
     void aDiskThatGivesBackOtherBytesIsTold();
+    void aDamagedShopDoesNotReplaceTheLast();
     void brokenOffItLeavesTheLast();
     void theNameIsFoundInAnyCase();
     void whatAFolderHoldsIsTold();
@@ -45,6 +46,8 @@ private slots:
     void fromAnotherFileTheSessionGoesOver();
     void theDemoShopComesBackAsItWas();
     void aForeignJournalDoesNotReachTheRestoredFile();
+    void aRestoreThatFailsAtTheLastLeavesNothing();
+    void aBackupOfOtherTablesIsToldAsSuch();
     void aBackupIsDueAfterAWeek();
 };
 
@@ -189,6 +192,19 @@ void BackupTest::aDiskThatGivesBackOtherBytesIsTold()
     }
 }
 
+void BackupTest::aDamagedShopDoesNotReplaceTheLast()
+{
+    BackedUpShop shop;
+    SaveSetting(setting::FootNote, QString(40'000, u'x'));
+    QVERIFY(shop.backUp());
+    const QByteArray last = contentOf(shop.packed());
+    QByteArray content = shop.connection.content();
+    content[content.size() - 6000] = static_cast<char>(content.at(content.size() - 6000) ^ 1);
+    EXPECT_FAULT(Fault::Damaged, static_cast<void>(backup::make(content, shop.stick, atOnce)));
+    QCOMPARE(contentOf(shop.packed()), last);
+    QCOMPARE(QDir(shop.stick).entryList(QDir::Files).size(), 1);
+}
+
 void BackupTest::brokenOffItLeavesTheLast()
 {
     BackedUpShop shop;
@@ -217,8 +233,11 @@ void BackupTest::theNameIsFoundInAnyCase()
     const QString other = shop.stick + u"/cvBACKUP.GZ"_s;
     QVERIFY(QFile::rename(shop.packed(), other));
     QCOMPARE(backup::find(shop.stick), other);
-    // Of two the one that was written last.
+    // The next one has its name.
     QVERIFY(shop.backUp());
+    QCOMPARE(QDir(shop.stick).entryList(QDir::Files), QStringList{u"cvBACKUP.GZ"_s});
+    // Of two the one that was written last.
+    QVERIFY(QFile::copy(other, shop.packed()));
     const auto setTime = [](const QString &path, int day) {
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadWrite));
@@ -229,6 +248,9 @@ void BackupTest::theNameIsFoundInAnyCase()
     QCOMPARE(backup::find(shop.stick), other);
     setTime(shop.packed(), 22);
     QCOMPARE(backup::find(shop.stick), shop.packed());
+    SaveSetting(setting::TagLine, u"Made to measure"_s);
+    QVERIFY(shop.backUp());
+    QCOMPARE(QDir(shop.stick).entryList(QDir::Files), QStringList{u"CVbackup.gz"_s});
 }
 
 void BackupTest::whatAFolderHoldsIsTold()
@@ -241,6 +263,12 @@ void BackupTest::whatAFolderHoldsIsTold()
     QCOMPARE(holding.cards, 1);
     QCOMPARE(holding.lastCard, QDate(2026, 11, 21));
     QCOMPARE(holding.version, 15.0);
+    // That the machine has no room for passing files is not the backup's fault.
+    qputenv("TMPDIR", QFile::encodeName(session::DBPath));
+    const fileCheck::Holding notLooked = backup::look(shop.packed(), goOn);
+    qunsetenv("TMPDIR");
+    QCOMPARE(notLooked.failure, QString());
+    QVERIFY(notLooked.obstacle.startsWith(u"No file can be kept in "_s));
     writeContent(shop.packed(), contentOf(shop.packed()).chopped(1));
     QVERIFY(backup::look(shop.packed(), goOn).failure.contains(u"cut short"_s));
 }
@@ -429,6 +457,41 @@ void BackupTest::aForeignJournalDoesNotReachTheRestoredFile()
     QCOMPARE(tagLine(), u"then"_s);
 }
 
+void BackupTest::aRestoreThatFailsAtTheLastLeavesNothing()
+{
+    BackedUpShop shop;
+    QVERIFY(shop.backUp());
+    const QString other = shop.folder.filePath(u"branch.mdb"_s);
+    QVERIFY(QFile::copy(session::DBPath, other));
+    session::DBPath = other;
+    OpenDatabase();
+    // A journal that cannot be put aside, since its name is taken.
+    const QString journal = session::defaultDatabasePath() + u"-journal"_s;
+    writeContent(journal, QByteArray(5000, '\0'));
+    QVERIFY(QDir().mkpath(journal + u".aside-20110401-100000"_s));
+    const auto before = shop.inFolder();
+    EXPECT_FAULT(Fault::FileFault, static_cast<void>(backup::restore(shop.packed(), atOnce)));
+    QVERIFY(shop.inFolder() == before);
+    QCOMPARE(session::DBPath, other);
+}
+
+void BackupTest::aBackupOfOtherTablesIsToldAsSuch()
+{
+    BackedUpShop shop;
+    SaveSetting(setting::DatabaseVersion, u"14"_s);
+    shop.connection.define(u"PRAGMA writable_schema=1"_s);
+    shop.connection.define(u"update sqlite_master set sql=replace(sql, 'AmountPaid', 'Paid') where name='JOBS'"_s);
+    QVERIFY(shop.backUp());
+    const auto before = shop.inFolder();
+    try {
+        static_cast<void>(backup::restore(shop.packed(), atOnce));
+        QFAIL("it was restored");
+    } catch (const RuntimeError &error) {
+        QVERIFY2(error.text().startsWith(u"This backup is of version 14"_s), qPrintable(error.text()));
+    }
+    QVERIFY(shop.inFolder() == before);
+}
+
 void BackupTest::aBackupIsDueAfterAWeek()
 {
     TestShop shop;
@@ -442,6 +505,7 @@ void BackupTest::aBackupIsDueAfterAWeek()
     };
     QVERIFY(!isDueAt(moment.addDays(7)));
     QVERIFY(isDueAt(moment.addDays(7).addSecs(1)));
+    QVERIFY(isDueAt(moment.addSecs(-1)));
     // Each file has its own.
     session::DBPath = session::programPath(u"demo.mdb");
     QVERIFY(!backup::lastGood().isValid());

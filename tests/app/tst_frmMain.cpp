@@ -445,6 +445,11 @@ void MainTest::aSafetyCopyThatFailsIsTold()
         QVERIFY(QFile::remove(shop.path(u"copies"_s)));
         QTRY_VERIFY((copier.look(), told.text().isEmpty()));
         QVERIFY(QFile::exists(shop.path(u"copies/data15-20260601.mdb"_s)));
+        // Another program may have made it.
+        emit copier.failed(u"of old"_s);
+        QCOMPARE(told.text(), u"No safety copy: of old"_s);
+        copier.look();
+        QCOMPARE(told.text(), QString());
     }));
 }
 

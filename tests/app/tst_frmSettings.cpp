@@ -49,6 +49,7 @@ private slots:
     void whatIsEnteredComesBack();
     void numbersAreTakenAsNumbers_data();
     void numbersAreTakenAsNumbers();
+    void aNumberThatIsTooLargeIsToldAtItsField();
     void theTitleHasTenLetters();
     void theFromDateIsUsedOrNot();
     void whatNobodyShouldHaveStoredIsShownAllTheSame();
@@ -61,8 +62,10 @@ private slots:
     void withoutAFolderOrBackupNothingIsDone();
     void aBadBackupIsToldBeforeAndAfter();
     void aBackupOfAnotherVersionFallsToTheGate();
+    void aRestoredShopThatCannotStartIsShownAllTheSame();
     void applyGoesOverToAnotherFile();
-    void applyRefusesWhatTheConfigurationCannotHold();
+    void applyRefusesWhatIsNoPlaceForAShop_data();
+    void applyRefusesWhatIsNoPlaceForAShop();
     void applyWithOtherThanAFile_data();
     void applyWithOtherThanAFile();
     void anotherDatabaseIsReadAnew();
@@ -200,6 +203,25 @@ void SettingsTest::numbersAreTakenAsNumbers()
     QCOMPARE(GetSetting(setting::DeliveryMargin), margin);
 }
 
+void SettingsTest::aNumberThatIsTooLargeIsToldAtItsField()
+{
+    Desk desk;
+    desk.show();
+    for (const char *name : {"txtStartNum", "txtDelMargin"}) {
+        desk.enterText(name, u"2147483648"_s);
+        desk.enter("txtTagLine");
+        desk.enter("txtSMSTitle");
+        desk.script.expectMessage(u"This number is too large."_s);
+        accessKey('s');
+        QVERIFY(desk.script.isDone());
+        QVERIFY(desk.at<kvTextBox>(name).hasFocus());
+        desk.enterText(name, u"2147483647"_s);
+    }
+    QCOMPARE(desk.stored(), QStringList{u"16|15"_s});
+    desk.save();
+    QCOMPARE(GetSetting(setting::FirstJobNumber), u"2147483647"_s);
+}
+
 void SettingsTest::theTitleHasTenLetters()
 {
     Desk desk;
@@ -244,11 +266,17 @@ void SettingsTest::whatNobodyShouldHaveStoredIsShownAllTheSame()
     SaveSetting(setting::DefaultFromDate, u"soon"_s);
     SaveSetting(setting::DefaultPeriod, u"9"_s);
     SaveSetting(setting::SmsTitle, u"Needle and Thread"_s);
+    SaveSetting(setting::SendJobNumber, u"Maybe"_s);
     desk.show();
     QCOMPARE(desk.at<DateField>("DateFrom").date(), QDate(2011, 4, 1));
     QCOMPARE(desk.at<kvComboBox>("cmbPeriod").Text(), u"1 Month"_s);
     desk.save();
     QCOMPARE(GetSetting(setting::SmsTitle), u"Needle and Thread"_s);
+    QCOMPARE(GetSetting(setting::SendJobNumber), u"No"_s);
+    desk.enter("txtSMSTitle");
+    press(Qt::Key_End);
+    press(Qt::Key_Backspace);
+    QCOMPARE(desk.text("txtSMSTitle"), u"Needle and Threa"_s);
 }
 
 void SettingsTest::languageIsStoredOnlyWhenItIsChosen()
@@ -317,6 +345,10 @@ void SettingsTest::theModemsAnswerIsShown_data()
     QTest::newRow("refused") << u"98290"_s << QList<QByteArray>{"\r\nOK\r\n", "\r\n> ", "\r\n+CMS ERROR: 310\r\n"}
                              << u"OK\n+CMS ERROR: 310"_s;
     QTest::newRow("no texts") << u"98290"_s << QList<QByteArray>{"\r\nERROR\r\n"} << u"ERROR"_s;
+    QTest::newRow("an echo that reads like an answer")
+        << u"98290"_s
+        << QList<QByteArray>{"AT > OK\r\r\nOK\r\n", "AT >\r\r\n> ", "OK, no ERROR\r\n|+CMGS: 5\r\n\r\nOK\r\n"}
+        << u"AT > OK\nOK\nAT >\n> OK, no ERROR\n+CMGS: 5\nOK"_s;
     QTest::newRow("no number") << QString() << QList<QByteArray>{"\r\nOK\r\n"} << u"OK"_s;
 }
 
@@ -341,7 +373,10 @@ void SettingsTest::theModemsAnswerIsShown()
                 heard += line.received();
                 std::this_thread::sleep_for(5ms);
             }
-            line.say(word);
+            for (const QByteArray &part : word.split('|')) {
+                line.say(part);
+                std::this_thread::sleep_for(word.contains('|') ? 200ms : 0ms);
+            }
         }
     });
     desk.command("cmdTest");
@@ -451,10 +486,32 @@ void SettingsTest::aBackupOfAnotherVersionFallsToTheGate()
                           "16\r\nSupported Version : 15\r\nCorvane created a new database file."_s);
     desk.command("Command5");
     QVERIFY(desk.script.isDone());
+    // The restored one is in use, as it was.
+    QCOMPARE(session::DBPath, session::defaultDatabasePath());
+    QCOMPARE(GetSetting(setting::DatabaseVersion), u"16"_s);
+    QCOMPARE(GetSetting(setting::BackupFolder), desk.stick);
     // The one that the shop had is whole beside it.
     session::DBPath = desk.folder.filePath(u"data15-aside-20110401-100000.mdb"_s);
     OpenDatabase();
     QCOMPARE(GetSetting(setting::DatabaseVersion), u"15"_s);
+}
+
+void SettingsTest::aRestoredShopThatCannotStartIsShownAllTheSame()
+{
+    Desk desk;
+    SaveSetting(setting::BackupFolder, desk.stick);
+    SaveSetting(setting::TagLine, u"then"_s);
+    SaveSetting(setting::WorkingDate, u"soon"_s);
+    QVERIFY(backup::make(DE().CN.content(), desk.stick, [](qint64, qint64) { return true; }));
+    SaveSetting(setting::TagLine, u"since"_s);
+    SaveSetting(setting::WorkingDate, u"01-Apr-2011"_s);
+    desk.show();
+    desk.script.expectBox(u"Database restored."_s);
+    desk.script.expect(u"QMessageBox"_s, [](QWidget &) { press(Qt::Key_Return); });
+    desk.command("Command5");
+    QVERIFY(desk.script.isDone());
+    QCOMPARE(desk.text("txtTagLine"), u"then"_s);
+    QVERIFY(desk.at<QLabel>("lblKept").text().contains(u"data15-aside-20110401-100000.mdb"_s));
 }
 
 void SettingsTest::applyGoesOverToAnotherFile()
@@ -475,14 +532,29 @@ void SettingsTest::applyGoesOverToAnotherFile()
     QVERIFY(contentOf(desk.folder.filePath(u"cv.ini"_s)).endsWith("DBPATH=" + branch.toUtf8() + "\r\n"));
 }
 
-void SettingsTest::applyRefusesWhatTheConfigurationCannotHold()
+void SettingsTest::applyRefusesWhatIsNoPlaceForAShop_data()
 {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("what the configuration cannot hold")
+        << u"/shops/a=b.mdb"_s
+        << u"A path with the sign \"=\" or with a line break cannot be kept in the configuration file."_s;
+    QTest::newRow("relative") << u"shops/new.mdb"_s << u"Please enter the whole path of the file, with all folders."_s;
+    QTest::newRow("a safety copy")
+        << u"/shops/copies/data15-20110401.mdb"_s
+        << u"This is a safety copy, which the program takes away when its time has come. Work in it would be lost.\r\n"
+           "Please copy the file to another folder first, and apply that one."_s;
+}
+
+void SettingsTest::applyRefusesWhatIsNoPlaceForAShop()
+{
+    QFETCH(const QString, path);
+    QFETCH(const QString, told);
     Desk desk;
     desk.show();
     const QString before = session::DBPath;
-    desk.enterText("txtDBPath", u"/shops/a=b.mdb"_s);
-    desk.script.expectMessage(
-        u"A path with the sign \"=\" or with a line break cannot be kept in the configuration file."_s);
+    desk.enterText("txtDBPath", path);
+    desk.script.expectMessage(told);
     desk.command("Command9");
     QVERIFY(desk.script.isDone());
     QCOMPARE(session::DBPath, before);
@@ -528,9 +600,11 @@ void SettingsTest::anotherDatabaseIsReadAnew()
     QVERIFY(QFile::copy(session::DBPath, desk.folder.filePath(u"demo.mdb"_s)));
     SaveSetting(setting::TagLine, u"own"_s);
     desk.show();
+    desk.enterText("txtDBPath", u"/typed"_s);
     desk.script.expect(u"frmSelectDB"_s, [](QWidget &) { press(Qt::Key_Escape); });
     desk.command("Command10");
     QCOMPARE(desk.text("txtTagLine"), u"own"_s);
+    QCOMPARE(desk.text("txtDBPath"), session::DBPath);
     desk.script.expect(u"frmSelectDB"_s, [](QWidget &) {
         press(Qt::Key_Tab);
         press(Qt::Key_Return);

@@ -70,8 +70,10 @@ void SafetyCopyTest::theDayGetsItsCopyAndOldOnesGo()
     for (int day = 10; day < 20; ++day)
         lay(u"data15-201103%1.mdb"_s.arg(day));
     lay(u"data15-20100310.mdb"_s);
-    // Of other files and other hands.
-    const QStringList others{u"demo-20110310.mdb"_s, u"data15-20110399.mdb"_s, u"data15-20110310.txt"_s, u"notes"_s};
+    lay(u"data15-20110305.mdb.new"_s);
+    // Of other files and other hands, and of a clock that was wrong.
+    const QStringList others{u"data15-20110402.mdb"_s, u"data15-20990101.mdb"_s, u"demo-20110310.mdb"_s,
+        u"data15-20110399.mdb"_s, u"data15-20110310.txt"_s, u"notes"_s};
     for (const QString &name : others)
         lay(name);
     safetyCopy::make(shop.connection.content(), session::DBPath, today, goOn);
