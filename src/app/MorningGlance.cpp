@@ -8,6 +8,8 @@
 #include "store/settings.h"
 #include "ui/Command.h"
 #include "ui/Screen.h"
+#include "ui/fieldTip.h"
+#include "ui/frmMsg.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -41,9 +43,19 @@ QIcon noIcon()
     return QIcon(nothing);
 }
 
+glanceLines::Line failed(const RuntimeError &error)
+{
+    constexpr qsizetype longest = 60;
+    QString reason = error.text().simplified();
+    if (reason.size() > longest)
+        reason = reason.left(longest).trimmed() + u'…';
+    return {.text = u"This cannot be read: "_s + reason.replace(u'&', u"&&"_s),
+        .open = [report = error.report()] { ShowMessage(report); }};
+}
+
 } // namespace
 
-MorningGlance::MorningGlance(QWidget *parent) : QFrame(parent), m_isOn(settingIsOn(setting::ShowMorningGlance))
+MorningGlance::MorningGlance(QWidget *parent) : QFrame(parent)
 {
     setObjectName(u"morningGlance"_s);
     hide();
@@ -84,23 +96,24 @@ void MorningGlance::buildForm()
 
 void MorningGlance::lookAgain()
 {
-    for (Reading &reading : m_readings) {
-        if (reading.hasFailed)
-            reading.day = {};
+    if (!settingIsOn(setting::ShowMorningGlance)) {
+        m_turn.stop();
+        return hide();
     }
-    if (m_isOn)
-        m_turn.start(0);
+    for (size_t number = 0; number < m_readings.size(); ++number) {
+        if (m_readings[number].hasFailed || sources()[number].tables.isEmpty())
+            m_readings[number].day = {};
+    }
+    m_turn.start(0);
 }
 
 void MorningGlance::toggle()
 {
-    m_isOn = !m_isOn;
-    SaveSetting(setting::ShowMorningGlance, m_isOn ? u"1"_s : u"0"_s);
-    if (m_isOn)
-        return lookAgain();
-    m_turn.stop();
-    hide();
-    window()->setFocus();
+    const bool wasOn = settingIsOn(setting::ShowMorningGlance);
+    SaveSetting(setting::ShowMorningGlance, wasOn ? u"0"_s : u"1"_s);
+    lookAgain();
+    if (wasOn)
+        window()->setFocus();
 }
 
 void MorningGlance::readOn()
@@ -108,10 +121,10 @@ void MorningGlance::readOn()
     // It comes back to the front in time.
     if (Screen::front() != window())
         return;
-    for (size_t source = 0; source < m_readings.size(); ++source) {
-        if (isAsRead(source))
+    for (size_t number = 0; number < m_readings.size(); ++number) {
+        if (isAsRead(number))
             continue;
-        read(source);
+        read(number);
         return m_turn.start(0);
     }
     lblDay->setText(u"Morning glance, "_s + DayMonthYear(session::CurrentDate));
@@ -119,10 +132,10 @@ void MorningGlance::readOn()
     raise();
 }
 
-bool MorningGlance::isAsRead(size_t source) const
+bool MorningGlance::isAsRead(size_t number) const
 {
-    const Reading &reading = m_readings[source];
-    return reading.day == session::CurrentDate && reading.stamps == stampsOf(sources()[source]);
+    const Reading &reading = m_readings[number];
+    return reading.day == session::CurrentDate && reading.stamps == stampsOf(sources()[number]);
 }
 
 void MorningGlance::read(size_t number)
@@ -135,8 +148,8 @@ void MorningGlance::read(size_t number)
     try {
         lines = source.read(session::CurrentDate);
     } catch (const RuntimeError &error) {
-        fault = error.report();
-        lines.assign(static_cast<size_t>(source.names.size()), {.text = u"This cannot be read"_s});
+        fault = plainTip(error.report());
+        lines.assign(static_cast<size_t>(source.names.size()), failed(error));
     }
     reading.hasFailed = !fault.isEmpty();
     // As it is now: a reading may notice that another program has written.
@@ -147,6 +160,5 @@ void MorningGlance::read(size_t number)
         entry.command->setText(numbered(reading.firstLine + i) + u"   "_s + lines[i].text);
         entry.command->setIcon(lines[i].isSomething && !lines[i].icon.isNull() ? lines[i].icon : noIcon());
         entry.command->setToolTip(fault);
-        entry.command->setEnabled(fault.isEmpty());
     }
 }

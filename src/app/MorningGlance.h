@@ -20,9 +20,9 @@ public:
     /// The parent is on a screen.
     explicit MorningGlance(QWidget *parent);
 
-    /// Reads what is not as it was, as long as the screen is in front. Nothing where the shop has switched it off.
+    /// Reads what is not as it was, as long as the screen is in front. Hides where the shop in use has switched it off.
     void lookAgain();
-    /// Switches it off or on, for good.
+    /// Switches it off or on, for good and for the shop in use.
     void toggle();
 
 signals:
@@ -44,7 +44,7 @@ private:
 
     void buildForm();
     void readOn();
-    [[nodiscard]] bool isAsRead(size_t source) const;
+    [[nodiscard]] bool isAsRead(size_t number) const;
     void read(size_t number);
 
     QLabel *lblDay;
@@ -52,5 +52,4 @@ private:
     std::vector<Entry> m_lines;
     std::vector<Reading> m_readings;
     QTimer m_turn;
-    bool m_isOn;
 };

@@ -1,8 +1,8 @@
 #include "app/WallArea.h"
 
 #include "app/defaultWallpaper.h"
+#include "pictures/pictureFile.h"
 
-#include <QImageReader>
 #include <QLabel>
 #include <QScreen>
 
@@ -25,14 +25,7 @@ void WallArea::showDefault()
 
 void WallArea::showFile(const QString &path)
 {
-    // The pictures of today's cameras are larger than what is taken for a picture otherwise.
-    constexpr int megabytes = 1024;
-    QImageReader::setAllocationLimit(megabytes);
-    QImageReader reader(path);
-    // Whatever the name of the file says, and the way round that the camera was held.
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QImage picture = reader.read();
+    const QImage picture = pictureFile::read(path).picture;
     if (!picture.isNull())
         show(QPixmap::fromImage(picture));
 }

@@ -94,7 +94,7 @@ frmMain::frmMain()
     onKey(Qt::Key_F3, u"Open a job card by its number"_s, [this] { leadOn([] { frmOpenJob().exec(); }); });
     onKey(
         Qt::CTRL | Qt::Key_G, u"Show or hide the morning glance"_s, [this] { m_glance->toggle(); },
-        [this] { return m_glance; });
+        [this] { return m_glance != nullptr; });
 }
 
 void frmMain::buildForm()

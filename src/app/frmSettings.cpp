@@ -163,6 +163,12 @@ frmSettings::frmSettings()
     TranslateForm(*this);
 }
 
+void frmSettings::ShowBackup()
+{
+    SSTab1->setCurrentWidget(m_backup);
+    exec();
+}
+
 void frmSettings::buildForm()
 {
     Command1->setDefault(true);

@@ -20,6 +20,9 @@ class frmSettings : public Screen {
 public:
     frmSettings();
 
+    /// Modally, with the backup's page in front.
+    void ShowBackup();
+
 private:
     void buildForm();
     [[nodiscard]] QWidget *buildJobCard();

@@ -2,6 +2,8 @@
 
 #include "accounts/clientDues.h"
 #include "accounts/frmDueRegister.h"
+#include "app/backup.h"
+#include "app/frmSettings.h"
 #include "base/values.h"
 #include "comms/birthdays.h"
 #include "comms/frmBirthDayRimenders.h"
@@ -17,10 +19,12 @@ namespace glanceLines {
 
 namespace {
 
-/// "3 trials are", "1 trial is" or "No trial is".
+/// "3 clients owe", "1 client owes" or "No client owes".
 QString counted(qsizetype count, const QString &one, const QString &several)
 {
-    return count > 1 ? QString::number(count) + u' ' + several : (count == 1 ? u"1 "_s : u"No "_s) + one;
+    if (count > 1)
+        return QString::number(count) + u' ' + several;
+    return (count == 1 ? u"1 "_s : u"No "_s) + one;
 }
 
 /// Bought goods among them, as in the register.
@@ -53,19 +57,22 @@ std::vector<Line> deliveries(QDate day)
             .open = opened(day, day)}};
 }
 
-/// Those of cards that stand, to which the client is still to come.
+/// All that the register lists; awaited are those of cards that stand, to which the client is still to come.
 std::vector<Line> trials(QDate day)
 {
     Recordset jobs(DE().CN);
     jobs.openColumns(
-        u"Select * from Jobs where TrialDate between #%1# and #%1# and appeared=%2 and Status=%3"_s.arg(DateText(day))
-            .arg(trial::NotAppeared)
-            .arg(cardStatus::Live),
-        {u"Id"_s});
+        u"Select * from Jobs where TrialDate between #%1# and #%1#"_s.arg(DateText(day)), {u"appeared"_s, u"Status"_s});
     const int count = jobs.recordCount();
-    return {{.text = counted(count, u"trial is"_s, u"trials are"_s) + u" today"_s,
-        .isSomething = count > 0,
-        .open = [] { frmTrailDate().exec(); }}};
+    int awaited = 0;
+    for (; !jobs.eof(); jobs.moveNext()) {
+        if (jobs.integer(u"appeared") == trial::NotAppeared && jobs.integer(u"Status") == cardStatus::Live)
+            ++awaited;
+    }
+    QString text = counted(count, u"trial today"_s, u"trials today"_s);
+    if (count > 0)
+        text += awaited > 0 ? u", %1 awaited"_s.arg(awaited) : u", none awaited"_s;
+    return {{.text = text, .isSomething = awaited > 0, .open = [] { frmTrailDate().exec(); }}};
 }
 
 std::vector<Line> birthdays(QDate day)
@@ -89,6 +96,19 @@ std::vector<Line> dues(QDate day)
     return {{.text = text, .isSomething = !all.empty(), .open = [] { frmDueRegister().exec(); }}};
 }
 
+/// By the machine's clock, as the backup itself.
+std::vector<Line> lastBackup(QDate /*day*/)
+{
+    const QDateTime last = backup::lastGood();
+    const bool isDue = backup::isDue();
+    QString text = u"No good backup is known"_s;
+    if (last.isValid())
+        text = u"Last good backup on "_s + DayMonthYear(last.date()) + (isDue ? u", over a week ago"_s : QString());
+    return {{.text = text, .isSomething = isDue, .icon = signs::due(signs::Due::Overdue), .open = [] {
+                 frmSettings().ShowBackup();
+             }}};
+}
+
 } // namespace
 
 const std::vector<Source> &sources()
@@ -98,6 +118,7 @@ const std::vector<Source> &sources()
         {{u"cmdTrials"_s}, {"jobs"}, trials},
         {{u"cmdBirthdays"_s}, {"accounts"}, birthdays},
         {{u"cmdDues"_s}, {"accounts", "postings"}, dues},
+        {{u"cmdBackup"_s}, {}, lastBackup},
     };
     return all;
 }

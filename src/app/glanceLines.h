@@ -24,7 +24,8 @@ struct Line {
 struct Source {
     /// Of the lines' commands.
     QStringList names;
-    /// What is read, in small letters.
+    /// What is read, in small letters. Empty where it is no part of the file: then it is read each time that the screen
+    /// comes to the front.
     QByteArrayList tables;
     /// As many lines as names, for that working date. Throws RuntimeError.
     std::vector<Line> (*read)(QDate day);

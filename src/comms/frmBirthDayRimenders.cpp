@@ -13,6 +13,8 @@
 
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 frmBirthDayRimenders::frmBirthDayRimenders()
@@ -63,11 +65,13 @@ void frmBirthDayRimenders::showBirthdays()
 {
     std::vector<ListRow> rows;
     Recordset &clients = DE().rsaccounts;
-    clients.openColumns(birthdaysOn(DateSel->date()), {u"Id"_s, u"Title"_s, u"dob"_s, u"Mobile"_s});
+    const QDate day = DateSel->date();
+    clients.openColumns(birthdaysOn(day), {u"Id"_s, u"Title"_s, u"dob"_s, u"Mobile"_s});
     for (; !clients.eof(); clients.moveNext())
         rows.push_back(
-            {.cells = {clients.text(u"Title"), DateText(clients.date(u"dob")), clients.textOrEmpty(u"Mobile")},
+            {.cells = {clients.text(u"Title"), DayMonthYear(clients.date(u"dob")), clients.textOrEmpty(u"Mobile")},
                 .tag = clients.integer(u"Id")});
     clients.close();
-    showRows(std::move(rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
+    const bool isSameDay = std::exchange(m_shown, day) == day;
+    showRows(std::move(rows), isSameDay && lvSummary->currentRow() >= 0 ? Keep::Tag : Keep::First);
 }

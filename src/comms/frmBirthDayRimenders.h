@@ -2,6 +2,8 @@
 
 #include "ui/RegisterScreen.h"
 
+#include <QDate>
+
 class Command;
 class DateField;
 class ReminderPanel;
@@ -20,6 +22,7 @@ private:
 
     DateField *DateSel;
     Command *Command1;
+    QDate m_shown;
     ListView *lvSummary;
     ReminderPanel *m_reminder;
 };

@@ -39,8 +39,8 @@ const std::vector<Period> &periods()
 constexpr int usualPeriod = 2;
 const auto fileName = u"data.xml"_s;
 
-/// On the drive where readers of the report have looked for it ever since; where there are no drives, among the user's
-/// documents.
+/// On the first hard disk, where the programs that read the report look for it; on a system without drives, among the
+/// user's documents.
 QString usualPath()
 {
     const auto drives = QDir::drives();
@@ -109,15 +109,25 @@ QLayout *frmSelectDate::buildPath()
 void frmSelectDate::connectCommands()
 {
     // Nothing can be typed there: a change is always a choice.
-    connect(cmbPeriod, &QComboBox::activated, this, &frmSelectDate::takePeriod);
+    connect(cmbPeriod, &QComboBox::activated, this, &frmSelectDate::choosePeriod);
     connect(Text1, &kvTextBox::changed, this, &frmSelectDate::tellOfPath);
     connect(cmdBrowse, &Command::clicked, this, &frmSelectDate::browse);
     connect(cmdExport, &Command::clicked, this, &frmSelectDate::exportReport);
 }
 
+void frmSelectDate::choosePeriod()
+{
+    if (const QString typed = DateFrom->refused(); !typed.isEmpty()) {
+        cmbPeriod->setCurrentIndex(m_period);
+        return complain(u"\"%1\" is not a date!"_s.arg(typed), DateFrom);
+    }
+    takePeriod();
+}
+
 void frmSelectDate::takePeriod()
 {
-    const Period &period = periods()[static_cast<size_t>(cmbPeriod->currentIndex())];
+    m_period = cmbPeriod->currentIndex();
+    const Period &period = periods()[static_cast<size_t>(m_period)];
     DateTo->setDate(DateFrom->date().addDays(period.days).addMonths(period.months));
 }
 

@@ -16,17 +16,22 @@ class frmSelectDate : public Screen {
 public:
     frmSelectDate();
 
+protected:
+    void activated() override { tellOfPath(); }
+
 private:
     void buildForm();
     [[nodiscard]] QLayout *buildPath();
     void connectCommands();
 
+    void choosePeriod();
     void takePeriod();
     void browse();
     void tellOfPath();
     void exportReport();
 
     kvComboBox *cmbPeriod;
+    int m_period;
     DateField *DateFrom;
     DateField *DateTo;
     kvTextBox *Text1;

@@ -11,9 +11,12 @@
 #include "store/codes.h"
 #include "ui/platformBox.h"
 
+#include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <optional>
+#include <tuple>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -83,7 +86,8 @@ private:
 void addCard(QString &text, const Recordset &job, const QString &status, ItemsInOrder &items)
 {
     const qint16 id = Int16(job.integer(u"ID"));
-    addAttribute(text, "\r\n<jobcard id=\""_L1, QString::number(id));
+    text.append(lineEnd);
+    addAttribute(text, "<jobcard id=\""_L1, QString::number(id));
     addAttribute(text, " client=\""_L1, job.text(u"ClintName"));
     addAttribute(text, " date=\""_L1, job.text(u"Date"));
     addAttribute(text, " deldate=\""_L1, job.text(u"DeliveryDate"));
@@ -98,11 +102,12 @@ void addCard(QString &text, const Recordset &job, const QString &status, ItemsIn
 void addCards(QString &text, QDate from, QDate to)
 {
     Recordset &jobs = DE().rsJOBS;
+    const auto end = qScopeGuard([&jobs] { jobs.close(); });
     jobs.openColumns(u"Select * from Jobs where date between #"_s + DateText(from) + u"# and #"_s + DateText(to)
             + u"# order by ID"_s,
         {u"ID"_s, u"ClintID"_s, u"ClintName"_s, u"Date"_s, u"DeliveryDate"_s, u"JobFinished"_s, u"AmountDue"_s});
     if (jobs.eof())
-        return jobs.close();
+        return;
     const qint32 first = jobs.integer(u"ID");
     jobs.moveLast();
     ItemsInOrder items(first, jobs.integer(u"ID"));
@@ -116,7 +121,13 @@ void addCards(QString &text, QDate from, QDate to)
             status = u"Undelivered"_s;
         addCard(text, jobs, status, items);
     }
-    jobs.close();
+}
+
+/// The configuration, a backup, and databases with what stands beside them, whose names must stay theirs.
+bool isOfTheProgram(const QFileInfo &file)
+{
+    const QString name = file.fileName().toLower();
+    return name == "cv.ini"_L1 || name == "cvbackup.gz"_L1 || name.contains(".mdb"_L1);
 }
 
 } // namespace
@@ -151,8 +162,13 @@ void statusReport::write(QDate from, QDate to, const QString &path)
     if (const QString why = refusal(path); !why.isEmpty())
         throw RuntimeError(Fault::FileFault, why, path, Written::Nothing);
     // By way of a link the file that it leads to is meant.
-    const QFileInfo file(path);
-    safeFile::writeWhole(file.exists() ? file.canonicalFilePath() : path, windows1252(report));
+    const QFileInfo former(path);
+    UnfinishedFile file(former.exists() ? former.canonicalFilePath() : path);
+    file.write(windows1252(report));
+    // Whoever was to read that one is to read this one.
+    if (former.exists())
+        std::ignore = QFile::setPermissions(file.name(), former.permissions());
+    file.replace();
 }
 
 QString statusReport::refusal(const QString &path)
@@ -160,6 +176,8 @@ QString statusReport::refusal(const QString &path)
     const QFileInfo file(path);
     if (path.isEmpty() || path.endsWith(u'/'))
         return u"The name of the file is missing."_s;
+    if (file.isRelative())
+        return u"That is not a whole path."_s;
     if (!QFileInfo(file.absolutePath()).isDir())
         return u"That folder does not exist."_s;
     if (file.isDir())
@@ -169,6 +187,10 @@ QString statusReport::refusal(const QString &path)
     // In place of the orders themselves.
     if (file.exists() && file.canonicalFilePath() == QFileInfo(session::DBPath).canonicalFilePath())
         return u"That is the shop's own file."_s;
+    if (file.isSymLink() && !file.exists())
+        return u"That link leads nowhere."_s;
+    if (isOfTheProgram(file) || isOfTheProgram(QFileInfo(file.canonicalFilePath())))
+        return u"That is a file of the program."_s;
     if (!QFileInfo(file.exists() ? QFileInfo(file.canonicalFilePath()).path() : file.absolutePath()).isWritable())
         return u"Nothing may be written in that folder."_s;
     return {};

@@ -19,6 +19,11 @@ CameraSystem *present()
 
 } // namespace
 
+bool canBeUsed()
+{
+    return present();
+}
+
 QStringList names()
 {
     return present() ? present()->names() : QStringList();

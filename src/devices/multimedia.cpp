@@ -6,6 +6,8 @@ using namespace Qt::StringLiterals;
 
 Multimedia *Multimedia::load()
 {
-    static const auto library = qobject_cast<Multimedia *>(QPluginLoader(u"corvane_multimedia"_s).instance());
+    static Multimedia *library = nullptr;
+    if (!library)
+        library = qobject_cast<Multimedia *>(QPluginLoader(u"corvane_multimedia"_s).instance());
     return library;
 }

@@ -64,7 +64,8 @@ frmAddItem::frmAddItem() : Screen(u"frmAddItem"_s, u"Item"_s)
     showColor(clothColor::number(Qt::white));
     setEntryKeys(EnterMovesOn);
     keepEnter(cmbItems);
-    keepEnter(Command1);
+    for (Command *command : {Command1, Command3, Command7, Command6, Command4, Command8, Command5})
+        keepEnter(command);
 }
 
 void frmAddItem::buildForm()
@@ -371,7 +372,7 @@ QString frmAddItem::newPicturePath(int number) const
     QDateTime moment = machineClock::now();
     do {
         path = session::programPath(
-            u"images/%1_%2_%3.bmp"_s.arg(client, moment.toString(u"dd_MM_yyyy_h_m_ss"_s)).arg(number));
+            u"images/%1_%2_%3.bmp"_s.arg(client, moment.toString(u"dd_MM_yyyy_h_m_ss"_s), QString::number(number)));
         moment = moment.addSecs(1);
     } while (QFileInfo::exists(path));
     return path;

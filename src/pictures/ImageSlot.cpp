@@ -3,12 +3,12 @@
 #include "devices/shell.h"
 #include "pictures/PictureBox.h"
 #include "pictures/frmPreview.h"
+#include "pictures/isPictureThere.h"
 #include "ui/Command.h"
 #include "ui/boxType.h"
 #include "ui/fieldTip.h"
 #include "ui/formFields.h"
 #include "ui/kvTextBox.h"
-#include "ui/platformBox.h"
 
 #include <QBoxLayout>
 #include <QFile>
@@ -48,12 +48,7 @@ QString ImageSlot::path() const
 
 bool ImageSlot::isThere() const
 {
-    if (path().isEmpty())
-        return false;
-    if (QFile::exists(path()))
-        return true;
-    platformBox::show(u"The picture is no longer there:\r\n"_s + path());
-    return false;
+    return !path().isEmpty() && isPictureThere(path());
 }
 
 void ImageSlot::open()

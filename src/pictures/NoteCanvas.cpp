@@ -54,6 +54,7 @@ void NoteCanvas::setGround(const QImage &picture)
 
 void NoteCanvas::wipe()
 {
+    liftPen();
     m_strokes.push_back({m_tool, 0, {}});
     drawLast();
 }
@@ -91,6 +92,7 @@ QPointF NoteCanvas::onSheet(const QPointF &position) const
 
 void NoteCanvas::begin(const QPointF &position, Tool tool)
 {
+    liftPen();
     m_isDown = true;
     // As wide as told on the screen, also on a picture that is shown smaller than it is.
     const double width = (tool == Tool::Pen ? penWidth : eraserWidth) / zoom();
@@ -107,7 +109,7 @@ void NoteCanvas::goOn(const QPointF &position)
     update();
 }
 
-void NoteCanvas::end()
+void NoteCanvas::liftPen()
 {
     if (!m_isDown)
         return;
@@ -150,7 +152,7 @@ void NoteCanvas::mouseMoveEvent(QMouseEvent *event)
 void NoteCanvas::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
-        end();
+        liftPen();
 }
 
 void NoteCanvas::tabletEvent(QTabletEvent *event)
@@ -163,7 +165,7 @@ void NoteCanvas::tabletEvent(QTabletEvent *event)
     else if (event->type() == QEvent::TabletMove)
         goOn(event->position());
     else if (event->type() == QEvent::TabletRelease && event->button() == Qt::LeftButton)
-        end();
+        liftPen();
 }
 
 void NoteCanvas::paintEvent(QPaintEvent *)

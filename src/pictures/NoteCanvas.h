@@ -20,13 +20,15 @@ public:
     /// What is drawn on from now on; the sheet takes its size.
     void setGround(const QImage &picture);
     void setTool(Tool tool) { m_tool = tool; }
+    /// Ends the stroke that is being drawn.
+    void liftPen();
     /// Makes the whole sheet white.
     void wipe();
     /// Takes back the last stroke, or the last `wipe`.
     void undo();
     [[nodiscard]] bool canUndo() const { return !m_strokes.empty(); }
 
-    /// The ground with all that was drawn on it.
+    /// The ground with all that was drawn on it; a stroke comes when it ends.
     [[nodiscard]] const QImage &picture() const { return m_picture; }
     /// Where the sheet is shown.
     [[nodiscard]] QRectF place() const;
@@ -54,7 +56,6 @@ private:
 
     void begin(const QPointF &position, Tool tool);
     void goOn(const QPointF &position);
-    void end();
     void draw(QPainter &painter, const Stroke &stroke) const;
     void drawLast();
     [[nodiscard]] double zoom() const { return place().width() / m_picture.width(); }

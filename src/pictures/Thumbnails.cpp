@@ -69,9 +69,11 @@ private:
     std::atomic<bool> m_stopped = false;
 };
 
-Thumbnails::Thumbnails(double ratio, QObject *parent)
-    : QAbstractListModel(parent), m_ratio(ratio), m_blank(square(ratio, QColor(0xee, 0xf0, 0xf3))),
-      m_sign(square(ratio, Qt::white))
+Thumbnails::Thumbnails(double ratio, QObject *parent) : Thumbnails(ratio, pictureFile::thumbnail, parent) { }
+
+Thumbnails::Thumbnails(double ratio, Load load, QObject *parent)
+    : QAbstractListModel(parent), m_ratio(ratio), m_load(std::move(load)),
+      m_blank(square(ratio, QColor(0xee, 0xf0, 0xf3))), m_sign(square(ratio, Qt::white))
 {
     QPainter painter(&m_sign);
     QRect place(0, 0, signSide, signSide);
@@ -108,17 +110,26 @@ void Thumbnails::list(const QString &folder, const QStringList &names)
     for (int thread = 0; thread < m_threads.maxThreadCount(); ++thread) {
         m_threads.start([this, work = m_work] {
             for (int row = work->take(); row >= 0; row = work->take()) {
-                QImage picture;
-                QString reason;
-                try {
-                    picture = pictureFile::thumbnail(work->path(row), qRound(side * m_ratio));
-                } catch (const RuntimeError &error) {
-                    reason = error.text() + u":\n"_s + pictureFile::read(work->path(row), {side, side}).problem;
-                }
+                const Loaded loaded = load(work->path(row));
                 QMetaObject::invokeMethod(
-                    this, [=, this] { take(work, row, picture, reason); }, Qt::QueuedConnection);
+                    this, [=, this] { take(work, row, loaded); }, Qt::QueuedConnection);
             }
         });
+    }
+}
+
+/// A thread has nobody to pass a failure on to.
+Thumbnails::Loaded Thumbnails::load(const QString &path) const
+{
+    try {
+        try {
+            return {m_load(path, qRound(side * m_ratio)), {}};
+        } catch (const RuntimeError &error) {
+            return {{}, error.text() + u":\n"_s + pictureFile::read(path, {side, side}).problem};
+        }
+    } catch (...) {
+        return {
+            {}, u"Error loading picture "_s + QFileInfo(path).fileName() + u":\nThere is not enough memory for it"_s};
     }
 }
 
@@ -128,14 +139,14 @@ void Thumbnails::lookAt(int row)
         m_work->lookAt(row);
 }
 
-void Thumbnails::take(const std::shared_ptr<Work> &work, int row, const QImage &picture, const QString &reason)
+void Thumbnails::take(const std::shared_ptr<Work> &work, int row, const Loaded &loaded)
 {
     if (work->isStopped())
         return;
     Thumbnail &thumbnail = m_thumbnails[static_cast<size_t>(row)];
-    thumbnail.picture = reason.isEmpty() ? QPixmap::fromImage(picture) : m_sign;
+    thumbnail.picture = loaded.reason.isEmpty() ? QPixmap::fromImage(loaded.picture) : m_sign;
     thumbnail.picture.setDevicePixelRatio(m_ratio);
-    thumbnail.reason = reason;
+    thumbnail.reason = loaded.reason;
     emit dataChanged(index(row), index(row));
     emit progressed(++m_done, static_cast<int>(m_names.size()));
 }

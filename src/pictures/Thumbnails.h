@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QThreadPool>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -20,8 +21,13 @@ public:
     /// Why a file has no thumbnail; empty where it has one or is still to get it.
     static constexpr int ReasonRole = Qt::UserRole;
 
+    /// Makes the thumbnail of a file, of that many points; on any thread.
+    using Load = std::function<QImage(const QString &path, int side)>;
+
     /// `ratio` is how many points of the monitor make a unit.
     explicit Thumbnails(double ratio, QObject *parent = nullptr);
+    /// The same with thumbnails that are made otherwise.
+    Thumbnails(double ratio, Load load, QObject *parent = nullptr);
     /// Waits for the files that are being loaded.
     ~Thumbnails() override;
 
@@ -47,11 +53,17 @@ private:
         QPixmap picture;
         QString reason;
     };
+    struct Loaded {
+        QImage picture;
+        QString reason;
+    };
 
     void stop();
-    void take(const std::shared_ptr<Work> &work, int row, const QImage &picture, const QString &reason);
+    [[nodiscard]] Loaded load(const QString &path) const;
+    void take(const std::shared_ptr<Work> &work, int row, const Loaded &loaded);
 
     double m_ratio;
+    Load m_load;
     QString m_folder;
     QStringList m_names;
     std::vector<Thumbnail> m_thumbnails;

@@ -78,6 +78,9 @@ void frmCam::TakeSnap(const QString &FilePath, bool &Cancelled)
     CamCancelled = true;
     startCam();
     exec();
+    // Closed from the list, it has not been left.
+    if (focusWidget() == cmbList)
+        keepDevice();
     m_snap->CloseCam();
     Cancelled = CamCancelled;
 }

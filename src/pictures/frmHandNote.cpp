@@ -94,6 +94,7 @@ void frmHandNote::chooseEraser()
 
 void frmHandNote::keep()
 {
+    picCanvas->liftPen();
     // Where it can't be written the drawing stays.
     pictureFile::save(picCanvas->picture(), m_filePath);
     NoteCancelled = false;

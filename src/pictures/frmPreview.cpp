@@ -2,6 +2,7 @@
 
 #include "devices/shell.h"
 #include "pictures/PictureBox.h"
+#include "pictures/isPictureThere.h"
 #include "pictures/pictureFile.h"
 #include "pictures/printPicture.h"
 #include "ui/Command.h"
@@ -59,7 +60,10 @@ void frmPreview::connectCommands()
 
     connect(cmdSize, &Command::clicked, this, &frmPreview::changeSize);
     connect(cmdPrint, &Command::clicked, this, [this] { printPicture(m_path); });
-    connect(cmdOpen, &Command::clicked, this, [this] { shell::openFile(m_path); });
+    connect(cmdOpen, &Command::clicked, this, [this] {
+        if (isPictureThere(m_path))
+            shell::openFile(m_path);
+    });
     connect(m_fitted, &PictureBox::doubleClicked, this, &frmPreview::changeSize);
 }
 

@@ -3,6 +3,7 @@
 #include "devices/shell.h"
 #include "pictures/Thumbnails.h"
 #include "pictures/frmPreview.h"
+#include "pictures/isPictureThere.h"
 #include "pictures/picturePlaces.h"
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
@@ -210,12 +211,13 @@ void frmSelectFile::connectCommands()
 
     txtfilename->setAutoTab(false);
     onEnter(txtfilename, [this] { select(); });
-    connect(m_drives, &QComboBox::currentIndexChanged, this, [this] { enter(m_drives->currentData().toString()); });
+    // Also the one that is shown: back to its root.
+    connect(m_drives, &QComboBox::activated, this, [this] { enter(m_drives->currentData().toString()); });
     connect(m_directories, &QListWidget::itemDoubleClicked, this, &frmSelectFile::enterChosen);
     connect(cmbFIletype, &QComboBox::currentIndexChanged, this, &frmSelectFile::refresh);
     // A click makes current first, a key chooses first.
-    connect(preview->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmSelectFile::showCurrent);
-    connect(preview->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmSelectFile::showCurrent);
+    connect(preview->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmSelectFile::takeChosen);
+    connect(preview->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmSelectFile::takeChosen);
     connect(preview, &QListView::doubleClicked, this, &frmSelectFile::openCurrent);
     connect(m_files, &QListView::doubleClicked, this, &frmSelectFile::select);
     connect(preview->verticalScrollBar(), &QScrollBar::valueChanged, this, &frmSelectFile::lookAtVisible);
@@ -246,14 +248,12 @@ void frmSelectFile::openRemembered()
     const int place = m_drives->findData(drive);
     if (drive.isEmpty())
         return enter(m_drives->currentData().toString());
-    if (place >= 0) {
-        const QSignalBlocker quiet(m_drives);
+    if (place >= 0)
         m_drives->setCurrentIndex(place);
-    }
     if (QFileInfo(folder).isDir())
         return enter(folder);
     enter(m_drives->currentData().toString());
-    lblStatus->setText(u"The remembered location is not there: "_s + folder);
+    tell(u"The remembered location is not there: "_s + folder);
 }
 
 void frmSelectFile::enter(const QString &folder)
@@ -269,7 +269,7 @@ void frmSelectFile::enter(const QString &folder)
     m_directories->setCurrentRow(0);
     refresh();
     if (!directory.isReadable())
-        lblStatus->setText(u"This folder can't be read"_s);
+        tell(u"This folder can't be read"_s);
 }
 
 void frmSelectFile::enterChosen()
@@ -287,30 +287,47 @@ void frmSelectFile::refresh()
     m_progress->setVisible(!names.isEmpty());
     m_progress->setRange(0, static_cast<int>(names.size()));
     m_progress->setValue(0);
-    lblStatus->setText(
-        names.isEmpty() ? u"No file of this type here"_s : u"Creating Thumbnails of :1 of %1"_s.arg(names.size()));
+    tell({});
 }
 
 void frmSelectFile::showProgress(int done, int total)
 {
     m_progress->setValue(done);
     m_progress->setVisible(done < total);
-    lblStatus->setText(u"Creating Thumbnails of :%1 of %2"_s.arg(done).arg(total));
-    if (done == total)
-        showCurrent();
+    showStatus();
 }
 
-/// What is chosen is told, once nothing else is to be told there.
-void frmSelectFile::showCurrent()
+/// The name alone may be one that the user typed: it is replaced by what he chooses, and by nothing else.
+void frmSelectFile::takeChosen()
 {
     const QModelIndex current = preview->currentIndex();
-    if (preview->selectionModel()->isSelected(current))
-        txtfilename->setText(thumbs->nameOf(current.row()));
-    const QString reason = thumbs->reasonOf(current.row());
-    if (!reason.isEmpty())
+    if (!preview->selectionModel()->isSelected(current))
+        return;
+    txtfilename->setText(thumbs->nameOf(current.row()));
+    tell({});
+}
+
+/// The message stands until the user's next act.
+void frmSelectFile::tell(const QString &message)
+{
+    m_message = message;
+    showStatus();
+}
+
+void frmSelectFile::showStatus()
+{
+    const QString reason = thumbs->reasonOf(preview->currentIndex().row());
+    const int count = thumbs->rowCount();
+    if (!m_message.isEmpty())
+        lblStatus->setText(m_message);
+    else if (!reason.isEmpty())
         lblStatus->setText(reason.section(u'\n', 0, 0) + u' ' + reason.section(u'\n', 1));
-    else if (!m_progress->isVisible())
-        lblStatus->setText(thumbs->rowCount() == 1 ? u"1 picture"_s : u"%1 pictures"_s.arg(thumbs->rowCount()));
+    else if (count == 0)
+        lblStatus->setText(u"No file of this type here"_s);
+    else if (!m_progress->isHidden())
+        lblStatus->setText(u"Creating Thumbnails of :%1 of %2"_s.arg(qMax(1, m_progress->value())).arg(count));
+    else
+        lblStatus->setText(count == 1 ? u"1 picture"_s : u"%1 pictures"_s.arg(count));
 }
 
 void frmSelectFile::lookAtVisible()
@@ -326,7 +343,7 @@ QString frmSelectFile::currentPath() const
 
 void frmSelectFile::openCurrent()
 {
-    if (const QString path = currentPath(); !path.isEmpty())
+    if (const QString path = currentPath(); !path.isEmpty() && isPictureThere(path))
         shell::openFile(path);
 }
 
@@ -353,5 +370,5 @@ void frmSelectFile::remember()
         SaveSetting(setting::PickerDrive, m_drives->currentData().toString());
         SaveSetting(setting::PickerFolder, m_folder);
     });
-    lblStatus->setText(u"The picker opens here from now on"_s);
+    tell(u"The picker opens here from now on"_s);
 }

@@ -36,7 +36,9 @@ private:
     void enterChosen();
     void refresh();
     void showProgress(int done, int total);
-    void showCurrent();
+    void takeChosen();
+    void tell(const QString &message);
+    void showStatus();
     void lookAtVisible();
     [[nodiscard]] QString currentPath() const;
     void openCurrent();
@@ -59,5 +61,6 @@ private:
     Thumbnails *thumbs;
 
     QString m_folder;
+    QString m_message;
     QString m_result;
 };

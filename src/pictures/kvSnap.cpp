@@ -48,7 +48,8 @@ void kvSnap::StartCam()
     if (m_camera)
         m_silence.start();
     else
-        tell(u"No camera is there. Plug one in, then start it."_s);
+        tell(cameras::canBeUsed() ? u"No camera is there. Plug one in, then start it."_s
+                                  : u"The program's part for cameras is missing. Install the program again."_s);
     emit stateChanged();
 }
 

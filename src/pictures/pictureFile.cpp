@@ -15,6 +15,7 @@ namespace {
 
 constexpr qint64 bytesOfAPoint = 4;
 constexpr qint64 bytesInMegabyte = 1 << 20;
+constexpr int mostMegabytes = 1024;
 /// A decoder that scales leaves out so many points in a row and in a column.
 constexpr qint64 mostLeftOut = 8;
 
@@ -33,6 +34,11 @@ QString problemOf(const QString &path)
 
 void prepare(QImageReader &reader)
 {
+    // The pictures of today's cameras are larger than what the library takes for a picture otherwise.
+    [[maybe_unused]] static const bool isRaised = [] {
+        QImageReader::setAllocationLimit(mostMegabytes);
+        return true;
+    }();
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
 }
@@ -104,11 +110,13 @@ QImage pictureFile::thumbnail(const QString &path, int side)
 
 void pictureFile::save(const QImage &picture, const QString &path)
 {
-    // Where it can't be made, neither can the file, and that is told.
-    static_cast<void>(safeFile::makeFolder(QFileInfo(path).absolutePath()));
     QByteArray bitmap;
     QBuffer buffer(&bitmap);
     buffer.open(QIODevice::WriteOnly);
-    picture.convertToFormat(QImage::Format_RGB32).save(&buffer, "BMP");
+    if (!picture.convertToFormat(QImage::Format_RGB32).save(&buffer, "BMP"))
+        throw RuntimeError(Fault::Picture, u"The picture can't be kept: there is none, or no memory for it."_s,
+            QFileInfo(path).fileName(), Written::Nothing);
+    // Where it can't be made, neither can the file, and that is told.
+    static_cast<void>(safeFile::makeFolder(QFileInfo(path).absolutePath()));
     safeFile::writeWhole(path, bitmap);
 }

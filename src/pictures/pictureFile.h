@@ -24,7 +24,7 @@ struct Read {
 [[nodiscard]] QImage thumbnail(const QString &path, int side);
 
 /// Puts the picture there as a bitmap, in place of a file that has the path, whole or not at all; a folder that is
-/// missing is made. Throws as `safeFile`.
+/// missing is made. Throws as `safeFile`, and RuntimeError (Picture) where there is no picture to put.
 void save(const QImage &picture, const QString &path);
 
 } // namespace pictureFile

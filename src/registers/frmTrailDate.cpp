@@ -20,6 +20,8 @@
 
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -126,7 +128,9 @@ void frmTrailDate::showTrials()
     for (; !jobs.eof(); jobs.moveNext())
         rows.push_back(rowOf(jobs));
     jobs.close();
-    showRows(std::move(rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
+    const QString period = m_period->between();
+    const bool isSamePeriod = std::exchange(m_shown, period) == period;
+    showRows(std::move(rows), isSamePeriod && lvSummary->currentRow() >= 0 ? Keep::Tag : Keep::First);
 }
 
 void frmTrailDate::moveTrial(qint32 jobID)

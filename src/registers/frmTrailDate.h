@@ -29,4 +29,5 @@ private:
     ListView *lvSummary;
     ReminderPanel *m_reminder;
     Command *Command1;
+    QString m_shown;
 };

@@ -51,8 +51,8 @@ struct Default {
     QString value;
 };
 
-/// Every key with the default that its readers pass. Key 36 is shown as "0" on the settings screen until it is first
-/// saved; that screen passes its own.
+/// Every key with the default that its readers pass, those of 18 and 21 with lines of their own before it. Key 36 is
+/// shown as "0" on the settings screen until it is first saved; that screen passes its own.
 [[nodiscard]] std::span<const Default> defaults();
 [[nodiscard]] const QString &defaultOf(Key key);
 

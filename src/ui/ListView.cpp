@@ -14,7 +14,7 @@ namespace {
 
 constexpr int leastColumnWidth = 24;
 /// As wide as a date in bold letters with a sign before it.
-const auto shortText = u"00-MMM-0000 MMM"_s;
+const auto shortText = u"00-MMM-0000 MMMM"_s;
 
 } // namespace
 

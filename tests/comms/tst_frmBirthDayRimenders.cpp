@@ -25,6 +25,7 @@ class BirthdayTest : public QObject {
 
 private slots:
     void whoeverIsBornOnThatDayIsListed();
+    void anotherDayBeginsAtItsFirstClient();
     void theDayIsExact_data();
     void theDayIsExact();
     void theGreetingGoesToTheSelectedClientAlone();
@@ -96,6 +97,25 @@ void BirthdayTest::whoeverIsBornOnThatDayIsListed()
     press(Qt::Key_Escape);
     press(Qt::Key_Escape);
     QVERIFY(!screen.isVisible());
+}
+
+void BirthdayTest::anotherDayBeginsAtItsFirstClient()
+{
+    Shop shop;
+    for (const QString &name : {u"Asha"_s, u"Babu"_s, u"Chand"_s}) {
+        shop.addAccount(name, {1980, 4, 10});
+        shop.addAccount(name + u" Lal"_s, {1980, 4, 11});
+    }
+    Birthdays screen;
+    screen.list.setFocus();
+    press(Qt::Key_End);
+    screen.showDay(u"11/4"_s);
+    QCOMPARE(screen.list.currentRow(), 0);
+    // The same day keeps the client.
+    press(Qt::Key_Down);
+    shop.connection.execute(u"Delete * from Accounts where Title='Asha Lal'"_s);
+    screen.showDay(u"11/4"_s);
+    QCOMPARE(driver::column(screen.list, 0).value(screen.list.currentRow()), u"Babu Lal"_s);
 }
 
 void BirthdayTest::theDayIsExact_data()

@@ -12,7 +12,8 @@
 
 #include <QDir>
 #include <QLabel>
-#include <QStandardPaths>
+#include <QScopeGuard>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -25,10 +26,13 @@ class ExportScreenTest : public QObject {
 
 private slots:
     void itBeginsWithAMonth();
-    void theDefaultPathIsAPlaceThatIsThere();
+    void theDefaultPathIsAmongTheDocuments();
     void aPeriodGoesForwardFromTheFirstDay_data();
     void aPeriodGoesForwardFromTheFirstDay();
+    void aPeriodFromADayThatIsNoneIsRefused();
     void theReportIsMadeByKeys();
+    void aPathIsBrowsedFor();
+    void aPathMayHoldAnySign();
     void daysThatAreNoneMakeNoReport();
     void whatStandsAtThePathIsToldBefore();
 };
@@ -68,14 +72,17 @@ void ExportScreenTest::itBeginsWithAMonth()
     QVERIFY(!screen.isVisible());
 }
 
-void ExportScreenTest::theDefaultPathIsAPlaceThatIsThere()
+void ExportScreenTest::theDefaultPathIsAmongTheDocuments()
 {
     TestShop shop;
-    Export screen;
-    const QFileInfo path(screen.path.Text());
-    QCOMPARE(path.fileName(), u"data.xml"_s);
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    QCOMPARE(path.absolutePath(), QFileInfo::exists(documents) ? documents : QDir::homePath());
+    const QTemporaryDir home;
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(home.path()));
+    const auto back = qScopeGuard([&before] { qputenv("HOME", before); });
+    // Where there is no such folder, the home folder itself.
+    QCOMPARE(Export().path.Text(), home.filePath(u"data.xml"_s));
+    QVERIFY(QDir(home.path()).mkdir(u"Documents"_s));
+    QCOMPARE(Export().path.Text(), home.filePath(u"Documents/data.xml"_s));
 }
 
 void ExportScreenTest::aPeriodGoesForwardFromTheFirstDay_data()
@@ -108,6 +115,29 @@ void ExportScreenTest::aPeriodGoesForwardFromTheFirstDay()
     QCOMPARE(screen.from.date(), QDate(2011, 8, 31));
 }
 
+void ExportScreenTest::aPeriodFromADayThatIsNoneIsRefused()
+{
+    TestShop shop;
+    Export screen;
+    ModalScript script;
+    screen.from.setFocus();
+    driver::type(u"31/6/2011"_s);
+    driver::accessKey('p');
+    script.expectMessage(u"\"31/6/2011\" is not a date!"_s);
+    press(Qt::Key_End);
+    QVERIFY(script.isDone());
+    QVERIFY(screen.from.hasFocus());
+    QCOMPARE(screen.period.currentText(), u"1 Month"_s);
+    QCOMPARE(screen.to.date(), QDate(2011, 5, 1));
+    // A refused last day is in no period's way: it gives way.
+    driver::type(u"30/6/2011"_s);
+    press(Qt::Key_Tab);
+    driver::type(u"31/6/2011"_s);
+    driver::accessKey('p');
+    press(Qt::Key_Home);
+    QCOMPARE(screen.to.date(), QDate(2011, 7, 1));
+}
+
 void ExportScreenTest::theReportIsMadeByKeys()
 {
     TestShop shop;
@@ -137,6 +167,45 @@ void ExportScreenTest::theReportIsMadeByKeys()
     driver::accessKey('e');
     QVERIFY(driver::waitActive(screen));
     QCOMPARE(contentOf(file), report);
+}
+
+void ExportScreenTest::aPathIsBrowsedFor()
+{
+    TestShop shop;
+    Export screen;
+    ModalScript script;
+    screen.typePath(shop.folder.filePath(u"data.xml"_s));
+    script.expect(u"QFileDialog"_s, [](QWidget &) { press(Qt::Key_Escape); });
+    driver::accessKey('b');
+    QVERIFY(script.isDone());
+    QCOMPARE(screen.path.Text(), shop.folder.filePath(u"data.xml"_s));
+    QVERIFY(driver::waitActive(screen));
+    script.expect(u"QFileDialog"_s, [&shop](QWidget &) {
+        driver::type(shop.folder.filePath(u"other"_s));
+        press(Qt::Key_Return);
+    });
+    driver::accessKey('b');
+    QVERIFY(script.isDone());
+    QCOMPARE(screen.path.Text(), shop.folder.filePath(u"other.xml"_s));
+    // A choice writes nothing.
+    QVERIFY(!QFileInfo::exists(screen.path.Text()));
+}
+
+void ExportScreenTest::aPathMayHoldAnySign()
+{
+    TestShop shop;
+    Export screen;
+    for (const QString &name :
+        {u" two  blanks .xml"_s, u"Asha's \"best\".xml"_s, u"100%1 %20.xml"_s, u"दर्ज़ी – é.xml"_s}) {
+        const QString file = shop.folder.filePath(name);
+        ModalScript script;
+        screen.path.setText(file);
+        QCOMPARE(screen.told(), QString());
+        script.expectBox(u"Report Created."_s);
+        driver::accessKey('e');
+        QVERIFY(script.isDone());
+        QVERIFY(QDir(shop.folder.path()).entryList(QDir::Files).contains(name));
+    }
 }
 
 void ExportScreenTest::daysThatAreNoneMakeNoReport()
@@ -176,6 +245,16 @@ void ExportScreenTest::whatStandsAtThePathIsToldBefore()
     driver::accessKey('e');
     QVERIFY(script.isDone());
     QCOMPARE(screen.told(), u"The file that is there will be replaced."_s);
+    // It is looked at again when the screen comes to the front.
+    screen.to.setFocus();
+    driver::type(u"31/6/2011"_s);
+    script.expect(u"frmMsg"_s, [&](QWidget &) {
+        QVERIFY(QFile::remove(screen.path.Text()));
+        press(Qt::Key_Return);
+    });
+    driver::accessKey('e');
+    QVERIFY(script.isDone());
+    QCOMPARE(screen.told(), QString());
 }
 
 CORVANE_TEST(ExportScreenTest)

@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -30,7 +31,8 @@ private slots:
     void aPlaceThatIsNoneIsLeftAlone_data();
     void aPlaceThatIsNoneIsLeftAlone();
     void byALinkTheFileItLeadsToIsMeant();
-    void theFileIsItsOwnersAlone();
+    void aNewFileIsItsOwnersAlone();
+    void aFileInThePlaceOfAnotherHasItsRights();
 };
 
 namespace {
@@ -203,6 +205,7 @@ void StatusReportTest::numbersAboveSixteenBitsStopIt()
     }
     QCOMPARE(contentOf(shop.file()), before);
     EXPECT_FAULT(Fault::Overflow, statusReport::write(first, last, shop.file()));
+    QVERIFY(!DE().rsJOBS.isOpen());
     // Outside the range it is in nobody's way.
     QVERIFY(!shop.report({2011, 5, 1}, {2011, 5, 31}).contains("jobcard id"));
 }
@@ -218,6 +221,12 @@ void StatusReportTest::aPlaceThatIsNoneIsLeftAlone_data()
     QTest::newRow("a folder") << u"images"_s << u"That is a folder."_s;
     QTest::newRow("a device") << u"/dev/null"_s << u"That is a device, and not a file."_s;
     QTest::newRow("the shop") << u"data15.mdb"_s << u"That is the shop's own file."_s;
+    for (const char *name : {"cv.ini", "demo.mdb", "Lang.mdb", "DATA14.MDB", "CVbackup.gz", "data15.mdb-journal"})
+        QTest::newRow(name) << QString::fromLatin1(name) << u"That is a file of the program."_s;
+    QTest::newRow("the configuration by a link") << u"ini.xml"_s << u"That is a file of the program."_s;
+    QTest::newRow("a link without an end") << u"dangling.xml"_s << u"That link leads nowhere."_s;
+    QTest::newRow("a name alone") << u"./data.xml"_s << u"That is not a whole path."_s;
+    QTest::newRow("a drive that is none here") << u"C:\\data.xml"_s << u"That is not a whole path."_s;
     QTest::newRow("the shop by another way") << u"images/../link.mdb"_s << u"That is the shop's own file."_s;
 }
 
@@ -230,7 +239,14 @@ void StatusReportTest::aPlaceThatIsNoneIsLeftAlone()
     const QDir folder(shop.folder.path());
     QVERIFY(folder.mkdir(u"images"_s));
     QVERIFY(QFile::link(shop.path(), folder.filePath(u"link.mdb"_s)));
-    const QString place = path.isEmpty() || path.startsWith(u'/') ? path : folder.path() + u'/' + path;
+    writeContent(folder.filePath(u"cv.ini"_s), "DBPATH=");
+    QVERIFY(QFile::link(folder.filePath(u"cv.ini"_s), folder.filePath(u"ini.xml"_s)));
+    QVERIFY(QFile::link(folder.filePath(u"gone.xml"_s), folder.filePath(u"dangling.xml"_s)));
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(folder.path()));
+    const auto back = qScopeGuard([&before] { QDir::setCurrent(before); });
+    const bool standsAlone = path.isEmpty() || path.startsWith(u'/') || path.startsWith(u'.') || path.contains(u':');
+    const QString place = standsAlone ? path : folder.path() + u'/' + path;
     const QByteArray database = contentOf(shop.path());
     const QStringList names = folder.entryList(QDir::AllEntries | QDir::System);
     const ModalScript nothingComesUp;
@@ -255,13 +271,23 @@ void StatusReportTest::byALinkTheFileItLeadsToIsMeant()
     QCOMPARE(contentOf(folder.filePath(u"shared/data.xml"_s)), head + foot);
 }
 
-void StatusReportTest::theFileIsItsOwnersAlone()
+void StatusReportTest::aNewFileIsItsOwnersAlone()
 {
     Shop shop;
-    writeContent(shop.file(), "old");
-    QFile::setPermissions(shop.file(), QFile::Permissions(0x6666));
     static_cast<void>(shop.report());
     QCOMPARE(QFileInfo(shop.file()).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
+}
+
+void StatusReportTest::aFileInThePlaceOfAnotherHasItsRights()
+{
+    Shop shop;
+    for (const int rights : {0x6644, 0x6640}) {
+        writeContent(shop.file(), "old");
+        QFile::setPermissions(shop.file(), QFile::Permissions(rights));
+        const QFile::Permissions before = QFileInfo(shop.file()).permissions();
+        QCOMPARE(shop.report(), head + foot);
+        QCOMPARE(QFileInfo(shop.file()).permissions(), before);
+    }
 }
 
 CORVANE_TEST(StatusReportTest)

@@ -29,6 +29,7 @@ class ItemPicturesTest : public QObject {
 
 private slots:
     void photosGoIntoBothPlaces();
+    void enterGivesTheCommands();
     void aPicturesNameFitsTheDisk_data();
     void aPicturesNameFitsTheDisk();
     void aNoteGoesOverTheFirstPicture();
@@ -130,11 +131,31 @@ void ItemPicturesTest::photosGoIntoBothPlaces()
     QCOMPARE(colorOf(desk.image(u"Asha Rao_01_04_2011_10_0_00_1.bmp"_s)), QColor(Qt::red));
 }
 
+void ItemPicturesTest::enterGivesTheCommands()
+{
+    PictureDesk desk;
+    ModalScript script;
+    desk.edit(script, [&](QWidget &editor) {
+        for (const auto &[command, dialog] : {std::pair("Command3", u"frmCam"_s), {"Command7", u"frmHandNote"_s},
+                 {"Command4", u"frmCam"_s}, {"Command8", u"frmSelectFile"_s}}) {
+            bool cameUp = false;
+            script.expect(dialog, [&cameUp](QWidget &) {
+                cameUp = true;
+                press(Qt::Key_Escape);
+            });
+            control<QPushButton>(editor, command).setFocus();
+            press(Qt::Key_Return);
+            QVERIFY2(cameUp, command);
+        }
+    });
+}
+
 void ItemPicturesTest::aPicturesNameFitsTheDisk_data()
 {
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("begins");
     QTest::newRow("signs") << u"Rao/../Sons: \"50% & more\""_s << u"Rao_.._Sons: \"50% & more\"_01_04_2011_"_s;
+    QTest::newRow("place") << u"50%1 Tailors"_s << u"50%1 Tailors_01_04_2011_10_0_00_1.bmp"_s;
     QTest::newRow("Hindi") << QString(100, QChar(0x0905)) << QString(60, QChar(0x0905)) + u"_01_04_2011_"_s;
     QTest::newRow("pairs") << QString::fromUcs4(U"\U0001F9F5").repeated(60)
                            << QString::fromUcs4(U"\U0001F9F5").repeated(45) + u"_01_04_2011_"_s;

@@ -38,9 +38,12 @@ private slots:
     void pulledOutItSaysSo();
     void aSilentCameraIsTold();
     void theCameraIsRemembered();
+    void itIsKeptHoweverTheListIsLeft_data();
+    void itIsKeptHoweverTheListIsLeft();
     void theSizeIsChosen();
     void theClickComesFirst();
     void whatCannotBeWrittenLeavesTheCameraOn();
+    void aMissingLibraryIsTold();
     void theMachinesOwnIsThere();
 };
 
@@ -285,6 +288,29 @@ void CamTest::theCameraIsRemembered()
     }
 }
 
+void CamTest::itIsKeptHoweverTheListIsLeft_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Tab") << Qt::Key_Tab;
+    QTest::newRow("Enter") << Qt::Key_Return;
+    QTest::newRow("Esc") << Qt::Key_Escape;
+}
+
+void CamTest::itIsKeptHoweverTheListIsLeft()
+{
+    QFETCH(Qt::Key, key);
+    const Studio studio;
+    const Bench bench;
+    studio.snap([key](QWidget &screen) {
+        control<kvComboBox>(screen, "cmbList").setFocus();
+        press(Qt::Key_Down);
+        press(key);
+        if (screen.isVisible())
+            press(Qt::Key_Escape);
+    });
+    QCOMPARE(GetSetting(17, u"-"_s), u"1"_s);
+}
+
 void CamTest::theSizeIsChosen()
 {
     const Studio studio;
@@ -359,6 +385,16 @@ void CamTest::whatCannotBeWrittenLeavesTheCameraOn()
     frmCam().TakeSnap(studio.path, cancelled);
     QVERIFY(!cancelled);
     QCOMPARE(studio.kept(), QColor(Qt::red));
+}
+
+/// Beside this program there is none.
+void CamTest::aMissingLibraryIsTold()
+{
+    const Studio studio;
+    studio.snap([](QWidget &screen) {
+        QCOMPARE(line(screen), u"The program's part for cameras is missing. Install the program again."_s);
+        press(Qt::Key_Escape);
+    });
 }
 
 /// The library beside the program is loaded and asked; what it says depends on the machine.

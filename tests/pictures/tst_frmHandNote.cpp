@@ -27,6 +27,7 @@ class HandNoteTest : public QObject {
 private slots:
     void penAndEraserDrawAsTold();
     void whatIsDrawnCanBeTakenBack();
+    void aStrokeInHandIsNotLost();
     void aNoteGoesOverThePictureThatIsThere();
     void linesFollowTheHandSmoothly();
     void aTabletDraws();
@@ -47,8 +48,8 @@ bool note(const QString &path, const std::function<void(NoteCanvas &)> &work)
     return cancelled;
 }
 
-/// Draws through points of the sheet.
-void stroke(NoteCanvas &canvas, const QList<QPoint> &points)
+/// Draws through points of the sheet, and leaves the pen down.
+QPoint draw(NoteCanvas &canvas, const QList<QPoint> &points)
 {
     const double zoom = canvas.place().width() / canvas.picture().width();
     const auto onScreen = [&canvas, zoom](
@@ -56,7 +57,12 @@ void stroke(NoteCanvas &canvas, const QList<QPoint> &points)
     QTest::mousePress(&canvas, Qt::LeftButton, {}, onScreen(points.first()));
     for (const QPoint &point : points.mid(1))
         QTest::mouseMove(&canvas, onScreen(point));
-    QTest::mouseRelease(&canvas, Qt::LeftButton, {}, onScreen(points.last()));
+    return onScreen(points.last());
+}
+
+void stroke(NoteCanvas &canvas, const QList<QPoint> &points)
+{
+    QTest::mouseRelease(&canvas, Qt::LeftButton, {}, draw(canvas, points));
 }
 
 int darkness(const QImage &picture, int x, int y)
@@ -120,9 +126,41 @@ void HandNoteTest::whatIsDrawnCanBeTakenBack()
         press(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(width(canvas.picture(), 200, 100), 2);
         QCOMPARE(width(canvas.picture(), 200, 200), 0);
+        // Behind a wipe, what is taken back doesn't bring back what stood before it.
+        press(Qt::Key_Delete, Qt::ControlModifier);
+        stroke(canvas, {{100, 300}, {300, 300}});
+        stroke(canvas, {{100, 400}, {300, 400}});
+        undo.click();
+        QCOMPARE(width(canvas.picture(), 200, 100), 0);
+        QCOMPARE(width(canvas.picture(), 200, 300), 2);
+        QCOMPARE(width(canvas.picture(), 200, 400), 0);
+        undo.click();
+        undo.click();
         accessKey('o');
     });
     QCOMPARE(width(pictureFile::read(path).picture, 200, 100), 2);
+}
+
+/// Whatever command comes while the pen is still down.
+void HandNoteTest::aStrokeInHandIsNotLost()
+{
+    const TestShop shop;
+    const QString path = shop.folder.filePath(u"n.bmp"_s);
+    note(path, [](NoteCanvas &canvas) {
+        draw(canvas, {{100, 100}, {200, 100}, {300, 100}});
+        press(Qt::Key_Delete, Qt::ControlModifier);
+        QTest::mouseMove(&canvas, canvas.rect().center());
+        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, canvas.rect().center());
+        QCOMPARE(width(canvas.picture(), 200, 100), 0);
+        press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(width(canvas.picture(), 200, 100), 2);
+        draw(canvas, {{100, 200}, {200, 200}, {300, 200}});
+        draw(canvas, {{100, 300}, {200, 300}, {300, 300}});
+        QCOMPARE(width(canvas.picture(), 200, 200), 2);
+        accessKey('o');
+    });
+    for (const int y : {100, 200, 300})
+        QCOMPARE(width(pictureFile::read(path).picture, 200, y), 2);
 }
 
 void HandNoteTest::aNoteGoesOverThePictureThatIsThere()

@@ -1,5 +1,6 @@
 #include "pictures/frmPreview.h"
 
+#include "devices/shell.h"
 #include "pictures/PictureBox.h"
 #include "sampleFiles.h"
 #include "support/ModalScript.h"
@@ -29,6 +30,7 @@ private slots:
     void aLargeOneFitsAndComesInFullByAKey();
     void itIsPrinted();
     void whatIsNoPictureIsTold();
+    void oneThatIsGoneMeanwhileIsTold();
 };
 
 namespace {
@@ -102,6 +104,28 @@ void PreviewTest::whatIsNoPictureIsTold()
     ModalScript script;
     script.expectBox(u"This picture can't be shown. The file is empty:\r\n"_s + path);
     frmPreview().ShowImage(path);
+}
+
+void PreviewTest::oneThatIsGoneMeanwhileIsTold()
+{
+    const TestShop shop;
+    const QString path = shop.folder.filePath(u"p.jpg"_s);
+    sampleFiles::writePhoto(path, {400, 300});
+    QStringList opened;
+    shell::replaceOpener([&opened](const QString &file) { opened += file; });
+    ModalScript script;
+    script.expect(u"frmPreview"_s, [&](QWidget &) {
+        accessKey('o');
+        QVERIFY(QFile::remove(path));
+        script.expectBox(u"The picture is no longer there:\r\n"_s + path);
+        accessKey('o');
+        script.expectBox(u"This picture can't be printed. It is no longer there:\r\n"_s + path);
+        accessKey('p');
+        press(Qt::Key_Escape);
+    });
+    frmPreview().ShowImage(path);
+    shell::replaceOpener({});
+    QCOMPARE(opened, QStringList{path});
 }
 
 CORVANE_TEST(PreviewTest)

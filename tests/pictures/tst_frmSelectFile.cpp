@@ -41,9 +41,12 @@ private slots:
     void theLocationIsRemembered();
     void aRememberedLocationThatIsGoneIsTold();
     void aTypedNameMustBeThere();
+    void aTypedNameIsLeftAlone();
+    void theDriveThatIsShownLeadsToItsRoot();
     void itIsOpenedAndShownFromTheList();
     void onePicksAtAnyTime();
     void whatIsLookedAtComesNext();
+    void aThreadThatFailsEndsNothing();
 };
 
 namespace {
@@ -81,6 +84,15 @@ QString status(const QWidget &picker)
 bool isThrough(const QWidget &picker)
 {
     return QTest::qWaitFor([&picker] { return !control<QProgressBar>(picker, "progress").isVisible(); });
+}
+
+void chooseDrive(const QWidget &picker, const QString &name)
+{
+    auto &drives = control<QComboBox>(picker, "drive");
+    drives.setFocus();
+    press(Qt::Key_Home);
+    while (drives.currentText() != name && drives.currentIndex() + 1 < drives.count())
+        press(Qt::Key_Down);
 }
 
 QStringList files(const QWidget &picker)
@@ -196,11 +208,10 @@ void SelectFileTest::folderByFolder()
         press(Qt::Key_Backspace);
         press(Qt::Key_Backspace);
         QVERIFY(driver::column(folders, 0).contains(u"Pictures"_s));
-        auto &drives = control<QComboBox>(picker, "drive");
-        drives.setCurrentIndex(drives.findText(u"Computer"_s));
+        chooseDrive(picker, u"Computer"_s);
         QCOMPARE(control<QLabel>(picker, "path").text(), u"/"_s);
         QVERIFY(!driver::column(folders, 0).contains(u".."_s));
-        drives.setCurrentIndex(drives.findText(u"Pictures"_s));
+        chooseDrive(picker, u"Pictures"_s);
         const QPoint place = folders.visualItemRect(folders.item(1)).center();
         QTest::mouseClick(folders.viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(folders.viewport(), Qt::LeftButton, {}, place);
@@ -217,8 +228,7 @@ void SelectFileTest::theLocationIsRemembered()
     const Album album;
     album.pick(
         [](QWidget &picker) {
-            auto &drives = control<QComboBox>(picker, "drive");
-            drives.setCurrentIndex(drives.findText(u"Pictures"_s));
+            chooseDrive(picker, u"Pictures"_s);
             control<QListWidget>(picker, "directory").setFocus();
             press(Qt::Key_End);
             press(Qt::Key_Return);
@@ -240,10 +250,19 @@ void SelectFileTest::theLocationIsRemembered()
 void SelectFileTest::aRememberedLocationThatIsGoneIsTold()
 {
     const Album album;
+    album.photo(u"../a.jpg"_s);
     album.pick(
         [&album](QWidget &picker) {
-            QCOMPARE(status(picker), u"The remembered location is not there: "_s + album.folder.filePath(u"gone"_s));
+            const QString told = u"The remembered location is not there: "_s + album.folder.filePath(u"gone"_s);
+            QCOMPARE(status(picker), told);
             QCOMPARE(control<QLabel>(picker, "path").text(), album.folder.path());
+            // The thumbnails that come don't take it away; the user's next act does.
+            QVERIFY(isThrough(picker));
+            QCOMPARE(status(picker), told);
+            control<QListView>(picker, "files").setFocus();
+            QCOMPARE(status(picker), told);
+            press(Qt::Key_Home);
+            QCOMPARE(status(picker), u"1 picture"_s);
             press(Qt::Key_Escape);
         },
         u"gone"_s);
@@ -272,6 +291,44 @@ void SelectFileTest::aTypedNameMustBeThere()
     QCOMPARE(frmSelectFile::SelFile(), album.file(u"coat.jpeg"_s));
 }
 
+void SelectFileTest::aTypedNameIsLeftAlone()
+{
+    const Album album;
+    sampleFiles::writePhoto(album.file(u"00.jpg"_s), {3000, 2000});
+    for (int i = 1; i < 60; ++i)
+        QVERIFY(QFile::link(album.file(u"00.jpg"_s), album.file(u"%1.jpg"_s.arg(i, 2, 10, QChar(u'0')))));
+    const QString chosen = album.pick([](QWidget &picker) {
+        control<QListView>(picker, "preview").setFocus();
+        press(Qt::Key_Home);
+        QCOMPARE(chosenName(picker), u"00.jpg"_s);
+        auto &name = control<kvTextBox>(picker, "txtfilename");
+        name.setFocus();
+        name.selectAll();
+        type(u"07.jpg"_s);
+        QVERIFY(control<QProgressBar>(picker, "progress").isVisible());
+        QVERIFY(isThrough(picker));
+        QCOMPARE(chosenName(picker), u"07.jpg"_s);
+        press(Qt::Key_Return);
+    });
+    QCOMPARE(chosen, album.file(u"07.jpg"_s));
+}
+
+void SelectFileTest::theDriveThatIsShownLeadsToItsRoot()
+{
+    const Album album;
+    album.pick(
+        [&album](QWidget &picker) {
+            QCOMPARE(control<QLabel>(picker, "path").text(), album.file(u"old"_s));
+            auto &drives = control<QComboBox>(picker, "drive");
+            drives.setFocus();
+            drives.showPopup();
+            press(Qt::Key_Return);
+            QCOMPARE(control<QLabel>(picker, "path").text(), album.folder.path());
+            press(Qt::Key_Escape);
+        },
+        u"Pictures/old"_s);
+}
+
 void SelectFileTest::itIsOpenedAndShownFromTheList()
 {
     const Album album;
@@ -295,6 +352,9 @@ void SelectFileTest::itIsOpenedAndShownFromTheList()
         press(Qt::Key_P, Qt::ControlModifier);
         // Back in the same folder, at the same picture.
         QCOMPARE(chosenName(picker), u"a.jpg"_s);
+        QVERIFY(QFile::remove(album.file(u"a.jpg"_s)));
+        script.expectBox(u"The picture is no longer there:\r\n"_s + album.file(u"a.jpg"_s));
+        press(Qt::Key_O, Qt::ControlModifier);
         press(Qt::Key_Escape);
     });
     static_cast<void>(frmSelectFile::SelFile());
@@ -353,6 +413,20 @@ void SelectFileTest::whatIsLookedAtComesNext()
     progress.clear();
     QTRY_COMPARE(progress.size(), 3);
     QCOMPARE(progress.constLast(), QVariantList({3, 3}));
+}
+
+void SelectFileTest::aThreadThatFailsEndsNothing()
+{
+    Thumbnails thumbnails(1, [](const QString &path, int side) {
+        if (path.endsWith(u"2.jpg"))
+            throw std::bad_alloc();
+        return QImage(side, side, QImage::Format_RGB32);
+    });
+    QSignalSpy progress(&thumbnails, &Thumbnails::progressed);
+    thumbnails.list(u"/album"_s, {u"1.jpg"_s, u"2.jpg"_s, u"3.jpg"_s});
+    QTRY_COMPARE(progress.size(), 3);
+    QCOMPARE(thumbnails.reasonOf(0) + thumbnails.reasonOf(2), QString());
+    QCOMPARE(thumbnails.reasonOf(1), u"Error loading picture 2.jpg:\nThere is not enough memory for it"_s);
 }
 
 CORVANE_TEST(SelectFileTest)

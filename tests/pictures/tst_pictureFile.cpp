@@ -20,6 +20,7 @@ class PictureFileTest : public QObject {
 private slots:
     void whatIsNoPictureSaysWhy_data();
     void whatIsNoPictureSaysWhy();
+    void oneOfAGoodCameraIsNotTooLarge();
     void aPhotoIsHeldAsItsCameraNoted();
     void itIsNoLargerThanItsRoom();
     void anAnimationIsItsFirstPicture();
@@ -73,6 +74,14 @@ void PictureFileTest::whatIsNoPictureSaysWhy()
         QCOMPARE(error.text(), u"Error loading picture coat.jpg"_s);
         QCOMPARE(error.source(), u"GDI+ Module"_s);
     }
+}
+
+void PictureFileTest::oneOfAGoodCameraIsNotTooLarge()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"p.gif"_s);
+    sampleFiles::writeHeader(path, "GIF", {9000, 8000});
+    QCOMPARE(pictureFile::read(path).problem, QString());
 }
 
 void PictureFileTest::aPhotoIsHeldAsItsCameraNoted()
@@ -155,6 +164,9 @@ void PictureFileTest::aPictureIsKeptWholeAndForItsOwnerAlone()
     EXPECT_FAULT(Fault::FileFault, pictureFile::save(sampleFiles::halves({9, 9}), path));
     QCOMPARE(contentOf(path), before);
     QVERIFY(QDir().rmdir(path + u".new"_s));
+    // No picture is none to put in its place.
+    EXPECT_FAULT(Fault::Picture, pictureFile::save({}, path));
+    QCOMPARE(contentOf(path), before);
     pictureFile::save(sampleFiles::halves({9, 9}), path);
     QCOMPARE(pictureFile::sizeOf(path), QSize(9, 9));
     QCOMPARE(QDir(folder.filePath(u"images/deep"_s)).entryList(QDir::Files), QStringList{u"a.bmp"_s});

@@ -28,6 +28,7 @@ class TrialTest : public QObject {
 
 private slots:
     void theTrialsOfAPeriodAreListed();
+    void anotherPeriodBeginsAtItsFirstTrial();
     void whatIsDueStandsOut();
     void theMenuMarksTheRow_data();
     void theMenuMarksTheRow();
@@ -140,6 +141,24 @@ void TrialTest::theTrialsOfAPeriodAreListed()
     press(Qt::Key_Escape);
     press(Qt::Key_Escape);
     QVERIFY(!screen.isVisible());
+}
+
+void TrialTest::anotherPeriodBeginsAtItsFirstTrial()
+{
+    Shop shop;
+    for (const int job : {1, 2, 3}) {
+        shop.addJob({.number = job, .client = asha, .date = today});
+        shop.addJob({.number = 10 + job, .client = asha, .date = tomorrow});
+    }
+    frmTrailDate screen;
+    QVERIFY(driver::show(screen));
+    press(Qt::Key_End);
+    QCOMPARE(trials(screen).currentRow(), 2);
+    show(screen, tomorrow, tomorrow);
+    QCOMPARE(trials(screen).currentRow(), 0);
+    press(Qt::Key_Down);
+    show(screen, tomorrow, tomorrow);
+    QCOMPARE(trials(screen).currentRow(), 1);
 }
 
 void TrialTest::whatIsDueStandsOut()

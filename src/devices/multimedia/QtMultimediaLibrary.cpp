@@ -21,7 +21,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int millisecondsPerFrame = 66;
-constexpr int longestSound = 3000;
+constexpr int longestStart = 3000;
+/// So that one whose end is never told, the loudspeaker being gone, doesn't hold up the work for good.
+constexpr int longestSound = 60'000;
 
 QString sizeText(const QCameraFormat &format)
 {
@@ -59,7 +61,9 @@ public:
             fail(words.isEmpty() ? u"The camera does not answer"_s : u"The camera failed: "_s + words);
         });
         QObject::connect(&m_devices, &QMediaDevices::videoInputsChanged, &m_context, [this] {
-            if (!QMediaDevices::videoInputs().contains(m_device))
+            // What else is told of a camera may change while it is on.
+            const auto isThisOne = [this](const QCameraDevice &input) { return input.id() == m_device.id(); };
+            if (std::ranges::none_of(QMediaDevices::videoInputs(), isThisOne))
                 fail(u"The camera was pulled out"_s);
         });
         m_camera.start();
@@ -150,7 +154,10 @@ public:
             return;
         QSoundEffect effect;
         QEventLoop loop;
-        QTimer::singleShot(longestSound, &loop, &QEventLoop::quit);
+        QTimer limit;
+        limit.setSingleShot(true);
+        QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
+        limit.start(longestStart);
         QObject::connect(&effect, &QSoundEffect::playingChanged, &loop, [&] {
             if (!effect.isPlaying())
                 loop.quit();
@@ -158,6 +165,8 @@ public:
         QObject::connect(&effect, &QSoundEffect::statusChanged, &loop, [&] {
             if (effect.status() == QSoundEffect::Error)
                 loop.quit();
+            else if (effect.status() == QSoundEffect::Ready)
+                limit.start(longestSound);
         });
         effect.setSource(QUrl::fromLocalFile(path));
         effect.play();
