@@ -1,10 +1,11 @@
 #include "pictures/printPicture.h"
 
 #include "devices/printer.h"
-#include "pictures/pictureFile.h"
 #include "ui/platformBox.h"
 
+#include <QFile>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QPageLayout>
 #include <QPagedPaintDevice>
 #include <QPainter>
@@ -39,14 +40,20 @@ void printPicture(const QString &path)
 {
     if (path.isEmpty())
         return platformBox::show(u"There is no picture"_s);
-    const pictureFile::Read read = pictureFile::read(path);
-    if (read.picture.isNull())
-        return platformBox::show(u"This picture can't be printed. %1:\r\n%2"_s.arg(read.problem, path));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return platformBox::show(file.errorString());
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QImage picture = reader.read();
+    if (picture.isNull())
+        return platformBox::show(reader.errorString());
 
     QPageLayout layout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {});
     layout.setMode(QPageLayout::FullPageMode);
     const printer::Outcome outcome = printer::print({QFileInfo(path).fileName(), 1, layout,
-        [&read](QPagedPaintDevice &device, int, int) { return draw(device, read.picture); }});
+        [&picture](QPagedPaintDevice &device, int, int) { return draw(device, picture); }});
     if (outcome == printer::Outcome::NoPrinter)
         platformBox::show(u"No printer is set up on this computer"_s);
     else if (outcome == printer::Outcome::Failed)

@@ -558,7 +558,7 @@ void SettingsTest::applyRefusesWhatIsNoPlaceForAShop()
     desk.command("Command9");
     QVERIFY(desk.script.isDone());
     QCOMPARE(session::DBPath, before);
-    QVERIFY(desk.at<kvTextBox>("txtDBPath").hasFocus());
+    QTRY_VERIFY(desk.at<kvTextBox>("txtDBPath").hasFocus());
     QVERIFY(!QFileInfo::exists(desk.folder.filePath(u"cv.ini"_s)));
 }
 
