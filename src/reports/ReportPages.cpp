@@ -18,7 +18,7 @@ constexpr double twipsPerPoint = 20;
 constexpr int pdfResolution = 1200;
 const QString onPaper = u"The pages are put on paper..."_s;
 /// So many are drawn before the user could break off.
-constexpr int pagesAtOnce = 100;
+constexpr int pagesAtOnce = 40;
 
 /// Keeps nothing of what is written.
 class Nowhere : public QIODevice {

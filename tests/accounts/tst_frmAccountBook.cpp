@@ -332,7 +332,7 @@ void AccountBookTest::anAccountThatIsGoneListsNothing()
         give();
         QTRY_VERIFY(script.isDone());
     }
-    QVERIFY(book.account.hasFocus());
+    QTRY_VERIFY(book.account.hasFocus());
     type(u"asha d"_s);
     press(Qt::Key_Return);
     QCOMPARE(joined(book.list).size(), 3);
