@@ -19,6 +19,7 @@ using namespace Qt::StringLiterals;
 
 frmPreview::frmPreview() : Screen(u"frmPreview"_s, u"Show Full Size Image"_s)
 {
+    fitContentEachTime();
     buildForm();
     connectCommands();
 }

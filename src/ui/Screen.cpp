@@ -106,7 +106,7 @@ void Screen::setVisible(bool visible)
 void Screen::takeRememberedSize()
 {
     // One that is as large as its content asks, such as a message, stays so.
-    m_hasOwnSize = testAttribute(Qt::WA_Resized) && !isMaximized();
+    m_hasOwnSize = m_remembersSize && testAttribute(Qt::WA_Resized) && !isMaximized();
     if (const QSize remembered = userValues().value(sizeKey()).toSize(); m_hasOwnSize && remembered.isValid())
         resize(remembered);
     // It comes up above the screen in front.

@@ -50,6 +50,8 @@ protected:
     void setEntryKeys(EntryKeys keys) { m_entryKeys = keys; }
     /// `control` gets Enter itself, whatever the entry keys say.
     static void keepEnter(QWidget *control);
+    /// The size that `resize` gave it counts each time it is shown, not the one that the user gave it last.
+    void fitContentEachTime() { m_remembersSize = false; }
 
     /// From now on `key` runs `act` before the focused control, the entry keys and Escape see it, and is swallowed; but
     /// not while `applies` says no, and not F2 in a date field, which has its own use for it. Both Enter keys are
@@ -75,6 +77,7 @@ private:
 
     EntryKeys m_entryKeys = NoEntryKeys;
     std::vector<Key> m_keys;
+    bool m_remembersSize = true;
     bool m_hasOwnSize = false;
     QSize m_sizeShown;
 };

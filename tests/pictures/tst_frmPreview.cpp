@@ -27,6 +27,7 @@ class PreviewTest : public QObject {
 
 private slots:
     void aSmallPictureIsShownAtItsSize();
+    void eachHasItsOwnSizeWhateverTheLastWasGiven();
     void aLargeOneFitsAndComesInFullByAKey();
     void itIsPrinted();
     void whatIsNoPictureIsTold();
@@ -53,6 +54,24 @@ void PreviewTest::aSmallPictureIsShownAtItsSize()
         const auto &picture = control<PictureBox>(screen, "picture");
         QCOMPARE(picture.pixmap().size(), QSize(420, 640));
         QVERIFY(picture.height() >= 640 && picture.height() < 660);
+        press(Qt::Key_Escape);
+    });
+}
+
+void PreviewTest::eachHasItsOwnSizeWhateverTheLastWasGiven()
+{
+    const TestShop shop;
+    const QString wide = shop.folder.filePath(u"wide.jpg"_s);
+    const QString high = shop.folder.filePath(u"high.jpg"_s);
+    sampleFiles::writePhoto(wide, {600, 300});
+    sampleFiles::writePhoto(high, {300, 500});
+    show(wide, [](QWidget &screen) {
+        screen.resize(900, 350);
+        press(Qt::Key_Escape);
+    });
+    show(high, [](QWidget &screen) {
+        QCOMPARE(control<PictureBox>(screen, "picture").pixmap().size(), QSize(300, 500));
+        QVERIFY(screen.width() < 900 && screen.height() > 500);
         press(Qt::Key_Escape);
     });
 }
