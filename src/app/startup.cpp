@@ -1,9 +1,11 @@
 #include "app/startup.h"
 
 #include "app/defaultWallpaper.h"
+#include "app/frmGuide.h"
 #include "app/frmMain.h"
 #include "app/programFolder.h"
 #include "base/session.h"
+#include "ui/Screen.h"
 #include "ui/theme.h"
 
 #include <QApplication>
@@ -19,6 +21,7 @@ void startProgram(QApplication &application, const QString &folder)
     prepareProgramFolder(session::ProgramFolder, ownFolder);
 
     applyTheme(application);
+    Screen::setGuide([](const QString &screen) { frmGuide().ShowFor(screen); });
     QApplication::setWindowIcon(QIcon(programSign(128)));
     // The process ends with the main screen, and not with a choice or a message that is shown before it.
     QGuiApplication::setQuitOnLastWindowClosed(false);
