@@ -68,6 +68,12 @@ bool isModifier(int key)
     return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
 }
 
+/// As the key is called on the keyboards that people have.
+QString keyName(QKeyCombination key)
+{
+    return QKeySequence(key).toString(QKeySequence::NativeText).replace(u"Return"_s, u"Enter"_s);
+}
+
 QString withoutAccessKey(QString caption)
 {
     return caption.remove(u'&');
@@ -289,7 +295,7 @@ std::vector<KeyLine> Screen::ownKeys() const
 {
     std::vector<KeyLine> lines;
     for (const Key &key : m_keys)
-        lines.push_back({QKeySequence(key.key).toString(QKeySequence::NativeText), key.what});
+        lines.push_back({keyName(key.key), key.what});
     lines.insert(lines.end(), m_toldKeys.begin(), m_toldKeys.end());
     return lines;
 }
