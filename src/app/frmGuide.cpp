@@ -20,7 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int chaptersWidth = 240;
 constexpr int findWidth = 220;
 constexpr double letterSize = 1.1;
 
@@ -61,7 +60,7 @@ void frmGuide::buildForm()
 
     m_chapters = new QListWidget;
     m_chapters->setObjectName(u"chapters"_s);
-    m_chapters->setFixedWidth(chaptersWidth);
+    m_chapters->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     nameAloud(m_chapters, u"Chapters"_s);
 
     txtFind = new QLineEdit;
@@ -111,6 +110,8 @@ void frmGuide::fillChapters()
             chapter->setData(Qt::UserRole, block.blockNumber());
         }
     }
+    m_chapters->setFixedWidth(m_chapters->sizeHintForColumn(0) + m_chapters->verticalScrollBar()->sizeHint().width()
+        + 2 * m_chapters->frameWidth());
 }
 
 void frmGuide::ShowFor(const QString &screen)

@@ -58,8 +58,8 @@ void frmOpenJob::buildForm()
 {
     txtJOBID = new kvTextBox(u"txtJOBID"_s, boxType::Plain);
     lvFound = new ListView(u"lvFound"_s,
-        {{u"Job Card #"_s, 11, true}, {u"Date"_s, 15}, {u"Client Name"_s, 30}, {u"Mobile"_s, 17},
-            {u"Amount"_s, 14, true}, {u"Status"_s, 13}});
+        {{u"Job Card #"_s, 11, true}, {u"Date"_s, 17}, {u"Client Name"_s, 27}, {u"Mobile"_s, 17},
+            {u"Amount"_s, 13, true}, {u"Status"_s, 15}});
     lvFound->setAccessibleName(u"Job cards found"_s);
     Command1 = new Command(u"Command1"_s, u"&Open"_s);
     Command1->setDefault(true);
