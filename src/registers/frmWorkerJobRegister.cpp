@@ -228,6 +228,7 @@ void frmWorkerJobRegister::buildForm()
 QLayout *frmWorkerJobRegister::buildQuery()
 {
     m_period = new PeriodFields;
+    setPeriod(m_period);
     opDt1 = option(u"opDt1"_s, u"Find Range : Job Date"_s);
     opDt2 = option(u"opDt2"_s, u"Find Range : Delivery  Date"_s);
     OpInc = option(u"OpInc"_s, u"Increasing order"_s);
@@ -340,7 +341,7 @@ void frmWorkerJobRegister::setMarks()
             [](const ListRow &row) {
                 return itemRowMarks::status(row.tag.toInt(), rowStatus::Delivered, session::CurrentDate);
             }),
-        mark(jobHandedOver, Qt::Key_unknown,
+        mark(jobHandedOver, Qt::CTRL | Qt::Key_F8,
             [](const ListRow &row) { return itemRowMarks::jobDelivered(jobNumber(row), session::CurrentDate); }),
         {},
         {u"Open Job Card"_s, Qt::Key_F3, {}, [](const ListRow &row) { openJobCard(jobNumber(row)); }},

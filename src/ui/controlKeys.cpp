@@ -1,6 +1,7 @@
 #include "ui/controlKeys.h"
 
 #include "ui/DateField.h"
+#include "ui/ListFinder.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -28,10 +29,11 @@ std::vector<KeyLine> ofCombo(const QComboBox &combo)
     return lines;
 }
 
-std::vector<KeyLine> ofList()
+std::vector<KeyLine> ofList(const QAbstractItemView &list)
 {
-    return {{u"Letters"_s, u"To the next line that begins so"_s}, {u"Home, End"_s, u"First line, last line"_s},
-        {u"Page Down, Page Up"_s, u"A page on, a page back"_s}};
+    const bool finds = list.findChild<const ListFinder *>();
+    return {{u"Letters"_s, finds ? u"To the next line that has them"_s : u"To the next line that begins so"_s},
+        {u"Home, End"_s, u"First line, last line"_s}, {u"Page Down, Page Up"_s, u"A page on, a page back"_s}};
 }
 
 } // namespace
@@ -42,8 +44,8 @@ std::vector<KeyLine> keysOf(const QWidget *control)
         return ofDate();
     if (const auto *combo = qobject_cast<const QComboBox *>(control))
         return ofCombo(*combo);
-    if (qobject_cast<const QAbstractItemView *>(control))
-        return ofList();
+    if (const auto *list = qobject_cast<const QAbstractItemView *>(control))
+        return ofList(*list);
     if (const auto *lines = qobject_cast<const QPlainTextEdit *>(control); lines && !lines->isReadOnly())
         return {{u"Enter"_s, u"A new line"_s}};
     if (qobject_cast<const QAbstractButton *>(control))
