@@ -21,7 +21,6 @@ void startProgram(QApplication &application, const QString &folder)
     prepareProgramFolder(session::ProgramFolder, ownFolder);
 
     applyTheme(application);
-    Screen::setGuide([](const QString &screen) { frmGuide().ShowFor(screen); });
     QApplication::setWindowIcon(QIcon(programSign(128)));
     // The process ends with the main screen, and not with a choice or a message that is shown before it.
     QGuiApplication::setQuitOnLastWindowClosed(false);
@@ -31,6 +30,7 @@ void startProgram(QApplication &application, const QString &folder)
 
 void Main()
 {
+    Screen::setGuide([](const QString &screen) { frmGuide().ShowFor(screen); });
     findDatabase();
     if (IsFirstRun())
         offerDatabases();
