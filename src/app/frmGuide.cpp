@@ -15,12 +15,14 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int findWidth = 220;
+constexpr int gapBefore = 20;
 constexpr double letterSize = 1.1;
 
 QString guideText()
@@ -30,6 +32,33 @@ QString guideText()
         return {};
     static const QRegularExpression picture(u"^ *!\\[.*\\]\\(.*\\) *$"_s, QRegularExpression::MultilineOption);
     return QString::fromUtf8(file.readAll()).remove(picture);
+}
+
+void dressTables(QTextDocument &document)
+{
+    const auto frames = document.rootFrame()->childFrames();
+    for (QTextFrame *frame : frames) {
+        auto *table = qobject_cast<QTextTable *>(frame);
+        if (!table)
+            continue;
+        QTextTableFormat form = table->format();
+        form.setBorderCollapse(true);
+        form.setBorder(1);
+        form.setBorderBrush(theme::boxOutline());
+        form.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        form.setCellSpacing(0);
+        form.setCellPadding(5);
+        form.setTopMargin(8);
+        form.setBottomMargin(8);
+        table->setFormat(form);
+    }
+}
+
+/// The title of the guide stands for its introduction.
+bool isChapter(const QTextBlock &block)
+{
+    const int level = block.blockFormat().headingLevel();
+    return level == 1 || level == 2;
 }
 
 } // namespace
@@ -52,6 +81,7 @@ void frmGuide::buildForm()
     m_text->setFont(letters);
     m_text->document()->setDocumentMargin(16);
     m_text->setMarkdown(guideText());
+    dressTables(*m_text->document());
     // What is found is seen while one types on in the field.
     QPalette colours = m_text->palette();
     colours.setColor(QPalette::Inactive, QPalette::Highlight, theme::accent());
@@ -101,14 +131,16 @@ void frmGuide::connectKeys()
     onKey(Qt::Key_F1, u"To the beginning"_s, [this] { goToChapter(0); });
 }
 
-/// The title of the guide stands for its introduction.
 void frmGuide::fillChapters()
 {
     for (QTextBlock block = m_text->document()->begin(); block.isValid(); block = block.next()) {
-        if (const int level = block.blockFormat().headingLevel(); level == 1 || level == 2) {
-            auto *chapter = new QListWidgetItem(block.text(), m_chapters);
-            chapter->setData(Qt::UserRole, block.blockNumber());
-        }
+        if (!isChapter(block))
+            continue;
+        auto *chapter = new QListWidgetItem(block.text(), m_chapters);
+        chapter->setData(Qt::UserRole, block.blockNumber());
+        QTextBlockFormat form = block.blockFormat();
+        form.setTopMargin(gapBefore);
+        QTextCursor(block).setBlockFormat(form);
     }
     m_chapters->setFixedWidth(m_chapters->sizeHintForColumn(0) + m_chapters->verticalScrollBar()->sizeHint().width()
         + 2 * m_chapters->frameWidth());
