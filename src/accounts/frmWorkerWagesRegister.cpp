@@ -134,6 +134,7 @@ void frmWorkerWagesRegister::connectCommands()
     });
     connect(cmdView, &Command::clicked, this, &frmWorkerWagesRegister::view);
     connect(cmdPayroll, &Command::clicked, this, &frmWorkerWagesRegister::createPayroll);
+    printKey(cmdPrint);
     connect(cmdPrint, &Command::clicked, this,
         [this] { wagesList::print(lvSummary->list(), cmbClient->Text(), u" x  "_s); });
     connect(cmdDetails, &Command::clicked, m_pieces, &PiecesPanel::open);
