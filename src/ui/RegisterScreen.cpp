@@ -26,6 +26,8 @@ void RegisterScreen::setRegister(ListView *list)
     onKey(Qt::CTRL | Qt::Key_L, u"Find a text in the list"_s, [finder] { finder->open(); });
     onKey(
         Qt::Key_Escape, u"Leave the search"_s, [finder] { finder->leave(); }, [finder] { return finder->isVisible(); });
+    if (list->letsSort())
+        onKey(Qt::CTRL | Qt::Key_O, u"Order of the list"_s, [list] { list->openOrderMenu(); });
 }
 
 void RegisterScreen::openRow(const ListRow &) { }
