@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QVariant alignment(const ListColumn &column)
@@ -152,9 +154,16 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
     const ListColumn &column = m_columns[static_cast<size_t>(section)];
+    const bool isSorted = section == m_sortColumn;
+    const bool isAscending = m_sortOrder == Qt::AscendingOrder;
+    // The arrow stands before the title, where a narrow column does not cut it.
+    if (role == Qt::DisplayRole && isSorted)
+        return (isAscending ? u"\u25b2 "_s : u"\u25bc "_s) + column.title;
     // In a narrow column the tip shows what the head has no room for.
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return column.title;
+    if (role == Qt::AccessibleTextRole && isSorted)
+        return column.title + (isAscending ? u", ascending"_s : u", descending"_s);
     if (role == Qt::TextAlignmentRole)
         return alignment(column);
     return {};
@@ -175,6 +184,7 @@ void ListModel::sort(int column, Qt::SortOrder order)
 {
     m_sortColumn = column < columnCount() ? column : -1;
     m_sortOrder = order;
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
     emit layoutAboutToBeChanged({}, VerticalSortHint);
     const std::vector<int> from = sortRows();
     std::vector<int> to(from.size());

@@ -56,8 +56,11 @@ void ListView::letSort()
     header()->setSortIndicatorClearable(true);
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
+    // The model's arrow is larger.
+    header()->setSortIndicatorShown(false);
     // Only now: by then the rows are sorted.
     connect(header(), &QHeaderView::sortIndicatorChanged, this, [this] {
+        shareWidth();
         scrollTo(currentIndex());
         keepUserSort();
     });

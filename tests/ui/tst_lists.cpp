@@ -370,8 +370,16 @@ void ListTest::clicksOnAHeadSortAndBringTheOwnOrderBack()
             && list.viewport()->rect().contains(list.visualRect(list.currentIndex()).center());
     };
     QCOMPARE(current, u"200"_s);
+    const auto head = [&list](int role) { return list.list().headerData(1, Qt::Horizontal, role).toString(); };
+    const QStringList heads{u"\u25b2 Due Amount"_s, u"\u25bc Due Amount"_s, u"Due Amount"_s};
+    const QStringList spoken{u"Due Amount, ascending"_s, u"Due Amount, descending"_s, QString()};
+    int clicks = 0;
     for (const QString &first : {u"0 1 2 "_s, u"199 198 197 "_s, u"0 37 74 "_s}) {
         clickHead(list, 1);
+        QCOMPARE(head(Qt::DisplayRole), heads.at(clicks));
+        QCOMPARE(head(Qt::AccessibleTextRole), spoken.at(clicks));
+        QVERIFY(list.columnWidth(1) >= list.header()->sectionSizeHint(1));
+        ++clicks;
         QVERIFY2(screen.amounts().startsWith(first), qPrintable(screen.amounts().left(20)));
         QVERIFY(isInView());
     }
