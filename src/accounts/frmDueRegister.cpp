@@ -34,7 +34,8 @@ void frmDueRegister::ExcuteSQl()
         rows.push_back({.cells = {due.title, Money(due.amount.toDouble())}, .tag = due.client});
     }
     lblTotal->setText(u"Clients : %1    Total Due : %2"_s.arg(rows.size()).arg(Money(total.toDouble())));
-    lvSummary->setEmptyText(u"No client owes anything on %1."_s.arg(DayMonthYear(session::CurrentDate)));
+    lvSummary->setEmptyText(u"No client owes anything on %1.\nWho does comes here by his job cards and vouchers."_s.arg(
+        DayMonthYear(session::CurrentDate)));
     showRows(std::move(rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
 }
 

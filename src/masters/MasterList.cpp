@@ -69,8 +69,8 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .names = [] { return FillComboAll(u"Name"_s, u"Name"_s, u"Items"_s, DE().rsITEMS); },
             .addNew = [] { frmEditItem().AddNew(); },
             .edit = [](int id) { frmEditItem().Edit(id); },
-            .emptyText = u"No items yet: what the shop makes, with its charge and its measurements.\n"
-                         "Add New (Alt+A) writes the first."_s},
+            .emptyText = u"No items yet.\n"
+                         "Add New (Alt+A) writes the first: what the shop makes, its charge and its measurements."_s},
         {.screen = u"frmAccountsList"_s,
             .title = u"Accounts"_s,
             .table = u"Accounts"_s,

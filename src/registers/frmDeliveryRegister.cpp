@@ -350,7 +350,7 @@ void frmDeliveryRegister::tellWhatIsListed(const QString &status)
                                                 DayMonthYear(m_period->from()), DayMonthYear(m_period->to()));
     lblListed->setText(listed);
     lvSummary->setEmptyText(
-        u"No garment is there for\n%1.\n\nOther dates and Show All, or another word under Sort, list "
+        u"No garment is listed for this:\n%1\n\nOther dates and Show All, or another word under Sort, list "
         "more; Job ID lists a card whatever its dates."_s.arg(listed));
 }
 

@@ -478,7 +478,7 @@ void frmWorkerJobRegister::tellWhatIsListed(const QString &condition)
             DayMonthYear(m_period->from()), DayMonthYear(m_period->to()));
     lblListed->setText(listed);
     lvSummary->setEmptyText(
-        u"No garment is there for\n%1.\n\nOther dates and View (Alt+V), or another word under Sort, "
+        u"No garment is listed for this:\n%1\n\nOther dates and View (Alt+V), or another word under Sort, "
         "list more; Job ID lists a card whatever its dates."_s.arg(listed));
 }
 
