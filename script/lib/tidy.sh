@@ -30,10 +30,10 @@ tidy_hashes()
     settings=$(cat .clang-tidy tests/.clang-tidy script/lib/tidy.sh CMakeLists.txt src/CMakeLists.txt | sha256sum)
     while read -r header file; do
         content[$file]=$header
-    done < <(find src tests demo bench faults \( -name '*.cpp' -o -name '*.h' \) -exec sha256sum {} +)
+    done < <(find src tests demo bench faults mutants \( -name '*.cpp' -o -name '*.h' \) -exec sha256sum {} +)
     while IFS=: read -r file header; do
         includes[$file]+="$header "
-    done < <(grep -roE --include='*.cpp' --include='*.h' '#include "[^"]+"' src tests demo bench faults | sed 's/#include "\(.*\)"/\1/')
+    done < <(grep -roE --include='*.cpp' --include='*.h' '#include "[^"]+"' src tests demo bench faults mutants | sed 's/#include "\(.*\)"/\1/')
 
     local queue seen path
     for file in "$@"; do

@@ -102,6 +102,7 @@ QLayout *frmAccountBook::buildQuery()
     cmbAccount = accountCombo(u"cmbAccount"_s);
     cmbAccount->setMinimumContentsLength(accountLetters);
     m_period = new PeriodFields;
+    setPeriod(m_period);
     cmdView = new Command(u"cmdView"_s, u"&View"_s);
     cmdView->setDefault(true);
     auto *row = new QHBoxLayout;
@@ -161,6 +162,10 @@ void frmAccountBook::connectCommands()
         key = keys::Swallowed;
         cmdView->trigger();
     });
+    for (int group = 0; group < cmbType->count(); ++group) {
+        const auto key = static_cast<Qt::Key>(Qt::Key_1 + group);
+        onKey(Qt::CTRL | key, u"Group: "_s + cmbType->itemText(group), [this, group] { chooseGroup(group); });
+    }
     connect(cmdView, &Command::clicked, this, &frmAccountBook::view);
     connect(cmdAdd, &Command::clicked, this, &frmAccountBook::addEntry);
     connect(cmdPrint, &Command::clicked, this, &frmAccountBook::print);
@@ -181,6 +186,15 @@ void frmAccountBook::loadList()
 {
     const Group &group = groups().at(static_cast<size_t>(qMax(cmbType->currentIndex(), 0)));
     fillWithTitles(*cmbAccount, u" where type="_s + QString::number(group.type));
+}
+
+void frmAccountBook::chooseGroup(int group)
+{
+    if (group != cmbType->currentIndex()) {
+        cmbType->setCurrentIndex(group);
+        loadList();
+    }
+    cmbAccount->setFocus(Qt::ShortcutFocusReason);
 }
 
 void frmAccountBook::ExecuteSQL()

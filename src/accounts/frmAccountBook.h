@@ -34,6 +34,7 @@ private:
     [[nodiscard]] QLayout *buildCommands();
     void connectCommands();
 
+    void chooseGroup(int group);
     void view();
     void addEntry();
     void print();

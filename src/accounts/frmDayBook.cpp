@@ -36,6 +36,7 @@ frmDayBook::frmDayBook() : RegisterScreen(u"frmDayBook"_s, u"Day Book"_s, Refres
 void frmDayBook::buildForm()
 {
     m_period = new PeriodFields;
+    setPeriod(m_period);
     cmdView = new Command(u"cmdView"_s, u"&View"_s);
     cmdView->setDefault(true);
     lvSummary = new ListView(u"lvSummary"_s,

@@ -4,6 +4,7 @@
 #include "ui/Command.h"
 #include "ui/boxType.h"
 #include "ui/complain.h"
+#include "ui/entryFilters.h"
 #include "ui/formFields.h"
 #include "ui/frmMsg.h"
 #include "ui/kvTextBox.h"
@@ -13,12 +14,6 @@
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Takes a name or a password as it is typed; the other kinds of box would begin its words with capitals.
-
-} // namespace
 
 frmLogin::frmLogin()
     : Screen(u"frmLogin"_s, u"Corvane"_s), txtUserName(new kvTextBox(u"txtUserName"_s, boxType::Plain)),
@@ -40,6 +35,10 @@ frmLogin::frmLogin()
     form->setSizeConstraint(QLayout::SetFixedSize);
 
     setEntryKeys(EnterMovesOn);
+    // The last field: Enter goes on to the shop.
+    keepEnter(txtPassword);
+    txtPassword->setAutoTab(false);
+    onEnter(txtPassword, [this] { Command1->trigger(); });
     TranslateForm(*this);
     connect(Command1, &Command::clicked, this, &frmLogin::check);
 }

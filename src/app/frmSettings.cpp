@@ -228,6 +228,7 @@ QWidget *frmSettings::buildGeneral()
     inFrame->addStretch();
     cmbLanguage = listOf(u"cmbLanguage"_s, {u"English"_s, u"Hindi"_s});
     cmbHindiSlip = listOf(u"cmbHindiSlip"_s, {u"Yes"_s, u"No"_s});
+    chGlance = checkBox(u"chGlance"_s, u"Morning Glance on the main screen"_s);
 
     SettingsPage page(new QWidget);
     page.add(opChangeDateAuto, u"At each start. Else the working date stays as it was left."_s);
@@ -239,6 +240,7 @@ QWidget *frmSettings::buildGeneral()
     page.add(frmDD);
     page.add(u"Language of the Shop :"_s, cmbLanguage);
     page.add(u"Worker Slip in Hindi :"_s, cmbHindiSlip, u"Counts where the language of the shop is Hindi."_s);
+    page.add(chGlance, u"What is due today. Ctrl+G on the main screen hides it and shows it again."_s);
     nameAloud(Command3, u"Select Wallpaper Image File"_s);
     return page.finished();
 }
@@ -360,6 +362,7 @@ void frmSettings::loadGeneral()
     frmDD->setEnabled(Check1->isChecked());
     cmbLanguage->setText(GetSetting(setting::Language));
     cmbHindiSlip->setText(GetSetting(setting::HindiSlip));
+    chGlance->setChecked(settingIsOn(setting::ShowMorningGlance));
 }
 
 void frmSettings::loadMessages()
@@ -415,6 +418,8 @@ void frmSettings::save()
         if (!combo->Text().isEmpty() && combo->Text() != GetSetting(key))
             changes.push_back({key, combo->Text()});
     }
+    if (chGlance->isChecked() != settingIsOn(setting::ShowMorningGlance))
+        changes.push_back({setting::ShowMorningGlance, boxValue(*chGlance)});
     shopSettings::save(changes);
     ShowMessage(u"Settings Updated."_s);
 }

@@ -61,6 +61,7 @@ private:
     DateField *DateFrom;
     kvComboBox *cmbLanguage;
     kvComboBox *cmbHindiSlip;
+    QCheckBox *chGlance;
 
     kvComboBox *cmbSMSJobID;
     kvComboBox *cmbSendAutoSMS;

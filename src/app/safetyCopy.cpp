@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <QStorageInfo>
 
 #include <algorithm>
 #include <functional>
@@ -59,6 +60,14 @@ void removeLeftBehind(const QString &database)
 {
     for (const QDate day : daysWith(database, u".new"_s))
         safeFile::removeLeftBehind(safetyCopy::pathOf(database, day));
+}
+
+/// The shop's own work needs the disk more than a copy does.
+void requireRoom(const QString &folder, qint64 copySize)
+{
+    const qint64 room = QStorageInfo(folder).bytesAvailable();
+    if (room >= 0 && room < 2 * copySize)
+        throw RuntimeError(Fault::FileFault, u"The disk is nearly full."_s, folder, Written::Nothing);
 }
 
 void writeIn(UnfinishedFile &file, QByteArrayView content, const std::atomic_bool &stop)
@@ -124,6 +133,8 @@ void safetyCopy::make(const QByteArray &content, const QString &database, QDate 
         throw RuntimeError(Fault::FileFault, u"The folder for the copies cannot be made."_s, folder, Written::Nothing);
     if (isNew)
         safeFile::syncFolder(QFileInfo(folder).path());
+    removeLeftBehind(database);
+    requireRoom(folder, content.size());
     UnfinishedFile file(pathOf(database, day));
     writeIn(file, content, stop);
     if (!stop)
@@ -131,7 +142,6 @@ void safetyCopy::make(const QByteArray &content, const QString &database, QDate 
     if (stop)
         return;
     file.replace();
-    removeLeftBehind(database);
     // A clock that was wrong for a day must not cost the copies of the others.
     QList<QDate> days = daysWith(database);
     days.removeIf([day](QDate other) { return other > day; });

@@ -21,9 +21,10 @@ namespace safetyCopy {
 [[nodiscard]] QList<QDate> kept(QList<QDate> days);
 
 /// Makes the copy of that day from `content`, the file at rest, and takes those away that are not kept any more; days
-/// that are still to come stay and are not counted. It gets its name only after it was brought to the disk, read from
-/// there, compared, and each of its pages was found to be sound. May run in another thread, which `stop` ends soon,
-/// without a copy. Throws RuntimeError; the earlier copies are then as they were.
+/// that are still to come stay and are not counted. On a disk that is nearly full none is made. It gets its name only
+/// after it was brought to the disk, read from there, compared, and each of its pages was found to be sound. May run in
+/// another thread, which `stop` ends soon, without a copy. Throws RuntimeError; the earlier copies are then as they
+/// were.
 void make(const QByteArray &content, const QString &database, QDate day, const std::atomic_bool &stop);
 
 } // namespace safetyCopy

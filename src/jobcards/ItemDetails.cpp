@@ -12,6 +12,7 @@ namespace {
 
 /// More of a measurement's name would leave its value no room.
 constexpr int captionLetters = 30;
+constexpr int spaceAround = 8;
 
 } // namespace
 
@@ -52,7 +53,9 @@ void ItemDetails::addSlot()
     m_fields.push_back({label, value});
     connect(value, &kvTextBox::gotFocus, this, [this, label, value] {
         lblGotFocus(label);
-        ensureWidgetVisible(value, 0, 8);
+        // Not by ensureWidgetVisible, which is content when the caret is in view.
+        const QRect field = value->geometry();
+        ensureVisible(0, field.center().y(), 0, field.height() / 2 + spaceAround);
     });
     connect(value, &kvTextBox::lostFocus, this, [this, label] { lbllostFocus(label); });
 }

@@ -10,6 +10,7 @@
 #include "ui/frmMsg.h"
 
 #include <QBoxLayout>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,7 @@ JobCardItems::JobCardItems(clsJobCardData &rows, JobCardStore &store) : m_rows(r
 {
     buildForm();
     connect(lvItems, &ListView::opened, this, &JobCardItems::editWanted);
+    connect(lvItems, &ListView::menuWanted, this, &JobCardItems::openMenu);
     connect(Command4, &Command::clicked, this, &JobCardItems::addWanted);
     connect(Command5, &Command::clicked, this, &JobCardItems::removeRow);
     connect(Command6, &Command::clicked, this, &JobCardItems::clearRows);
@@ -44,6 +46,8 @@ void JobCardItems::buildForm()
     auto *commands = new QVBoxLayout;
     for (Command *command : {Command4, Command10, Command5, Command6})
         commands->addWidget(command);
+    for (Command *command : {Command10, Command5, Command6})
+        command->setFocusPolicy(Qt::ClickFocus);
     commands->addStretch();
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins({});
@@ -54,7 +58,7 @@ void JobCardItems::buildForm()
 
 QList<QWidget *> JobCardItems::tabOrder() const
 {
-    return {lvItems, Command4, Command10, Command5, Command6};
+    return {lvItems, Command4};
 }
 
 bool JobCardItems::isEmpty() const
@@ -65,6 +69,29 @@ bool JobCardItems::isEmpty() const
 bool JobCardItems::hasCurrent() const
 {
     return lvItems->currentRow() >= 0;
+}
+
+bool JobCardItems::isListFocused() const
+{
+    return lvItems->hasFocus();
+}
+
+void JobCardItems::openMenu(QPoint place)
+{
+    auto *menu = new QMenu(this);
+    menu->setObjectName(u"rowMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [menu](const QString &text, const QObject *receiver, auto &&act) {
+        // Once the menu has closed, so that a message comes up above the screen.
+        QObject::connect(menu->addAction(text), &QAction::triggered, receiver, act, Qt::QueuedConnection);
+    };
+    add(u"Open\tEnter"_s, this, [this] { emit editWanted(); });
+    add(u"Copy"_s, this, [this] { copyRow(); });
+    add(u"Remove\tDel"_s, this, [this] { removeRow(); });
+    menu->addSeparator();
+    add(u"Clear"_s, this, [this] { clearRows(); });
+    menu->popup(place);
+    menu->setActiveAction(menu->actions().constFirst());
 }
 
 Currency JobCardItems::total() const
@@ -106,6 +133,7 @@ bool JobCardItems::add(int clientID)
         return false;
     showRow(lvItems->list().rowCount(), m_rows.RowCount());
     emit changed();
+    Command4->setFocus(Qt::OtherFocusReason);
     return true;
 }
 

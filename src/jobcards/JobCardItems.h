@@ -24,13 +24,19 @@ public:
     bool add(int clientID);
     bool edit(int clientID);
 
+    /// As "Remove".
+    void removeRow();
+
     [[nodiscard]] bool isEmpty() const;
     /// Whether an item is current.
     [[nodiscard]] bool hasCurrent() const;
+    /// Whether the list itself has the focus.
+    [[nodiscard]] bool isListFocused() const;
     /// Sum of the amounts in the list.
     [[nodiscard]] Currency total() const;
     [[nodiscard]] Command *addCommand() const { return Command4; }
-    /// What Tab goes through here.
+    /// What Tab goes through here: from the list over "Add" to what follows the items. The other commands are on the
+    /// row's menu.
     [[nodiscard]] QList<QWidget *> tabOrder() const;
 
 signals:
@@ -42,8 +48,8 @@ signals:
 
 private:
     void buildForm();
+    void openMenu(QPoint place);
     void showRow(int listRow, int index);
-    void removeRow();
     void copyRow();
     void clearRows();
 

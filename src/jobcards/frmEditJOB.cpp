@@ -27,6 +27,7 @@
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
 #include "ui/modAutoSearch.h"
+#include "ui/userValues.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -42,7 +43,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Among the user's values, the account that received money last.
+constexpr auto lastReceiptAccount = "LastReceiptAccount"_L1;
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
+
+void lookShownOnly(kvTextBox &box)
+{
+    QPalette quiet = box.palette();
+    quiet.setColor(QPalette::Base, quiet.color(QPalette::Window));
+    box.setPalette(quiet);
+}
 
 kvTextBox *amountBox(const QString &name, bool shownOnly)
 {
@@ -52,9 +62,7 @@ kvTextBox *amountBox(const QString &name, bool shownOnly)
     if (shownOnly) {
         box->setReadOnly(true);
         box->setFocusPolicy(Qt::NoFocus);
-        QPalette quiet = box->palette();
-        quiet.setColor(QPalette::Base, quiet.color(QPalette::Window));
-        box->setPalette(quiet);
+        lookShownOnly(*box);
     }
     return box;
 }
@@ -96,6 +104,7 @@ QLayout *frmEditJOB::buildHead()
     txtJOBID = new kvTextBox(u"txtJOBID"_s, boxType::Plain);
     txtJOBID->setReadOnly(true);
     txtJOBID->setFocusPolicy(Qt::ClickFocus);
+    lookShownOnly(*txtJOBID);
     JobDate = new DateField(u"JobDate"_s);
     cmbClient = accountCombo(u"cmbClient"_s);
     // Off the way of Enter and Tab: whoever has found the client by typing goes on to the dates with one stroke.
@@ -122,6 +131,7 @@ QLayout *frmEditJOB::buildHead()
     grid->addWidget(captionOf(DateTrial, u"Trial  Date :"_s), 1, 5);
     grid->addWidget(DateTrial, 1, 6);
     grid->addWidget(lblTrialInfo, 1, 7);
+    grid->addWidget(hintLabel(u"Ctrl+A in this field adds a new client."_s), 2, 1, 1, 4);
     grid->setColumnStretch(1, 2);
     grid->setColumnStretch(3, 2);
     grid->setColumnStretch(6, 2);
@@ -218,10 +228,19 @@ void frmEditJOB::connectCommands()
     filterKeys(txtAmountPaid, DecimalKeysOnly);
     connect(cmbClient, &kvComboBox::lostFocus, this, &frmEditJOB::greetClient);
     connect(txtAmountPaid, &kvTextBox::lostFocus, this, &frmEditJOB::leaveReceived);
+    connect(cmbAccount, &kvComboBox::gotFocus, this, &frmEditJOB::suggestAccount);
+    // Elsewhere Enter moves on.
+    keepEnter(Command1);
+    keepEnter(m_items->addCommand());
+    onKey(Qt::CTRL | Qt::Key_S, u"Save"_s, [this] { Command1->trigger(); });
+    onKey(Qt::CTRL | Qt::Key_P, u"Print"_s, [this] { Command2->trigger(); });
     onKey(Qt::CTRL | Qt::Key_I, u"To the items"_s, [this] { m_items->setFocus(Qt::ShortcutFocusReason); });
     onKey(
         Qt::CTRL | Qt::Key_A, u"In the client field: a new client"_s, [this] { addClient(); },
         [this] { return cmbClient->hasFocus(); });
+    onKey(
+        Qt::Key_Delete, u"In the list of items: remove the item"_s, [this] { m_items->removeRow(); },
+        [this] { return m_items->isListFocused(); });
     connect(m_items, &JobCardItems::addWanted, this, &frmEditJOB::addItem);
     connect(m_items, &JobCardItems::editWanted, this, &frmEditJOB::editItem);
     connect(m_items, &JobCardItems::changed, this, &frmEditJOB::DoTotal);
@@ -298,6 +317,7 @@ void frmEditJOB::allowManualNumber()
     if (!settingIsOn(setting::ManualJobNumber))
         return;
     txtJOBID->setReadOnly(false);
+    txtJOBID->setPalette({});
     txtJOBID->setFocusPolicy(Qt::StrongFocus);
     setTabOrder(txtJOBID, JobDate);
     txtJOBID->setFocus();
@@ -367,6 +387,18 @@ void frmEditJOB::leaveReceived()
     if (Val(txtAmountPaid->Text()) > Val(txtAmountDue->Text()))
         txtAmountPaid->setText(txtAmountDue->Text());
     showAmountDue();
+}
+
+/// Whoever has taken money puts it where he put it last.
+void frmEditJOB::suggestAccount()
+{
+    if (Val(txtAmountPaid->Text()) <= 0 || !cmbAccount->Text().isEmpty())
+        return;
+    const QString last = userValues().value(lastReceiptAccount).toString();
+    if (cmbAccount->findText(last) < 0)
+        return;
+    cmbAccount->setText(last);
+    ShowAsSelected(*cmbAccount);
 }
 
 void frmEditJOB::fillClients()
@@ -467,6 +499,8 @@ void frmEditJOB::save()
         m_store.SaveEdit(collect(), JobRows);
         ShowMessage(u"Job Edited."_s);
     }
+    if (Val(txtAmountPaid->Text()) > 0)
+        userValues().setValue(lastReceiptAccount, cmbAccount->Text());
     offerSMS();
 }
 

@@ -54,6 +54,7 @@ private:
     void addClient();
     void greetClient();
     void leaveReceived();
+    void suggestAccount();
     void showAmountDue();
     void addItem();
     void editItem();

@@ -51,17 +51,17 @@ void frmEditClients::buildForm()
 
     auto *fields = new QGridLayout;
     addField(fields, u"Client Name :"_s, txtName);
+    addField(fields, u"Mobile Number :"_s, txtMobile, u"( eg 9829******, without 91 or +91"_s);
     addField(fields, u"Key :"_s, key);
     addField(fields, u"Address :"_s, txtAddress);
     addField(fields, u"City/Town/Village :"_s, txtCity);
     addField(fields, u"State/Provision :"_s, txtState);
-    addField(fields, u"Mobile Number :"_s, txtMobile, u"( eg 9829******, without 91 or +91"_s);
     addField(fields, u"Date of Birth :"_s, dateDob);
     stretch(fields);
     buildFrame(fields);
     resize(520, sizeHint().height());
 
-    chainTabs({txtName, txtKey, txtAddress, txtCity, txtState, txtMobile, dateDob, Command1, Command2});
+    chainTabs({txtName, txtMobile, txtKey, txtAddress, txtCity, txtState, dateDob, Command1, Command2});
 }
 
 void frmEditClients::startNew()

@@ -180,6 +180,7 @@ void frmDeliveryRegister::buildForm()
 QLayout *frmDeliveryRegister::buildQuery()
 {
     m_period = new PeriodFields;
+    setPeriod(m_period);
     cmbClient = accountCombo(u"cmbClient"_s);
     cmbClient->setMinimumContentsLength(24);
     lblCurrentDate = new QLabel;

@@ -80,6 +80,7 @@ frmTrailDate::frmTrailDate() : RegisterScreen(u"frmTrailDate"_s, u"Trial Date Re
 void frmTrailDate::buildForm()
 {
     m_period = new PeriodFields;
+    setPeriod(m_period);
     Command1 = new Command(u"Command1"_s, u"Show"_s);
     Command1->setDefault(true);
     lvSummary = new ListView(u"lvSummary"_s,

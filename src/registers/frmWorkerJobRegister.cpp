@@ -226,6 +226,7 @@ void frmWorkerJobRegister::buildForm()
 QLayout *frmWorkerJobRegister::buildQuery()
 {
     m_period = new PeriodFields;
+    setPeriod(m_period);
     opDt1 = option(u"opDt1"_s, u"Find Range : Job Date"_s);
     opDt2 = option(u"opDt2"_s, u"Find Range : Delivery  Date"_s);
     OpInc = option(u"OpInc"_s, u"Increasing order"_s);
@@ -337,7 +338,7 @@ void frmWorkerJobRegister::setMarks()
             [this](const ListRow &row) {
                 afterMark(itemRowMarks::status(row.tag.toInt(), rowStatus::Delivered, session::CurrentDate));
             }},
-        {u"Job Card as Delivered to Client"_s, Qt::Key_unknown, u"Job Card as Delivered to Client?"_s,
+        {u"Job Card as Delivered to Client"_s, Qt::CTRL | Qt::Key_F8, u"Job Card as Delivered to Client?"_s,
             [this](const ListRow &row) { handOverJob(jobNumber(row)); }},
         {},
         {u"Open Job Card"_s, Qt::Key_F3, {}, [](const ListRow &row) { openJobCard(jobNumber(row)); }},

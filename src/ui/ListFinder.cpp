@@ -1,6 +1,7 @@
 #include "ui/ListFinder.h"
 
 #include "ui/ListView.h"
+#include "ui/entryKeys.h"
 #include "ui/formFields.h"
 #include "ui/theme.h"
 
@@ -51,6 +52,13 @@ void ListFinder::open()
     m_text->setFocus(Qt::OtherFocusReason);
 }
 
+void ListFinder::open(const QString &typed)
+{
+    open();
+    m_text->setText(typed);
+    search(m_start, 1);
+}
+
 void ListFinder::leave()
 {
     m_list.setFocus(Qt::OtherFocusReason);
@@ -62,7 +70,13 @@ bool ListFinder::eventFilter(QObject *watched, QEvent *event)
     if (watched == &m_list) {
         if (event->type() == QEvent::Resize && isVisible())
             place();
-        return false;
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const int character = keys::characterCode(*static_cast<QKeyEvent *>(event));
+        if (character <= keys::Blank)
+            return false;
+        open(keys::textOf(character));
+        return true;
     }
     if (event->type() == QEvent::FocusOut)
         hide();

@@ -7,8 +7,8 @@ class QLabel;
 class QLineEdit;
 
 /// Finds a text in a list, in any column and in any case: a field at the list's lower edge, which comes when it is
-/// asked for. While one types, the first line that has the text becomes current, from the one on that was current
-/// before; Enter and Down go on to the next, Up and Shift+Enter back, round the ends.
+/// asked for or a text is typed in the list. While one types, the first line that has the text becomes current, from
+/// the one on that was current before; Enter and Down go on to the next, Up and Shift+Enter back, round the ends.
 class ListFinder : public QWidget {
     Q_OBJECT
 
@@ -17,6 +17,8 @@ public:
 
     /// Shows the field, with what was sought last selected, and gives it the focus.
     void open();
+    /// The same, with this as the beginning of what is sought.
+    void open(const QString &typed);
     /// The list has the focus again, on the line found.
     void leave();
 

@@ -49,6 +49,14 @@ void PeriodFields::setShopDefault()
     set(from, to);
 }
 
+void PeriodFields::takeMonth(Month month)
+{
+    const bool isMonth = from().day() == 1 && to() == from().addMonths(1).addDays(-1);
+    const QDate base = isMonth ? from() : session::CurrentDate.addMonths(month == Month::Before ? 0 : -1);
+    const QDate first = QDate(base.year(), base.month(), 1).addMonths(month == Month::Before ? -1 : 1);
+    set(first, first.addMonths(1).addDays(-1));
+}
+
 bool PeriodFields::isUsable()
 {
     if (hasRefusedDate(*this))

@@ -18,6 +18,11 @@ public:
     /// Both at the working date, and from there the shop's default period (see `SetDefaultPeriod`).
     void setShopDefault();
 
+    /// The whole month before or behind the one that is shown. Where no whole month is shown, the one before the
+    /// working date's, or that one itself.
+    enum class Month { Before, Behind };
+    void takeMonth(Month month);
+
     /// False where a field holds what is no date, or where the period ends before it begins: the user was told, and the
     /// focus is where it can be mended. Commands ask first.
     [[nodiscard]] bool isUsable();

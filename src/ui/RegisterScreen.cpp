@@ -3,6 +3,7 @@
 #include "base/session.h"
 #include "ui/ListFinder.h"
 #include "ui/ListView.h"
+#include "ui/PeriodFields.h"
 #include "ui/frmMsg.h"
 
 #include <QMenu>
@@ -28,6 +29,15 @@ void RegisterScreen::setRegister(ListView *list)
         Qt::Key_Escape, u"Leave the search"_s, [finder] { finder->leave(); }, [finder] { return finder->isVisible(); });
     if (list->letsSort())
         onKey(Qt::CTRL | Qt::Key_O, u"Order of the list"_s, [list] { list->openOrderMenu(); });
+}
+
+void RegisterScreen::setPeriod(PeriodFields *period)
+{
+    using Month = PeriodFields::Month;
+    onKey(Qt::CTRL | Qt::Key_PageUp, u"Period: last month, the one before"_s,
+        [period] { period->takeMonth(Month::Before); });
+    onKey(Qt::CTRL | Qt::Key_PageDown, u"Period: this month, the next one"_s,
+        [period] { period->takeMonth(Month::Behind); });
 }
 
 void RegisterScreen::openRow(const ListRow &) { }

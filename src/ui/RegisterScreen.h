@@ -4,6 +4,7 @@
 #include "ui/Screen.h"
 
 class ListView;
+class PeriodFields;
 
 /// A screen that is a list over rows of the file: it fills itself when it has to, keeps what the user looks at in view,
 /// opens rows, finds a text in them (Ctrl+L), sorts them where its list lets them be sorted (Ctrl+O), and has commands
@@ -32,6 +33,9 @@ protected:
 
     /// The list that all of the following is about. REQUIRES: set once, before the screen is shown.
     void setRegister(ListView *list);
+
+    /// Its keys to go from month to month. REQUIRES: as above.
+    void setPeriod(PeriodFields *period);
 
     virtual void refill() { }
     /// Enter or a double click on a row with a tag. Nothing by default.

@@ -35,7 +35,8 @@ QList<Screen *> &shownScreens()
 bool keepsEnter(const QWidget *control)
 {
     const auto *lines = qobject_cast<const QPlainTextEdit *>(control);
-    return qobject_cast<const QAbstractItemView *>(control) || (lines && !lines->isReadOnly())
+    const auto *list = qobject_cast<const QAbstractItemView *>(control);
+    return (list && list->model()->rowCount() > 0) || (lines && !lines->isReadOnly())
         || qobject_cast<const QTextEdit *>(control) || control->property(keepsEnterProperty).toBool();
 }
 

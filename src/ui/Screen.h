@@ -15,8 +15,8 @@ class Screen : public QDialog {
 
 public:
     /// Which keys move through the fields. With `EnterMovesOn` Enter acts as Tab on every control and never reaches a
-    /// default button, a focused one neither; item lists, multi-line boxes that can be written in and what `keepEnter`
-    /// names keep it. With `PageKeysMove` Page Down and Page Up act as Tab and Shift+Tab everywhere.
+    /// default button, a focused one neither; lists with rows, multi-line boxes that can be written in and what
+    /// `keepEnter` names keep it. With `PageKeysMove` Page Down and Page Up act as Tab and Shift+Tab everywhere.
     enum EntryKey { NoEntryKeys = 0, EnterMovesOn = 1, PageKeysMove = 2 };
     Q_DECLARE_FLAGS(EntryKeys, EntryKey)
 

@@ -232,6 +232,25 @@ private:
 
     bool keyInList(QKeyEvent *event)
     {
+        if (movesInList(event))
+            return true;
+        const int character = keys::characterCode(*event);
+        if (character == keys::Enter && isRefusedText())
+            return true;
+        if (character < keys::Blank && character != keys::Backspace && event->key() != Qt::Key_Left
+            && event->key() != Qt::Key_Right)
+            m_combo.hidePopup();
+        // From here on it is a key in the text, for the screen to see first.
+        QKeyEvent passedOn(event->type(), event->key(), event->modifiers(), event->text(), event->isAutoRepeat());
+        QCoreApplication::sendEvent(&m_combo, &passedOn);
+        return true;
+    }
+
+    bool movesInList(const QKeyEvent *event)
+    {
+        const bool isArrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+        if (isCommandKey(*event) && !isArrow)
+            return false;
         switch (event->key()) {
         case Qt::Key_Escape: m_combo.hidePopup(); return true;
         case Qt::Key_Up: event->modifiers() & Qt::AltModifier ? m_combo.hidePopup() : step(-1); return true;
@@ -244,18 +263,8 @@ private:
         case Qt::Key_Control:
         case Qt::Key_Alt:
         case Qt::Key_AltGr: return true;
-        default: break;
+        default: return false;
         }
-        const int character = keys::characterCode(*event);
-        if (character == keys::Enter && isRefusedText())
-            return true;
-        if (character < keys::Blank && character != keys::Backspace && event->key() != Qt::Key_Left
-            && event->key() != Qt::Key_Right)
-            m_combo.hidePopup();
-        // From here on it is a key in the text, for the screen to see first.
-        QKeyEvent passedOn(event->type(), event->key(), event->modifiers(), event->text(), event->isAutoRepeat());
-        QCoreApplication::sendEvent(&m_combo, &passedOn);
-        return true;
     }
 
     /// Moves the selection itself, with the list open or closed: what Enter takes is what the text says, wherever the

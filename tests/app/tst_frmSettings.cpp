@@ -53,7 +53,7 @@ private slots:
     void theTitleHasTenLetters();
     void theFromDateIsUsedOrNot();
     void whatNobodyShouldHaveStoredIsShownAllTheSame();
-    void languageIsStoredOnlyWhenItIsChosen();
+    void languageAndGlanceAreStoredOnlyWhenTheyAreChosen();
     void defaultDraftsAreAskedFor();
     void escapeSavesNothingButTheFolder();
     void theModemsAnswerIsShown_data();
@@ -279,7 +279,7 @@ void SettingsTest::whatNobodyShouldHaveStoredIsShownAllTheSame()
     QCOMPARE(desk.text("txtSMSTitle"), u"Needle and Threa"_s);
 }
 
-void SettingsTest::languageIsStoredOnlyWhenItIsChosen()
+void SettingsTest::languageAndGlanceAreStoredOnlyWhenTheyAreChosen()
 {
     Desk desk;
     desk.show();
@@ -290,6 +290,13 @@ void SettingsTest::languageIsStoredOnlyWhenItIsChosen()
     desk.save();
     QCOMPARE(GetSetting(setting::Language), u"Hindi"_s);
     QCOMPARE(GetSetting(setting::HindiSlip), u"Yes"_s);
+    QCOMPARE(GetSetting(setting::ShowMorningGlance, u"none"_s), u"none"_s);
+    desk.enter("chGlance");
+    press(Qt::Key_Space);
+    desk.save();
+    QCOMPARE(GetSetting(setting::ShowMorningGlance, u"none"_s), u"0"_s);
+    desk.show();
+    QVERIFY(!desk.at<QCheckBox>("chGlance").isChecked());
 }
 
 void SettingsTest::defaultDraftsAreAskedFor()

@@ -495,13 +495,19 @@ void AddItemTest::theListKeepsOneSlotAndScrolls()
     QWidget *const label = list.findChild<QLabel *>(u"lblCap"_s);
     QVERIFY(label->styleSheet().contains(u"black"));
     const auto boxes = list.findChildren<kvTextBox *>();
-    for (int i = 0; i < 60; ++i) {
-        press(Qt::Key_Return);
-        QWidget *const focus = QApplication::focusWidget();
-        QVERIFY(focus && list.viewport()->rect().contains(focus->mapTo(list.viewport(), focus->rect().center())));
-    }
+    const auto move = [&list](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        press(key, modifiers);
+        const QWidget *const focus = QApplication::focusWidget();
+        const QRect place(focus->mapTo(list.viewport(), QPoint()), focus->size());
+        QVERIFY(list.viewport()->rect().contains(place));
+    };
+    for (int i = 0; i < 60; ++i)
+        move(Qt::Key_Return, Qt::NoModifier);
     QVERIFY(boxes.at(60)->hasFocus());
     QVERIFY(label->styleSheet().isEmpty());
+    for (int i = 0; i < 20; ++i)
+        move(Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(boxes.at(40)->hasFocus());
 }
 
 void AddItemTest::theColourIsKeptAsItsNumber()

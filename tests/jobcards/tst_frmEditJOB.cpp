@@ -51,6 +51,8 @@ private slots:
     void theGreetingTellsVisitAndBalance_data();
     void theGreetingTellsVisitAndBalance();
     void removeCopyAndClear();
+    void theMenuOfAnItemHasItsCommands();
+    void enterAloneLeadsThroughAFreshCard();
     void clearedRowsAreSavedAllTheSame();
     void clearForgetsWhatWasRemoved();
     void oneSavedRowIsRemovedPerSave();
@@ -116,6 +118,16 @@ QString text(const QWidget &screen, const char *name)
     return control<QLineEdit>(screen, name).text();
 }
 
+kvComboBox &cmbClient(const QWidget &screen)
+{
+    return control<kvComboBox>(screen, "cmbClient");
+}
+
+kvComboBox &cmbAccount(const QWidget &screen)
+{
+    return control<kvComboBox>(screen, "cmbAccount");
+}
+
 QString greeting(const QWidget &screen)
 {
     return control<QLabel>(screen, "lblLastvisit").text();
@@ -131,7 +143,7 @@ void EditJobTest::aCardIsBookedClosedOpenedAndChangedByKeysAlone()
         QCOMPARE(screen.windowTitle(), u"Create New Job Card"_s);
         QCOMPARE(focused(), u"cmbClient"_s);
         type(u"ash"_s);
-        QCOMPARE(control<kvComboBox>(screen, "cmbClient").currentText(), u"Asha Rao"_s);
+        QCOMPARE(cmbClient(screen).currentText(), u"Asha Rao"_s);
         press(Qt::Key_Return);
         QCOMPARE(greeting(screen), u"Welcome Asha Rao"_s);
         script.expect(u"frmAddItem"_s, [](QWidget &) {
@@ -389,8 +401,8 @@ void EditJobTest::theGreetingTellsVisitAndBalance()
         press(Qt::Key_Return);
         QTEST(greeting(screen), "greetingText");
         const QString before = greeting(screen);
-        control<kvComboBox>(screen, "cmbClient").setText({});
-        control<kvComboBox>(screen, "cmbClient").setFocus();
+        cmbClient(screen).setText({});
+        cmbClient(screen).setFocus();
         press(Qt::Key_Return);
         QCOMPARE(greeting(screen), before);
     });
@@ -414,7 +426,12 @@ void EditJobTest::removeCopyAndClear()
         accessKey('c');
         QCOMPARE(driver::column(list, 0), QStringList({u"Coat"_s, u"Shirt"_s, u"Coat"_s}));
         QCOMPARE(text(screen, "txtAmountDue"), u"1900.00"_s);
-        control<QPushButton>(screen, "Command5").click();
+        // Elsewhere Del is the field's.
+        control<QLineEdit>(screen, "txtRemark").setFocus();
+        press(Qt::Key_Delete);
+        QCOMPARE(list.model()->rowCount(), 3);
+        press(Qt::Key_I, Qt::ControlModifier);
+        press(Qt::Key_Delete);
         QCOMPARE(driver::column(list, 0), QStringList({u"Coat"_s, u"Shirt"_s}));
         QCOMPARE(text(screen, "txtAmountDue"), u"1100.00"_s);
         control<QPushButton>(screen, "Command5").click();
@@ -427,6 +444,86 @@ void EditJobTest::removeCopyAndClear()
         accessKey('s');
     });
     QCOMPARE(desk.count(u"JOBS"_s), 0);
+}
+
+void EditJobTest::theMenuOfAnItemHasItsCommands()
+{
+    OrderDesk desk;
+    desk.book(u"1"_s);
+    ModalScript script;
+    onCard(script, 1, [&script](QWidget &screen) {
+        const auto &list = control<QAbstractItemView>(screen, "lvItems");
+        const auto choose = [&screen](int entry) {
+            press(Qt::Key_I, Qt::ControlModifier);
+            auto &lvItems = control<ListView>(screen, "lvItems");
+            emit lvItems.menuWanted(lvItems.mapToGlobal(QPoint()));
+            QVERIFY(QApplication::activePopupWidget());
+            while (entry-- > 0)
+                press(Qt::Key_Down);
+            press(Qt::Key_Return);
+            QTRY_VERIFY(!QApplication::activePopupWidget());
+        };
+        script.expect(u"frmAddItem"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        choose(0);
+        QTRY_VERIFY(script.isDone());
+        choose(1);
+        QTRY_COMPARE(list.model()->rowCount(), 2);
+        choose(2);
+        QTRY_COMPARE(list.model()->rowCount(), 1);
+        QCOMPARE(text(screen, "txtAmountDue"), u"800.00"_s);
+        choose(3);
+        QTRY_COMPARE(list.model()->rowCount(), 0);
+        QCOMPARE(text(screen, "txtAmountDue"), u"800.00"_s);
+    });
+}
+
+void EditJobTest::enterAloneLeadsThroughAFreshCard()
+{
+    OrderDesk desk;
+    ModalScript script;
+    onCard(script, 0, [&script](QWidget &screen) {
+        type(u"a"_s);
+        // The dates and the list that has no row yet, to what adds one.
+        for (int i = 0; i < 4; ++i)
+            press(Qt::Key_Return);
+        QCOMPARE(focused(), u"Command4"_s);
+        for (int i = 0; i < 2; ++i) {
+            expectItem(script, u"Coat"_s, u"1"_s);
+            press(Qt::Key_Return);
+        }
+        QCOMPARE(text(screen, "txtAmountDue"), u"800.00"_s);
+        press(Qt::Key_Tab);
+        QCOMPARE(focused(), u"txtAmountPaid"_s);
+        // Nothing received, nothing suggested.
+        press(Qt::Key_Return);
+        QCOMPARE(cmbAccount(screen).Text(), QString());
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        type(u"50"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(cmbAccount(screen).Text(), QString());
+        type(u"cas"_s);
+        for (int i = 0; i < 5; ++i)
+            press(Qt::Key_Return);
+        QCOMPARE(focused(), u"Command1"_s);
+        script.expectMessage(u"New Job Created."_s);
+        press(Qt::Key_Return);
+    });
+    QCOMPARE(desk.lines(u"Select AmountDue, AmountPaid, CashAccID from JOBS"_s), QStringList{u"800|50|4"_s});
+    // What was chosen then is suggested now, as long as there is such an account; what is chosen already stays.
+    for (const QString &title : {u"Cash"_s, u"Till"_s}) {
+        DE().CN.execute(u"update Accounts set Title='%1' where id=4"_s.arg(title));
+        onCard(script, 1, [&title](QWidget &screen) {
+            cmbAccount(screen).setText({});
+            control<QLineEdit>(screen, "txtAmountPaid").setFocus();
+            type(u"5"_s);
+            press(Qt::Key_Return);
+            QCOMPARE(cmbAccount(screen).Text(), title == u"Cash" ? title : QString());
+            cmbAccount(screen).setText(u"Sales"_s);
+            press(Qt::Key_Backtab, Qt::ShiftModifier);
+            press(Qt::Key_Return);
+            QCOMPARE(cmbAccount(screen).Text(), u"Sales"_s);
+        });
+    }
 }
 
 void EditJobTest::clearedRowsAreSavedAllTheSame()
@@ -534,7 +631,7 @@ void EditJobTest::aClientThatIsNobodyIsAskedFor()
     OrderDesk desk;
     ModalScript script;
     onCard(script, 0, [&script](QWidget &screen) {
-        control<kvComboBox>(screen, "cmbClient").setText(u"sha Rao"_s);
+        cmbClient(screen).setText(u"sha Rao"_s);
         for (const char command : {'a', 's'}) {
             script.expectMessage(u"Please Select Client!"_s);
             accessKey(command);

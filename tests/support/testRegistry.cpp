@@ -53,6 +53,9 @@ int TestRegistry::run(QStringList arguments)
     };
     while (arguments.size() > 1 && known(arguments.at(1)))
         names += arguments.takeAt(1);
+    // One that hangs is ended after a minute.
+    if (!qEnvironmentVariableIsSet("QTEST_FUNCTION_TIMEOUT"))
+        qputenv("QTEST_FUNCTION_TIMEOUT", "60000");
     int failedClasses = 0;
     for (const Entry &entry : m_tests) {
         if (names.isEmpty() || names.contains(QLatin1StringView(entry.name)))

@@ -94,6 +94,7 @@ private slots:
     void listsFillThemselvesWhenTold();
     void filtersKeepRowsAndCloseAnew();
     void periodsAreCheckedWhereTheyAreUsed();
+    void keysMoveThePeriodByMonths();
     void plainBoxesAskAndReturn();
     void accountsAreChosenFromTheirList();
 };
@@ -174,6 +175,12 @@ void RegisterTest::aTextIsFoundInAnyColumn()
     driver::press(Qt::Key_Escape);
     driver::press(Qt::Key_Return);
     QCOMPARE(screen.noted, QStringList{u"opened 19"_s});
+    // A letter typed in the list begins a search of its own; a blank does not.
+    driver::press(Qt::Key_Space);
+    QVERIFY(screen.list.hasFocus());
+    driver::type(u"ent 8"_s);
+    QCOMPARE(found(), 8);
+    driver::press(Qt::Key_Escape);
     driver::press(Qt::Key_Escape);
     QVERIFY(!screen.isVisible());
 }
@@ -350,6 +357,37 @@ void RegisterTest::periodsAreCheckedWhereTheyAreUsed()
     driver::type(u"31/2/11"_s);
     script.expectMessage(u"\"31/2/11\" is not a date!"_s);
     QVERIFY(!period->isUsable());
+}
+
+void RegisterTest::keysMoveThePeriodByMonths()
+{
+    struct PeriodScreen : RegisterScreen {
+        PeriodScreen() : RegisterScreen(u"PeriodScreen"_s, {}, Refresh::OnCommand)
+        {
+            (new QVBoxLayout(this))->addWidget(period);
+            setPeriod(period);
+        }
+        PeriodFields *period = new PeriodFields;
+    };
+    const TestShop shop;
+    session::CurrentDate = {2011, 3, 31};
+    PeriodScreen screen;
+    QVERIFY(driver::show(screen));
+    const auto shown = [&screen] { return screen.period->between(); };
+    driver::press(Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(shown(), u"between #01-Feb-2011# and #28-Feb-2011#"_s);
+    driver::press(Qt::Key_PageUp, Qt::ControlModifier);
+    driver::press(Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(shown(), u"between #01-Dec-2010# and #31-Dec-2010#"_s);
+    driver::press(Qt::Key_PageDown, Qt::ControlModifier);
+    QCOMPARE(shown(), u"between #01-Jan-2011# and #31-Jan-2011#"_s);
+    // From what is no month, or no date, to the working date's.
+    driver::control<DateField>(screen, "DateTo").setFocus();
+    driver::type(u"31/2/11"_s);
+    screen.period->set({2011, 1, 2}, {2011, 2, 1});
+    driver::press(Qt::Key_PageDown, Qt::ControlModifier);
+    QCOMPARE(shown(), u"between #01-Mar-2011# and #31-Mar-2011#"_s);
+    QVERIFY(screen.period->isUsable());
 }
 
 void RegisterTest::plainBoxesAskAndReturn()
