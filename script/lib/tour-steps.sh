@@ -229,8 +229,8 @@ echo "The card on paper."
 keys alt+p
 window "Print Preview"
 picture preview
-keys minus minus minus
-picture preview-whole
+keys plus plus plus Next
+picture preview-larger
 keys alt+s
 window "Save as PDF"
 words "$tour/job-card.pdf"
@@ -390,6 +390,10 @@ echo "The books: a bill is settled, and the month read."
 keys alt+u
 window "Client Dues REGISTER"
 picture dues
+keys ctrl+o
+picture dues-order
+keys 2 ctrl+o 2
+picture dues-by-amount
 keys Escape
 window "Reports"
 keys alt+a

@@ -23,7 +23,7 @@ ListRow sumLine(const QString &name, const balanceText::Sides &sides, const QCol
     cells[Statement::Particulars] = name;
     cells[Statement::Debit] = sides.debit;
     cells[Statement::Credit] = sides.credit;
-    ListRow row{.cells = cells, .look = {.bold = true, .ink = theme::warning()}};
+    ListRow row{.cells = cells, .look = {.bold = true, .ink = theme::warning()}, .closes = true};
     for (const int column : {Statement::Particulars, Statement::Debit, Statement::Credit})
         row.looks.push_back({column, {.bold = true, .ink = amounts}});
     return row;

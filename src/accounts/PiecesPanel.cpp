@@ -22,6 +22,8 @@ PiecesPanel::PiecesPanel(const QString &pieces, ListView &list)
     setObjectName(u"picDetails"_s);
     setFixedWidth(panelWidth);
     lvDetails->setAccessibleName(u"Pieces of each item"_s);
+    lvDetails->letSort();
+    clear();
     auto *panel = new QVBoxLayout(this);
     panel->setContentsMargins({});
     panel->addWidget(lvDetails, 1);
@@ -50,12 +52,19 @@ void PiecesPanel::fill(const std::function<qint32(qint16 itemID)> &piecesOf)
             rows.push_back({.cells = {items.text(u"Name"), QString::number(pieces)}});
     }
     items.close();
+    lvDetails->setEmptyText(u"No pieces in this period."_s);
     lvDetails->list().setRows(std::move(rows));
 }
 
 void PiecesPanel::clear()
 {
+    lvDetails->setEmptyText(u"The pieces of a worker are counted here once his jobs are listed."_s);
     lvDetails->list().clear();
+}
+
+void PiecesPanel::openOrderMenu()
+{
+    lvDetails->openOrderMenu();
 }
 
 QList<QWidget *> PiecesPanel::fields() const

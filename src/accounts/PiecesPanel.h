@@ -22,6 +22,9 @@ public:
     void fill(const std::function<qint32(qint16 itemID)> &piecesOf);
     void clear();
 
+    /// The menu that sorts them.
+    void openOrderMenu();
+
     /// In the order of their tabs.
     [[nodiscard]] QList<QWidget *> fields() const;
 

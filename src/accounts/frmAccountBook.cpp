@@ -37,6 +37,8 @@ namespace {
 
 constexpr int accountLetters = 30;
 
+const auto chooseAccount = u"Choose an account: View (Alt+V) lists its statement."_s;
+
 struct Group {
     QString name;
     int type;
@@ -78,6 +80,7 @@ void frmAccountBook::buildForm()
         {{u"Date"_s, 11}, {u"VC #"_s, 7, true}, {u"Voucher"_s, 10}, {u"Particulars"_s, 24}, {u"Debit"_s, 12, true},
             {u"Credit"_s, 12, true}, {u"Remark"_s, 24}});
     lvSummary->setAccessibleName(u"Account statement"_s);
+    lvSummary->setEmptyText(chooseAccount);
     setRegister(lvSummary);
     auto *whole = new QVBoxLayout(this);
     whole->addLayout(buildQuery());
@@ -198,9 +201,13 @@ void frmAccountBook::chooseGroup(int group)
 void frmAccountBook::ExecuteSQL()
 {
     m_statement = {};
+    lvSummary->setEmptyText(chooseAccount);
     const bool isChosen = SelectComboEntry(*cmbAccount) >= 0;
-    if (const auto account = isChosen ? findAccountID(cmbAccount->Text()) : std::nullopt)
+    if (const auto account = isChosen ? findAccountID(cmbAccount->Text()) : std::nullopt) {
         m_statement = AccountStatement::of(*account, m_period->from(), m_period->to());
+        lvSummary->setEmptyText(u"No posting of %1 %2.\n\nOther dates and View (Alt+V) list others; Add Entry (Alt+A) "
+                                "writes a voucher."_s.arg(cmbAccount->Text(), m_period->inWords()));
+    }
     showRows(std::move(m_statement.rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
     showSums();
 }

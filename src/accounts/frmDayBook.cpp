@@ -82,6 +82,8 @@ void frmDayBook::ExecuteSQL()
             .words = u"Total Vouchers : "_s,
             .look = {.bold = true, .ink = theme::warning()},
             .afterBlankRow = false});
+    lvSummary->setEmptyText(u"No job card and no voucher %1.\n\nOther dates and View (Alt+V) list others; the account "
+                            "book (Alt+A in it) adds vouchers."_s.arg(m_period->inWords()));
     showRows(std::move(rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
 }
 

@@ -15,6 +15,7 @@ frmDueRegister::frmDueRegister() : RegisterScreen(u"frmDueRegister"_s, u"Client 
 {
     lvSummary = new ListView(u"lvSummary"_s, {{u"Client"_s, 70}, {u"Due Amount"_s, 30, true}});
     lvSummary->setAccessibleName(windowTitle());
+    lvSummary->letSort();
     setRegister(lvSummary);
     lblTotal = new QLabel;
     lblTotal->setObjectName(u"lblTotal"_s);
@@ -33,6 +34,8 @@ void frmDueRegister::ExcuteSQl()
         rows.push_back({.cells = {due.title, Money(due.amount.toDouble())}, .tag = due.client});
     }
     lblTotal->setText(u"Clients : %1    Total Due : %2"_s.arg(rows.size()).arg(Money(total.toDouble())));
+    lvSummary->setEmptyText(u"No client owes anything on %1.\nWho does comes here by his job cards and vouchers."_s.arg(
+        DayMonthYear(session::CurrentDate)));
     showRows(std::move(rows), lvSummary->currentRow() < 0 ? Keep::First : Keep::Tag);
 }
 

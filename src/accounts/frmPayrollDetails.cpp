@@ -14,6 +14,7 @@ frmPayrollDetails::frmPayrollDetails()
 {
     lvSummary = new ListView(u"lvSummary"_s, wagesList::columns(u"Qty."_s));
     lvSummary->setAccessibleName(windowTitle());
+    lvSummary->setEmptyText(u"No job is paid by this payroll any more."_s);
     setRegister(lvSummary);
     cmdPrint = new Command(u"cmdPrint"_s, u"&Print"_s);
     auto *whole = new QVBoxLayout(this);
@@ -21,14 +22,17 @@ frmPayrollDetails::frmPayrollDetails()
     whole->addWidget(cmdPrint, 0, Qt::AlignRight);
     resize(1060, 560);
     printKey(cmdPrint);
-    connect(cmdPrint, &Command::clicked, this,
-        [this] { wagesList::print(lvSummary->list(), PayrollWorkerTitle, u" x "_s); });
+    connect(cmdPrint, &Command::clicked, this, [this] {
+        wagesList::print(
+            lvSummary->list(), PayrollWorkerTitle, u" x "_s, u"Payroll %1 %2"_s.arg(m_number).arg(PayrollWorkerTitle));
+    });
     session::NeedRefresh = true;
 }
 
 void frmPayrollDetails::ExecuteSQL(const QString &workerTitle, qint32 payrollNumber)
 {
     PayrollWorkerTitle = workerTitle;
+    m_number = payrollNumber;
     showRows(wagesList::read(
                  u"Select * from JOBS_Detail where PayrollID="_s + QString::number(payrollNumber) + u" order by ID"_s),
         Keep::First);

@@ -18,4 +18,5 @@ private:
     ListView *lvSummary;
     Command *cmdPrint;
     QString PayrollWorkerTitle;
+    qint32 m_number = 0;
 };

@@ -31,6 +31,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int workerLetters = 14;
+const auto chooseWorker = u"Choose a worker: View (Alt+V) lists his completed jobs."_s;
 
 QRadioButton *option(const QString &name, const QString &caption)
 {
@@ -100,6 +101,7 @@ QLayout *frmWorkerWagesRegister::buildLists()
 {
     lvSummary = new ListView(u"lvSummary"_s, wagesList::columns(u"Qty"_s));
     lvSummary->setAccessibleName(windowTitle());
+    lvSummary->setEmptyText(chooseWorker);
     setRegister(lvSummary);
     m_pieces = new PiecesPanel(u"QNT"_s, *lvSummary);
     auto *row = new QHBoxLayout;
@@ -135,9 +137,15 @@ void frmWorkerWagesRegister::connectCommands()
     connect(cmdView, &Command::clicked, this, &frmWorkerWagesRegister::view);
     connect(cmdPayroll, &Command::clicked, this, &frmWorkerWagesRegister::createPayroll);
     printKey(cmdPrint);
-    connect(cmdPrint, &Command::clicked, this,
-        [this] { wagesList::print(lvSummary->list(), cmbClient->Text(), u" x  "_s); });
+    connect(cmdPrint, &Command::clicked, this, [this] {
+        wagesList::print(lvSummary->list(), cmbClient->Text(), u" x  "_s,
+            u"Wages Register %1 %2 to %3"_s.arg(
+                cmbClient->Text(), DayMonthYear(m_period->from()), DayMonthYear(m_period->to())));
+    });
     connect(cmdDetails, &Command::clicked, m_pieces, &PiecesPanel::open);
+    onKey(
+        Qt::CTRL | Qt::Key_O, u"Order of the details"_s, [this] { m_pieces->openOrderMenu(); },
+        [this] { return m_pieces->isVisible(); });
 }
 
 void frmWorkerWagesRegister::view()
@@ -153,10 +161,17 @@ void frmWorkerWagesRegister::ExecuteSQL()
     const bool isChosen = SelectComboEntry(*cmbClient) >= 0;
     const auto worker = isChosen ? findAccountID(cmbClient->Text()) : std::nullopt;
     if (!worker) {
+        lvSummary->setEmptyText(chooseWorker);
         showRows({}, Keep::First);
         return tellWhatAPayrollPosts();
     }
     buildStatement(*worker);
+    lvSummary->setEmptyText(
+        u"No %1 job of %2 %3.\n\nCompleted jobs come here by the date of their card. Other dates and "
+        "View (Alt+V) list others."_s.arg(op1->isChecked() ? u"completed"_s
+                : ViewIsUnpaid                             ? u"unpaid"_s
+                                                           : u"paid"_s,
+            cmbClient->Text(), m_period->inWords()));
     showRows(wagesList::read(WagesSQL), Keep::Place);
     session::NeedRefresh = false;
     m_quantities = itemRows::quantityByItem(DE().CN, *worker, m_period->from(), m_period->to(), true);

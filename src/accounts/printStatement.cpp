@@ -52,6 +52,7 @@ std::optional<ReportPages> printStatement(const ListModel &list, const AccountSt
     ReportSection &pageFoot = report.section(u"Section3");
     pageFoot.setText(u"lblTotalDr", Money(-statement.PeriodDebits));
     pageFoot.setText(u"lblTotalCr", Money(statement.PeriodCredits));
+    report.setFileName(u"Account Statement %1 %2 to %3"_s.arg(account, DayMonthYear(from), DayMonthYear(to)));
     std::optional<ReportPages> pages = layOut(report, rows);
     rows.close();
     return pages;

@@ -45,6 +45,7 @@ void printVoucher(qint32 number, const QString &kind, const QString &remark)
     ReportSection &foot = report.section(u"Section3");
     foot.setText(u"lblForCompany", u"For "_s + session::ShopName);
     foot.setText(u"txtRemark", remark);
+    report.setFileName(u"Voucher %1 %2"_s.arg(number).arg(kind));
     const auto pages = layOut(report, legs);
     legs.close();
     if (pages)

@@ -50,7 +50,7 @@ std::vector<ListRow> wagesList::read(const QString &statement)
     return rows;
 }
 
-void wagesList::print(const ListModel &list, const QString &worker, const QString &times)
+void wagesList::print(const ListModel &list, const QString &worker, const QString &times, const QString &file)
 {
     const auto item = [&times](
                           const ListRow &row) -> Value { return row.cells.at(Quantity) + times + row.cells.at(Item); };
@@ -66,6 +66,7 @@ void wagesList::print(const ListModel &list, const QString &worker, const QStrin
         return;
     Report report = rptWagesRegister();
     report.section(u"Section2").setText(u"lblWorkerName", worker);
+    report.setFileName(file);
     const auto pages = layOut(report, rows);
     rows.close();
     if (pages)

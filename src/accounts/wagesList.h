@@ -17,7 +17,7 @@ enum Column { Date, Job, Client, Quantity, Item, Wages, Balance, Completed, Paid
 [[nodiscard]] std::vector<ListRow> read(const QString &statement);
 
 /// Shows the print of all rows of the list, by way of the scratch table `wagesregister`. `times` stands between a
-/// quantity and its item.
-void print(const ListModel &list, const QString &worker, const QString &times);
+/// quantity and its item; `file` is what a file of it is called.
+void print(const ListModel &list, const QString &worker, const QString &times, const QString &file);
 
 } // namespace wagesList

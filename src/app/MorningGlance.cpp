@@ -10,6 +10,7 @@
 #include "ui/Screen.h"
 #include "ui/fieldTip.h"
 #include "ui/frmMsg.h"
+#include "ui/workingDate.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -29,9 +30,10 @@ std::vector<quint64> stampsOf(const glanceLines::Source &source)
     return stamps;
 }
 
-QString numbered(size_t line)
+/// Alt and a digit reach nine.
+QString numbered(size_t place)
 {
-    return u'&' + QString::number(line + 1);
+    return place < 10 ? u'&' + QString::number(place) : QString();
 }
 
 /// Keeps the room of one, so that all lines begin at the same place.
@@ -87,7 +89,7 @@ void MorningGlance::buildForm()
         m_readings.push_back({.firstLine = m_lines.size()});
         for (const QString &name : source.names) {
             const size_t line = m_lines.size();
-            m_lines.push_back({.command = new Command(name, numbered(line))});
+            m_lines.push_back({.command = new Command(name, numbered(m_lines.size() + 1))});
             form->addWidget(m_lines.back().command);
             connect(m_lines.back().command, &Command::clicked, this, [this, line] { emit chosen(m_lines[line].open); });
         }
@@ -127,6 +129,8 @@ void MorningGlance::readOn()
         read(number);
         return m_turn.start(0);
     }
+    numberLines();
+    workingDate::mark(*lblDay);
     lblDay->setText(u"Morning glance, "_s + DayMonthYear(session::CurrentDate));
     show();
     raise();
@@ -157,8 +161,18 @@ void MorningGlance::read(size_t number)
     for (size_t i = 0; i < lines.size(); ++i) {
         Entry &entry = m_lines[reading.firstLine + i];
         entry.open = lines[i].open;
-        entry.command->setText(numbered(reading.firstLine + i) + u"   "_s + lines[i].text);
+        entry.text = lines[i].text;
         entry.command->setIcon(lines[i].isSomething && !lines[i].icon.isNull() ? lines[i].icon : noIcon());
         entry.command->setToolTip(fault);
+    }
+}
+
+void MorningGlance::numberLines()
+{
+    size_t place = 0;
+    for (const Entry &entry : m_lines) {
+        entry.command->setVisible(!entry.text.isEmpty());
+        if (!entry.text.isEmpty())
+            entry.command->setText(numbered(++place) + u"   "_s + entry.text);
     }
 }

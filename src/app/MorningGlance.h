@@ -11,7 +11,7 @@ class Command;
 class QLabel;
 
 /// What the working day begins with, on the main screen: a command a line, by Alt and its number, that leads to its
-/// register. It is shown once all lines have been read, each in a turn of the event loop of its own, so that a key
+/// register. In a shop without a job card it begins with what leads to the first. It is shown once all lines have been read, each in a turn of the event loop of its own, so that a key
 /// waits for one line at most; a line is read anew when its tables were written to or the working date is another one.
 class MorningGlance : public QFrame {
     Q_OBJECT
@@ -32,6 +32,7 @@ signals:
 private:
     struct Entry {
         Command *command;
+        QString text = {};
         std::function<void()> open = {};
     };
     /// What a source was last read from.
@@ -46,6 +47,7 @@ private:
     void readOn();
     [[nodiscard]] bool isAsRead(size_t number) const;
     void read(size_t number);
+    void numberLines();
 
     QLabel *lblDay;
     Command *cmdHide;

@@ -26,6 +26,7 @@
 #include "ui/frmMsg.h"
 #include "ui/language.h"
 #include "ui/theme.h"
+#include "ui/workingDate.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -41,6 +42,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int minute = 60 * 1000;
+constexpr QColor warningOnAccent(0xff, 0xe0, 0x8a);
 
 void fill(QWidget &strip, const QColor &background)
 {
@@ -73,7 +77,8 @@ frmMain::frmMain()
         u"Corvane %1.%2 | www.corvane.example | Made to measure"_s.arg(CORVANE_VERSION_MAJOR)
             .arg(CORVANE_VERSION_MINOR)),
       lblShopName(new NameLabel(u"lblShopName"_s)), TodayDate(new DateField(u"TodayDate"_s)), Picture1(new WallArea),
-      lblUser(new QLabel), lblCopies(new NameLabel(u"lblCopies"_s)), m_copier(new SafetyCopier(this))
+      lblUser(new QLabel), lblCopies(new NameLabel(u"lblCopies"_s)), lblNotToday(new QLabel(u"is not today"_s)),
+      m_copier(new SafetyCopier(this))
 {
     setWindowFlags(Qt::Window);
     lblUser->setObjectName(u"lblUser"_s);
@@ -87,6 +92,10 @@ frmMain::frmMain()
         if (isVisible())
             takeDate();
     });
+    // Midnight passes over a program that is left on.
+    auto *clock = new QTimer(this);
+    connect(clock, &QTimer::timeout, this, &frmMain::tellIfNotToday);
+    clock->start(minute);
     connect(m_copier, &SafetyCopier::failed, this, &frmMain::tellCopyFailed);
     connect(m_copier, &SafetyCopier::made, lblCopies, [this] { lblCopies->setText({}); });
     connect(m_copier, &SafetyCopier::isThere, lblCopies, [this] { lblCopies->setText({}); });
@@ -121,12 +130,15 @@ QWidget *frmMain::buildHead()
     enlarge(*lblShopName, 2.1);
     QLabel *caption = coloured(captionOf(TodayDate, u"Working Date (F2)"_s), Qt::white);
     TodayDate->setMinimumWidth(150);
+    lblNotToday->setObjectName(u"lblNotToday"_s);
+    enlarge(*coloured(lblNotToday, warningOnAccent), 1);
 
     auto *row = new QHBoxLayout(head);
     row->setContentsMargins(24, 16, 24, 16);
     row->addWidget(lblShopName, 1);
     row->addWidget(caption);
     row->addWidget(TodayDate);
+    row->addWidget(lblNotToday);
     return head;
 }
 
@@ -260,6 +272,15 @@ void frmMain::RefershINFO()
     // Showing the date is not choosing it: the stored one must outlive a session that follows the machine's date.
     const QSignalBlocker quiet(TodayDate);
     TodayDate->setDate(session::CurrentDate);
+    tellIfNotToday();
+}
+
+void frmMain::tellIfNotToday()
+{
+    lblNotToday->setVisible(!workingDate::isToday());
+    lblNotToday->setToolTip(workingDate::warning());
+    TodayDate->setToolTip(workingDate::warning());
+    TodayDate->setAccessibleDescription(workingDate::warning());
 }
 
 void frmMain::SetWall()
@@ -279,6 +300,7 @@ void frmMain::takeDate()
 {
     session::CurrentDate = TodayDate->date();
     SaveSetting(setting::WorkingDate, DateText(session::CurrentDate));
+    tellIfNotToday();
     if (m_glance)
         m_glance->lookAgain();
 }

@@ -41,6 +41,7 @@ private:
     [[nodiscard]] QWidget *buildFoot();
     [[nodiscard]] bool load();
     void takeDate();
+    void tellIfNotToday();
     void addGlance();
     void leadOn(const std::function<void()> &next);
     void tellCopyFailed(const QString &why);
@@ -50,6 +51,7 @@ private:
     WallArea *Picture1;
     QLabel *lblUser;
     NameLabel *lblCopies;
+    QLabel *lblNotToday;
     SafetyCopier *m_copier;
     /// None before the screen was painted.
     MorningGlance *m_glance = nullptr;

@@ -7,6 +7,8 @@
 #include "base/values.h"
 #include "comms/birthdays.h"
 #include "comms/frmBirthDayRimenders.h"
+#include "jobcards/frmEditJOB.h"
+#include "masters/MasterList.h"
 #include "registers/frmDeliveryRegister.h"
 #include "registers/frmTrailDate.h"
 #include "store/DataEnvironment.h"
@@ -25,6 +27,30 @@ QString counted(qsizetype count, const QString &one, const QString &several)
     if (count > 1)
         return QString::number(count) + u' ' + several;
     return (count == 1 ? u"1 "_s : u"No "_s) + one;
+}
+
+bool hasAny(const QString &statement)
+{
+    Recordset rows(DE().CN);
+    rows.open(statement);
+    return rows.value(0).toInt() > 0;
+}
+
+/// The way to the first job card, as long as there is none.
+std::vector<Line> beginning(QDate /*day*/)
+{
+    std::vector<Line> lines(3);
+    if (hasAny(u"Select count(ID) from Jobs"_s))
+        return lines;
+    const auto tell = [](Line &line, const QString &text, void (*open)()) {
+        line = {.text = text, .isSomething = true, .open = open};
+    };
+    if (!hasAny(u"Select count(ID) from Items"_s))
+        tell(lines[0], u"Begin here: no items yet. Write what the shop makes"_s, [] { frmItems().exec(); });
+    if (!hasAny(u"Select count(ID) from Accounts where Type="_s + QString::number(accountType::Client)))
+        tell(lines[1], u"No clients yet. Write the first, here or on his job card"_s, [] { frmClients().exec(); });
+    tell(lines[2], u"No job card yet. Book the first"_s, [] { frmEditJOB().ShowAddNew(); });
+    return lines;
 }
 
 /// Bought goods among them, as in the register.
@@ -114,6 +140,7 @@ std::vector<Line> lastBackup(QDate /*day*/)
 const std::vector<Source> &sources()
 {
     static const std::vector<Source> all{
+        {{u"cmdBeginItems"_s, u"cmdBeginClients"_s, u"cmdBeginCard"_s}, {"jobs", "items", "accounts"}, beginning},
         {{u"cmdOverdue"_s, u"cmdDueToday"_s}, {"jobs_detail"}, deliveries},
         {{u"cmdTrials"_s}, {"jobs"}, trials},
         {{u"cmdBirthdays"_s}, {"accounts"}, birthdays},

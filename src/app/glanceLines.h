@@ -12,6 +12,7 @@
 namespace glanceLines {
 
 struct Line {
+    /// A line without one is not shown.
     QString text;
     /// Whether there is something to be seen to.
     bool isSomething = false;

@@ -283,6 +283,14 @@ QString numberIn(const QString &text)
     return found.hasNext() ? QString() : QString(first).remove(u',');
 }
 
+std::optional<double> shownNumber(const QString &text)
+{
+    const QString number = numberIn(text);
+    if (number.isEmpty())
+        return {};
+    return text.trimmed().startsWith(u'(') ? -Val(number) : Val(number);
+}
+
 QString NumberText(double number)
 {
     constexpr double firstWithExponent = 1e15;

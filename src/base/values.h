@@ -20,6 +20,10 @@
 /// names none or several.
 [[nodiscard]] QString numberIn(const QString &text);
 
+/// The one number that a text of the program shows: signs of groups, brackets for a minus, and words around it. None
+/// where it shows none or several.
+[[nodiscard]] std::optional<double> shownNumber(const QString &text);
+
 /// Plain decimal form with at most 15 significant digits and no trailing zeros; exponent form from 1E+15 on.
 [[nodiscard]] QString NumberText(double number);
 

@@ -34,6 +34,7 @@ void frmBirthDayRimenders::buildForm()
     Command1->setDefault(true);
     lvSummary = new ListView(u"lvSummary"_s, {{u"Name"_s, 50}, {u"DOB"_s, 22}, {u"Contact"_s, 28}});
     lvSummary->setAccessibleName(windowTitle());
+    lvSummary->letSort();
     setRegister(lvSummary);
     m_reminder =
         new ReminderPanel(*lvSummary, setting::BirthdayGreeting, setting::defaultOf(setting::BirthdayGreeting));
@@ -72,6 +73,9 @@ void frmBirthDayRimenders::showBirthdays()
             {.cells = {clients.text(u"Title"), DayMonthYear(clients.date(u"dob")), clients.textOrEmpty(u"Mobile")},
                 .tag = clients.integer(u"Id")});
     clients.close();
+    lvSummary->setEmptyText(
+        u"No client has a birthday on %1.\nThe date of birth is kept with the client, under Masters, Clients."_s.arg(
+            DayMonthYear(day)));
     const bool isSameDay = std::exchange(m_shown, day) == day;
     showRows(std::move(rows), isSameDay && lvSummary->currentRow() >= 0 ? Keep::Tag : Keep::First);
 }

@@ -38,6 +38,7 @@ void JobCardItems::buildForm()
     lvItems = new ListView(u"lvItems"_s,
         {{u"Item"_s, 30}, {u"Remark"_s, 30}, {u"QTY"_s, 12, true}, {u"FEES"_s, 12, true}, {u"Amount"_s, 12, true}});
     lvItems->setAccessibleName(u"Items"_s);
+    lvItems->setEmptyText(u"No items yet.\nAdd (Alt+A) puts in the first."_s);
     Command4 = new Command(u"Command4"_s, u"&Add"_s);
     Command10 = new Command(u"Command10"_s, u"&Copy"_s);
     Command5 = new Command(u"Command5"_s, u"Remove"_s);

@@ -39,6 +39,7 @@ void PrintJobCard(int JobID)
     });
     Report report = rptJOBCARD();
     dress(report);
+    report.setFileName(u"Job Card %1 %2"_s.arg(JobID).arg(cards.text(u"Name")));
     const auto pages = layOut(report, cards);
     cards.close();
     if (!pages)

@@ -1,5 +1,6 @@
 #include "jobcards/ScrollingText.h"
 
+#include "ui/fieldTip.h"
 #include "ui/theme.h"
 
 #include <QColor>
@@ -12,7 +13,13 @@ namespace {
 
 constexpr int stepPixels = 1;
 constexpr int stepMilliseconds = 20;
+/// Quickly in, so that it is soon read.
+constexpr int comingPixels = 32;
+constexpr int home = 8;
 constexpr int startAt = 786;
+/// How long it stands: all of it is read, or as much as there is room for.
+constexpr int wholeMilliseconds = 15000;
+constexpr int partMilliseconds = 4000;
 
 } // namespace
 
@@ -30,8 +37,7 @@ ScrollingText::ScrollingText(const QString &labelName, QWidget *parent) : QWidge
     setAutoFillBackground(true);
     m_label->setPalette(band);
     setFixedHeight(m_label->fontMetrics().height() + 12);
-    m_label->move(8, 6);
-    m_timer.setInterval(stepMilliseconds);
+    m_label->move(home, 6);
     connect(&m_timer, &QTimer::timeout, this, &ScrollingText::moveOn);
 }
 
@@ -44,24 +50,38 @@ void ScrollingText::setText(const QString &text)
 {
     m_label->setText(text);
     m_label->adjustSize();
+    setToolTip(plainTip(text));
+    stand();
 }
 
 void ScrollingText::restart()
 {
-    m_label->move(startAt, m_label->y());
+    m_label->move(std::max(startAt, width()), m_label->y());
+    m_isComing = true;
+    m_timer.setInterval(stepMilliseconds);
+}
+
+void ScrollingText::stand()
+{
+    m_label->move(home, m_label->y());
+    m_isComing = false;
+    m_timer.setInterval(m_label->geometry().right() < width() ? wholeMilliseconds : partMilliseconds);
 }
 
 void ScrollingText::moveOn()
 {
+    m_timer.setInterval(stepMilliseconds);
     if (m_label->geometry().right() < 0)
-        restart();
-    else
-        m_label->move(m_label->x() - stepPixels, m_label->y());
+        return restart();
+    m_label->move(m_label->x() - (m_isComing ? comingPixels : stepPixels), m_label->y());
+    if (m_isComing && m_label->x() <= home)
+        stand();
 }
 
 void ScrollingText::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
+    stand();
     m_timer.start();
 }
 

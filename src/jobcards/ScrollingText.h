@@ -5,8 +5,8 @@
 
 class QLabel;
 
-/// A line of text that wanders from right to left and starts again at the right when it has left the view.
-/// It moves only while it can be seen.
+/// A line of text that comes in from the right, stands at its beginning until it is read, wanders off to the left, and
+/// comes in again when it has left the view. Its tool tip has it whole. It moves only while it can be seen.
 class ScrollingText : public QWidget {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     explicit ScrollingText(const QString &labelName, QWidget *parent = nullptr);
 
     [[nodiscard]] QString text() const;
-    /// The text goes on from where the last one is.
+    /// The new text stands at its beginning.
     void setText(const QString &text);
     /// Starts again at the right.
     void restart();
@@ -25,8 +25,10 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    void stand();
     void moveOn();
 
     QLabel *m_label;
     QTimer m_timer;
+    bool m_isComing = false;
 };

@@ -34,6 +34,7 @@ struct MasterList::Kind {
     QStringList (*names)();
     void (*addNew)();
     void (*edit)(int id);
+    QString emptyText;
     QString backCaption = u"&Back"_s;
     bool controlAAdds = false;
 };
@@ -49,6 +50,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .names = [] { return accountTitles(u" where Type="_s + QString::number(accountType::Client)); },
             .addNew = [] { frmEditClients().AddNew(); },
             .edit = [](int id) { frmEditClients().Edit(id); },
+            .emptyText = u"No clients yet.\nAdd New (Ctrl+A) writes the first."_s,
             .controlAAdds = true},
         {.screen = u"frmWorkers"_s,
             .title = u"Workers"_s,
@@ -57,7 +59,8 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .lookups = &DataEnvironment::rsaccounts,
             .names = [] { return accountTitles(u" where Type="_s + QString::number(accountType::Worker)); },
             .addNew = [] { frmEditWorker().AddNew(); },
-            .edit = [](int id) { frmEditWorker().Edit(id); }},
+            .edit = [](int id) { frmEditWorker().Edit(id); },
+            .emptyText = u"No workers yet.\nAdd New (Alt+A) writes the first."_s},
         {.screen = u"frmItems"_s,
             .title = u"Items"_s,
             .table = u"Items"_s,
@@ -65,7 +68,9 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .lookups = &DataEnvironment::rsItems2,
             .names = [] { return FillComboAll(u"Name"_s, u"Name"_s, u"Items"_s, DE().rsITEMS); },
             .addNew = [] { frmEditItem().AddNew(); },
-            .edit = [](int id) { frmEditItem().Edit(id); }},
+            .edit = [](int id) { frmEditItem().Edit(id); },
+            .emptyText = u"No items yet.\n"
+                         "Add New (Alt+A) writes the first: what the shop makes, its charge and its measurements."_s},
         {.screen = u"frmAccountsList"_s,
             .title = u"Accounts"_s,
             .table = u"Accounts"_s,
@@ -74,6 +79,7 @@ const MasterList::Kind &MasterList::kindOf(Master master)
             .names = [] { return accountTitles(u" where type="_s + QString::number(accountType::Ledger)); },
             .addNew = [] { frmEditAccount().ShowAddNew(); },
             .edit = [](int id) { frmEditAccount().ShowEdit(id); },
+            .emptyText = u"No accounts yet.\nAdd New (Alt+A) writes the first."_s,
             .backCaption = u"Back"_s},
     };
     return kinds[master];
@@ -96,6 +102,7 @@ void MasterList::buildForm()
     lstSummary = new ListView(u"lstSummary"_s, {{m_kind.title, 100}});
     lstSummary->setHeaderHidden(true);
     lstSummary->setAccessibleName(m_kind.title);
+    lstSummary->setEmptyText(m_kind.emptyText);
     setRegister(lstSummary);
     Command1 = new Command(u"Command1"_s, u"&Add New"_s);
     Command1->setDefault(true);

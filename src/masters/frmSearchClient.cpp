@@ -23,6 +23,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int searchesInARow = 2;
+const auto howToSearch = u"Type a part of the name, the address, the mobile number or another field.\n"
+                         "The clients that have it come here."_s;
 
 } // namespace
 
@@ -53,6 +55,8 @@ void frmSearchClient::buildForm()
     }
     lvResults = new ListView(u"lvResults"_s, {{u"Name"_s, 30}, {u"Address"_s, 34}, {u"City"_s, 16}, {u"Mobile"_s, 20}});
     lvResults->setAccessibleName(u"Clients"_s);
+    lvResults->setEmptyText(howToSearch);
+    lvResults->letSort();
     setRegister(lvResults);
 
     auto *query = new QGroupBox(u"Alter Query"_s);
@@ -120,6 +124,10 @@ void frmSearchClient::SearchText(const QString &text, const QString &column)
                 .tag = clients.integer(u"ID")});
         clients.close();
     }
+    lvResults->setEmptyText(text.isEmpty()
+            ? howToSearch
+            : u"No client's %1 has \"%2\".\nA shorter part of it, or another field, may find more."_s.arg(
+                column.toLower() == u"title" ? u"name"_s : column.toLower(), text));
     // Enter right after the last letter takes the first hit.
     showRows(std::move(rows), Keep::First);
     FindListItem(*lvResults, text);

@@ -32,6 +32,9 @@ frmDDP::frmDDP() : RegisterScreen(u"frmDDP"_s, u"Pending Orders Status"_s, Refre
         {{u"Name of Item"_s, 24}, {u"Production Cap."_s, 18, true}, {u"Pending Orders"_s, 18, true},
             {u"Order Today"_s, 14, true}, {u"Watting"_s, 11, true}, {u"Pre. Del. Date"_s, 15, true}});
     lvSummary->setAccessibleName(windowTitle());
+    lvSummary->setEmptyText(u"No item has a production capacity.\n"
+                            "Enter under Masters, Items how many pieces can be made in a day."_s);
+    lvSummary->letSort();
     setRegister(lvSummary);
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary);

@@ -21,6 +21,9 @@ frmRatings::frmRatings() : RegisterScreen(u"frmRatings"_s, u"Ratings"_s, Refresh
         u"lvSummary"_s, {{u"Rank"_s, 12, true}, {u"Worker Name"_s, 48}, {u"Scorer"_s, 15, true}, {u"Rating"_s, 25}});
     lvSummary->setAccessibleName(windowTitle());
     lvSummary->setIconSize(signs::starsSize());
+    lvSummary->setEmptyText(
+        u"No workers yet.\nMasters, Workers adds them; Feedback on what they have made rates them."_s);
+    lvSummary->letSort();
     setRegister(lvSummary);
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary);

@@ -20,6 +20,8 @@ frmWorkerReport2::frmWorkerReport2()
 {
     lvSummary = new ListView(u"lvSummary"_s, {{u"Sr"_s, 12, true}, {u"Worker"_s, 60}, {u"Jobs in Hand"_s, 28, true}});
     lvSummary->setAccessibleName(windowTitle());
+    lvSummary->setEmptyText(u"No workers yet.\nMasters, Workers adds them."_s);
+    lvSummary->letSort();
     setRegister(lvSummary);
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary);

@@ -9,6 +9,7 @@
 #include "reports/rptLabel.h"
 #include "reports/rptWorkerJobCard.h"
 #include "store/DataEnvironment.h"
+#include "store/lookups.h"
 #include "store/settings.h"
 #include "ui/frmMsg.h"
 #include "ui/language.h"
@@ -39,7 +40,8 @@ void putInHindi(ReportSection &section)
     }
 }
 
-void preview(Report report, QStringView companySection, qint32 rowID)
+/// `file` begins the name that a file of it gets.
+void preview(Report report, const QString &file, QStringView companySection, qint32 rowID)
 {
     Recordset &row = DE().rsJOBS_DETAIL;
     row.reopen(u"Select * from JOBS_DETAIL where id="_s + QString::number(rowID));
@@ -50,6 +52,10 @@ void preview(Report report, QStringView companySection, qint32 rowID)
     report.section(companySection).setText(u"lblCompany", session::ShopName);
     report.section(u"Section1").control(u"code").picture =
         qrCode(u"%1/%2"_s.arg(row.integer(u"JobID")).arg(row.integer(u"ItemSr")));
+    report.setFileName(u"%1 %2-%3 %4"_s.arg(file)
+                           .arg(row.integer(u"JobID"))
+                           .arg(row.integer(u"ItemSr"))
+                           .arg(itemNameOrBlank(row.integer(u"ItemID"))));
     const auto pages = layOut(report, row);
     row.close();
     if (pages)
@@ -63,10 +69,10 @@ void printAssignment::slip(qint32 rowID)
     Report report = rptWorkerJobCard();
     if (isHindiSlip())
         putInHindi(report.section(u"Section1"));
-    preview(std::move(report), u"Section2", rowID);
+    preview(std::move(report), u"Slip"_s, u"Section2", rowID);
 }
 
 void printAssignment::label(qint32 rowID)
 {
-    preview(rptLabel(), u"Section1", rowID);
+    preview(rptLabel(), u"Label"_s, u"Section1", rowID);
 }

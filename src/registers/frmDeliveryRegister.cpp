@@ -25,6 +25,7 @@
 #include "ui/language.h"
 #include "ui/listFilter.h"
 #include "ui/modAutoSearch.h"
+#include "ui/workingDate.h"
 
 #include <QBoxLayout>
 #include <QHeaderView>
@@ -254,6 +255,7 @@ void frmDeliveryRegister::fillWorkers()
 void frmDeliveryRegister::activated()
 {
     lblCurrentDate->setText(u"Current Date : "_s + DayMonthYear(session::CurrentDate));
+    workingDate::mark(*lblCurrentDate);
     RegisterScreen::activated();
 }
 
@@ -343,11 +345,14 @@ void frmDeliveryRegister::tellWhatIsListed(const QString &status)
 {
     const QString every = m_openOnly ? u"what is not handed over"_s : u"every status"_s;
     const QString which = status.isEmpty() ? every : status;
-    if (mode == u"SID"_s)
-        return lblListed->setText(u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which));
     const QString whose = mode == u"CUST"_s || mode == u"S"_s ? m_whom : u"All workers"_s;
-    lblListed->setText(u"%1, %2, promised for %3 to %4"_s.arg(
-        whose, which, DayMonthYear(m_period->from()), DayMonthYear(m_period->to())));
+    const QString listed = mode == u"SID"_s ? u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which)
+                                            : u"%1, %2, promised for %3 to %4"_s.arg(whose, which,
+                                                DayMonthYear(m_period->from()), DayMonthYear(m_period->to()));
+    lblListed->setText(listed);
+    lvSummary->setEmptyText(
+        u"No garment is listed for this:\n%1\n\nOther dates and Show All, or another word under Sort, list "
+        "more; Job ID lists a card whatever its dates."_s.arg(listed));
 }
 
 void frmDeliveryRegister::showAll()

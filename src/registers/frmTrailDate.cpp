@@ -87,6 +87,7 @@ void frmTrailDate::buildForm()
     lvSummary = new ListView(u"lvSummary"_s,
         {{u"Name"_s, 25}, {u"Trial Date"_s, 20}, {u"Status"_s, 27}, {u"Job ID"_s, 9, true}, {u"Contact"_s, 19}});
     lvSummary->setAccessibleName(windowTitle());
+    lvSummary->letSort();
     setRegister(lvSummary);
     m_reminder = new ReminderPanel(*lvSummary, setting::TrialReminder,
         u"Dear Customer\r\nYour Trial Date is : \r\n"_s + setting::defaultOf(setting::TrialReminder));
@@ -131,6 +132,8 @@ void frmTrailDate::showTrials()
     for (; !jobs.eof(); jobs.moveNext())
         rows.push_back(rowOf(jobs));
     jobs.close();
+    lvSummary->setEmptyText(
+        u"No trial %1.\nEach job card has a trial date; other dates and Show list them."_s.arg(m_period->inWords()));
     const QString period = m_period->between();
     const bool isSamePeriod = std::exchange(m_shown, period) == period;
     showRows(std::move(rows), isSamePeriod && lvSummary->currentRow() >= 0 ? Keep::Tag : Keep::First);

@@ -317,6 +317,9 @@ void frmWorkerJobRegister::connectCommands()
     connect(Command3, &Command::clicked, this, &frmWorkerJobRegister::overview);
     onKey(Qt::CTRL | Qt::Key_D, u"Details"_s, [this] { Command1->trigger(); });
     onKey(Qt::CTRL | Qt::Key_F, u"Quick Find"_s, [this] { Command8->trigger(); });
+    onKey(
+        Qt::CTRL | Qt::Key_O, u"Order of the details"_s, [this] { m_pieces->openOrderMenu(); },
+        [this] { return m_pieces->isVisible(); });
 }
 
 void frmWorkerJobRegister::setMarks()
@@ -471,13 +474,19 @@ void frmWorkerJobRegister::fillDetails()
 void frmWorkerJobRegister::tellWhatIsListed(const QString &condition)
 {
     const QString which = condition == all ? u"every status"_s : condition;
-    if (mode == u"SID"_s)
-        return lblListed->setText(u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which));
     const QString whose = mode == u"C"_s ? u"All workers"_s : m_whom;
-    if (mode == u"CUSTUNDEL"_s)
-        return lblListed->setText(u"%1, %2, all dates"_s.arg(whose, which));
-    lblListed->setText(u"%1, %2, %3 %4 to %5"_s.arg(whose, which, opDt1->isChecked() ? u"booked"_s : u"promised for"_s,
-        DayMonthYear(m_period->from()), DayMonthYear(m_period->to())));
+    QString listed;
+    if (mode == u"SID"_s)
+        listed = u"Job %1, %2"_s.arg(NumberText(Val(txtSearchID->Text())), which);
+    else if (mode == u"CUSTUNDEL"_s)
+        listed = u"%1, %2, all dates"_s.arg(whose, which);
+    else
+        listed = u"%1, %2, %3 %4 to %5"_s.arg(whose, which, opDt1->isChecked() ? u"booked"_s : u"promised for"_s,
+            DayMonthYear(m_period->from()), DayMonthYear(m_period->to()));
+    lblListed->setText(listed);
+    lvSummary->setEmptyText(
+        u"No garment is listed for this:\n%1\n\nOther dates and View (Alt+V), or another word under Sort, "
+        "list more; Job ID lists a card whatever its dates."_s.arg(listed));
 }
 
 void frmWorkerJobRegister::view()

@@ -35,6 +35,26 @@ void PageView::setCurrentPage(int number)
     emit changed();
 }
 
+void PageView::readOn()
+{
+    QScrollBar &bar = *verticalScrollBar();
+    if (bar.value() < bar.maximum())
+        bar.triggerAction(QScrollBar::SliderPageStepAdd);
+    else
+        setCurrentPage(m_number + 1);
+}
+
+void PageView::readBack()
+{
+    QScrollBar &bar = *verticalScrollBar();
+    if (bar.value() > bar.minimum())
+        return bar.triggerAction(QScrollBar::SliderPageStepSub);
+    const int before = m_number;
+    setCurrentPage(m_number - 1);
+    if (m_number != before)
+        bar.setValue(bar.maximum());
+}
+
 void PageView::setFit(Fit fit)
 {
     m_fit = fit;
@@ -82,7 +102,8 @@ void PageView::layOutPaper()
     const QSize whole = paperSize() + QSize(2 * margin, 2 * margin);
     const auto range = [](QScrollBar &bar, int length, int room) {
         bar.setRange(0, std::max(0, length - room));
-        bar.setPageStep(room);
+        // A line of what was read last stays in sight.
+        bar.setPageStep(std::max(lineStep, room - lineStep));
         bar.setSingleStep(lineStep);
     };
     range(*verticalScrollBar(), whole.height(), viewport()->height());

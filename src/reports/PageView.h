@@ -5,6 +5,7 @@
 #include <QAbstractScrollArea>
 
 /// Shows one page of a report at a time, as paper on a grey ground. The arrow keys and the wheel move it in sight.
+/// Begins with the whole page.
 class PageView : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -18,6 +19,10 @@ public:
     /// From 1 on. Turning to one that isn't there turns to the next that is.
     [[nodiscard]] int currentPage() const { return m_number; }
     void setCurrentPage(int number);
+    /// On by what is in sight; from the page's end to the next page, and from its beginning to the end of the one
+    /// before.
+    void readOn();
+    void readBack();
 
     [[nodiscard]] Fit fit() const { return m_fit; }
     void setFit(Fit fit);
@@ -42,6 +47,6 @@ private:
     ReportPages m_pages;
     int m_number = 1;
     ReportPages::Page m_page;
-    Fit m_fit = Fit::Width;
+    Fit m_fit = Fit::Page;
     double m_zoom = 1;
 };

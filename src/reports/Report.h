@@ -16,7 +16,7 @@ public:
         int bottom = 600;
     };
 
-    /// `title` names the print job and the PDF. Without `details` each row of the source is a detail. With it, each row
+    /// `title` names the print job. Without `details` each row of the source is a detail. With it, each row
     /// is a group whose details are the rows of its child of that name.
     Report(const QString &title, const Paper &paper, const QString &details = {});
 
@@ -26,6 +26,9 @@ public:
     [[nodiscard]] ReportSection &section(QStringView name);
 
     [[nodiscard]] const QString &title() const { return m_title; }
+    /// What a file of it is called, in the user's words and without a suffix; the title unless it is set.
+    void setFileName(const QString &name) { m_fileName = name; }
+    [[nodiscard]] const QString &fileName() const { return m_fileName.isEmpty() ? m_title : m_fileName; }
     [[nodiscard]] const Paper &paper() const { return m_paper; }
 
 private:
@@ -33,6 +36,7 @@ private:
     [[nodiscard]] const ReportSection *find(ReportSection::Kind kind) const;
 
     QString m_title;
+    QString m_fileName;
     Paper m_paper;
     QString m_details;
     std::deque<ReportSection> m_sections;

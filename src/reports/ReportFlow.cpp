@@ -21,7 +21,8 @@ std::optional<ReportPages> layOut(const Report &report, Recordset &source)
     if (!flow->measure([&progress](qint64 done, qint64 total) { return progress.at(done, total); }))
         return {};
     return ReportPages(
-        report.title(), report.paper().size, flow->pageCount(), [flow](int index) { return flow->makePage(index); });
+        report.title(), report.paper().size, flow->pageCount(), [flow](int index) { return flow->makePage(index); },
+        report.fileName());
 }
 
 ReportFlow::ReportFlow(const Report &report, std::shared_ptr<Recordset> rows)

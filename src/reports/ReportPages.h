@@ -41,13 +41,17 @@ public:
     /// With a `family`, that one, where the machine has it.
     [[nodiscard]] static QFont font(double pointSize, QFont::Weight weight, bool italic, const QString &family = {});
 
-    /// `make` makes the page of an index, counted from 0 up to `count`. `paper` in twips.
-    ReportPages(const QString &title, QSize paper, int count, std::function<Page(int index)> make)
-        : m_title(title), m_paper(paper), m_count(count), m_make(std::move(make))
+    /// `make` makes the page of an index, counted from 0 up to `count`. `paper` in twips. `fileName` is what a file of
+    /// them is called, in the user's words and without a suffix; where it is empty, the title.
+    ReportPages(
+        const QString &title, QSize paper, int count, std::function<Page(int index)> make, const QString &fileName = {})
+        : m_title(title), m_fileName(fileName.isEmpty() ? title : fileName), m_paper(paper), m_count(count),
+          m_make(std::move(make))
     {
     }
 
     [[nodiscard]] const QString &title() const { return m_title; }
+    [[nodiscard]] const QString &fileName() const { return m_fileName; }
     [[nodiscard]] QSize paper() const { return m_paper; }
     /// The paper as it is: labels of any size, and what is wider than high as a landscape of a known size where it is
     /// one.
@@ -76,6 +80,7 @@ private:
     [[nodiscard]] Drawn put(QPagedPaintDevice &device, int first, int last, Progress &progress) const;
 
     QString m_title;
+    QString m_fileName;
     QSize m_paper;
     int m_count;
     std::function<Page(int index)> m_make;

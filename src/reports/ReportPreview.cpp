@@ -17,10 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int signWidth = 30;
-constexpr double zoomStep = 1.25;
-constexpr double leastZoom = 0.25;
-constexpr double mostZoom = 4;
-constexpr std::array zoomPercents{50, 75, 100, 125, 150, 200, 300, 400};
+constexpr std::array zoomPercents{25, 50, 75, 100, 125, 150, 200, 300, 400};
 /// Places of the entries of the zoom box that are no percentages.
 enum ZoomEntry { WholePage, PageWidth, FirstPercent };
 
@@ -49,12 +46,12 @@ void ReportPreview::buildForm()
     nameAloud(m_view, u"Pages"_s);
 
     cmdFirst = signCommand(u"cmdFirst"_s, u"\u00ab"_s, u"First page (Home)"_s);
-    cmdPrevious = signCommand(u"cmdPrevious"_s, u"\u2039"_s, u"Previous page (Page Up)"_s);
+    cmdPrevious = signCommand(u"cmdPrevious"_s, u"\u2039"_s, u"Previous page (Ctrl+Page Up)"_s);
     lblPage = new QLabel;
     lblPage->setObjectName(u"lblPage"_s);
     lblPage->setAlignment(Qt::AlignCenter);
     lblPage->setMinimumWidth(lblPage->fontMetrics().horizontalAdvance(u"Page 888 of 888"_s));
-    cmdNext = signCommand(u"cmdNext"_s, u"\u203a"_s, u"Next page (Page Down)"_s);
+    cmdNext = signCommand(u"cmdNext"_s, u"\u203a"_s, u"Next page (Ctrl+Page Down)"_s);
     cmdLast = signCommand(u"cmdLast"_s, u"\u00bb"_s, u"Last page (End)"_s);
     cmdZoomOut = signCommand(u"cmdZoomOut"_s, u"\u2212"_s, u"Smaller (-)"_s);
     cmbZoom = new QComboBox;
@@ -64,7 +61,7 @@ void ReportPreview::buildForm()
     cmbZoom->addItem(u"Page Width"_s);
     for (const int percent : zoomPercents)
         cmbZoom->addItem(QString::number(percent) + u'%');
-    cmbZoom->setCurrentIndex(PageWidth);
+    cmbZoom->setCurrentIndex(WholePage);
     cmdZoomIn = signCommand(u"cmdZoomIn"_s, u"+"_s, u"Larger (+)"_s);
     cmdSavePdf = new Command(u"cmdSavePdf"_s, u"&Save as PDF"_s);
     cmdClose = new Command(u"cmdClose"_s, u"&Close"_s);
@@ -95,8 +92,8 @@ void ReportPreview::connectCommands()
     connect(cmdPrevious, &Command::clicked, this, [this] { turnTo(m_view->currentPage() - 1); });
     connect(cmdNext, &Command::clicked, this, [this] { turnTo(m_view->currentPage() + 1); });
     connect(cmdLast, &Command::clicked, this, [this] { turnTo(m_pages.count()); });
-    connect(cmdZoomOut, &Command::clicked, this, [this] { zoom(1 / zoomStep); });
-    connect(cmdZoomIn, &Command::clicked, this, [this] { zoom(zoomStep); });
+    connect(cmdZoomOut, &Command::clicked, this, [this] { zoomOut(); });
+    connect(cmdZoomIn, &Command::clicked, this, [this] { zoomIn(); });
     connect(cmbZoom, &QComboBox::activated, this, &ReportPreview::chooseZoom);
     connect(cmdPrint, &Command::clicked, this, [this] { reportOutput::askAndPrint(m_pages, this); });
     connect(cmdSavePdf, &Command::clicked, this, [this] { reportOutput::saveAsPdf(m_pages); });
@@ -107,17 +104,19 @@ void ReportPreview::connectCommands()
     // In the zoom box they choose.
     const auto outsideZoom = [this] { return !cmbZoom->hasFocus(); };
     onKey(
-        Qt::Key_PageDown, u"Next page"_s, [this] { turnTo(m_view->currentPage() + 1); }, outsideZoom);
+        Qt::Key_PageDown, u"Read on"_s, [this] { m_view->readOn(); }, outsideZoom);
     onKey(
-        Qt::Key_PageUp, u"Previous page"_s, [this] { turnTo(m_view->currentPage() - 1); }, outsideZoom);
+        Qt::Key_PageUp, u"Read back"_s, [this] { m_view->readBack(); }, outsideZoom);
+    onKey(Qt::CTRL | Qt::Key_PageDown, u"Next page"_s, [this] { turnTo(m_view->currentPage() + 1); });
+    onKey(Qt::CTRL | Qt::Key_PageUp, u"Previous page"_s, [this] { turnTo(m_view->currentPage() - 1); });
     onKey(
         Qt::Key_Home, u"First page"_s, [this] { turnTo(1); }, outsideZoom);
     onKey(
         Qt::Key_End, u"Last page"_s, [this] { turnTo(m_pages.count()); }, outsideZoom);
     onKey(
-        Qt::Key_Plus, u"Larger"_s, [this] { zoom(zoomStep); }, outsideZoom);
+        Qt::Key_Plus, u"Larger"_s, [this] { zoomIn(); }, outsideZoom);
     onKey(
-        Qt::Key_Minus, u"Smaller"_s, [this] { zoom(1 / zoomStep); }, outsideZoom);
+        Qt::Key_Minus, u"Smaller"_s, [this] { zoomOut(); }, outsideZoom);
 }
 
 void ReportPreview::turnTo(int number)
@@ -125,9 +124,24 @@ void ReportPreview::turnTo(int number)
     m_view->setCurrentPage(number);
 }
 
-void ReportPreview::zoom(double factor)
+/// To the next percentage that can be chosen.
+void ReportPreview::zoomIn()
 {
-    m_view->setZoomFactor(std::clamp(m_view->zoomFactor() * factor, leastZoom, mostZoom));
+    const auto next = std::ranges::upper_bound(zoomPercents, shownPercent());
+    if (next != zoomPercents.end())
+        m_view->setZoomFactor(*next / 100.0);
+}
+
+void ReportPreview::zoomOut()
+{
+    const auto next = std::ranges::lower_bound(zoomPercents, shownPercent());
+    if (next != zoomPercents.begin())
+        m_view->setZoomFactor(*std::prev(next) / 100.0);
+}
+
+int ReportPreview::shownPercent() const
+{
+    return qRound(m_view->zoomFactor() * 100);
 }
 
 void ReportPreview::chooseZoom(int entry)
@@ -149,9 +163,6 @@ void ReportPreview::showState()
     cmdNext->setEnabled(number < m_pages.count());
     cmdLast->setEnabled(number < m_pages.count());
     if (m_view->fit() == PageView::Fit::Percent) {
-        const QString percent = QString::number(qRound(m_view->zoomFactor() * 100)) + u'%';
-        const int entry = cmbZoom->findText(percent);
-        cmbZoom->setCurrentIndex(entry);
-        cmbZoom->setPlaceholderText(percent);
+        cmbZoom->setCurrentIndex(cmbZoom->findText(QString::number(shownPercent()) + u'%'));
     }
 }

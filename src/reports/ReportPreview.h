@@ -8,8 +8,9 @@ class QComboBox;
 class QLabel;
 class PageView;
 
-/// "Print Preview": turns the pages of a report, zooms, prints it and saves it as PDF. Page Down and Page Up turn, Home
-/// and End go to the first and last page, + and - zoom, the arrow keys move the page in sight.
+/// "Print Preview": turns the pages of a report, zooms, prints it and saves it as PDF. Page Down and Page Up read on
+/// and back, with Ctrl they turn at once; Home and End go to the first and last page, + and - zoom, the arrow keys move
+/// the page in sight.
 class ReportPreview : public Screen {
     Q_OBJECT
 
@@ -21,7 +22,9 @@ private:
     void buildForm();
     void connectCommands();
     void turnTo(int number);
-    void zoom(double factor);
+    void zoomIn();
+    void zoomOut();
+    [[nodiscard]] int shownPercent() const;
     void chooseZoom(int entry);
     void showState();
 

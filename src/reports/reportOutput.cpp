@@ -5,9 +5,12 @@
 #include "reports/ReportPages.h"
 #include "ui/fileChoice.h"
 #include "ui/frmMsg.h"
+#include "ui/userValues.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QPageLayout>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +41,44 @@ void printBy(const ReportPages &pages, Way way)
                      }}));
 }
 
+const auto folderKey = u"Folders/Pdf"_s;
+
+/// On whatever disk the file is kept or taken to.
+QString asFileName(QString text)
+{
+    // Disks count bytes and take 255; the file has a longer name while it is written.
+    constexpr qsizetype most = 200;
+    static const QRegularExpression notAllowed(uR"([\\/:*?"<>|\x00-\x1f\x7f])"_s);
+    text.replace(notAllowed, u"_"_s);
+    while (text.toUtf8().size() > most)
+        text.chop(1);
+    return text.trimmed() + u".pdf"_s;
+}
+
+QDir folderToOffer()
+{
+    for (const QString &folder : {userValues().value(folderKey).toString(),
+             QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)}) {
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return QDir(folder);
+    }
+    return QDir::home();
+}
+
+/// False where the file cannot be written: the user was told.
+bool writePdf(const ReportPages &pages, const QString &path)
+{
+    try {
+        if (pages.savePdf(path) == ReportPages::Drawn::Whole)
+            ShowMessage(u"PDF file has been saved.\r\n"_s + QDir::toNativeSeparators(path));
+        return true;
+    } catch (const RuntimeError &error) {
+        ShowMessage(
+            u"The PDF file cannot be written there!\r\n"_s + QDir::toNativeSeparators(path) + u"\r\n"_s + error.text());
+        return false;
+    }
+}
+
 } // namespace
 
 void reportOutput::print(const ReportPages &pages)
@@ -52,16 +93,11 @@ void reportOutput::askAndPrint(const ReportPages &pages, QWidget *parent)
 
 void reportOutput::saveAsPdf(const ReportPages &pages)
 {
-    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    const QString path = fileChoice::save(
-        u"Save as PDF"_s, documents.filePath(pages.title() + u".pdf"_s), u"PDF files (*.pdf)"_s, u"pdf"_s);
-    if (path.isEmpty())
-        return;
-    try {
-        if (pages.savePdf(path) == ReportPages::Drawn::Whole)
-            ShowMessage(u"PDF file has been saved.\r\n"_s + QDir::toNativeSeparators(path));
-    } catch (const RuntimeError &error) {
-        ShowMessage(
-            u"The PDF file cannot be written there!\r\n"_s + QDir::toNativeSeparators(path) + u"\r\n"_s + error.text());
-    }
+    QString path = folderToOffer().filePath(asFileName(pages.fileName()));
+    do {
+        path = fileChoice::save(u"Save as PDF"_s, path, u"PDF files (*.pdf)"_s, u"pdf"_s);
+        if (path.isEmpty())
+            return;
+    } while (!writePdf(pages, path));
+    userValues().setValue(folderKey, QFileInfo(path).path());
 }

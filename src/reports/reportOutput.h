@@ -12,7 +12,8 @@ void print(const ReportPages &pages);
 /// Asks for a printer and prints; `parent` is the window in front.
 void askAndPrint(const ReportPages &pages, QWidget *parent);
 
-/// Asks for a file and writes the report there as PDF.
+/// Asks for a file and writes the report there as PDF. Where that fails, the user is told and asked again. It offers
+/// the report's own name, in the folder used last.
 void saveAsPdf(const ReportPages &pages);
 
 } // namespace reportOutput

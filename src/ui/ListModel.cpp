@@ -1,9 +1,14 @@
 #include "ui/ListModel.h"
 
+#include "ui/listOrder.h"
+
 #include <QFont>
 
 #include <algorithm>
 #include <cstdlib>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -34,6 +39,11 @@ void ListModel::setRows(std::vector<ListRow> rows)
 {
     beginResetModel();
     m_rows = std::move(rows);
+    m_nextPlace = rowCount();
+    m_ownPlaces.resize(m_rows.size());
+    std::iota(m_ownPlaces.begin(), m_ownPlaces.end(), 0);
+    if (m_sortColumn >= 0)
+        std::ignore = sortRows();
     endResetModel();
 }
 
@@ -42,6 +52,7 @@ int ListModel::appendRow(ListRow row)
     const auto place = static_cast<int>(m_rows.size());
     beginInsertRows({}, place, place);
     m_rows.push_back(std::move(row));
+    m_ownPlaces.push_back(m_nextPlace++);
     endInsertRows();
     return place;
 }
@@ -65,6 +76,11 @@ void ListModel::setTag(int row, const QVariant &tag)
 {
     m_rows.at(static_cast<size_t>(row)).tag = tag;
     emit dataChanged(index(row, 0), index(row, 0), {Qt::UserRole});
+}
+
+bool ListModel::isEmpty() const
+{
+    return std::ranges::all_of(m_rows, &ListRow::closes);
 }
 
 int ListModel::rowOfTag(const QVariant &tag, int near) const
@@ -138,9 +154,16 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
     const ListColumn &column = m_columns[static_cast<size_t>(section)];
+    const bool isSorted = section == m_sortColumn;
+    const bool isAscending = m_sortOrder == Qt::AscendingOrder;
+    // The arrow stands before the title, where a narrow column does not cut it.
+    if (role == Qt::DisplayRole && isSorted)
+        return (isAscending ? u"\u25b2 "_s : u"\u25bc "_s) + column.title;
     // In a narrow column the tip shows what the head has no room for.
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return column.title;
+    if (role == Qt::AccessibleTextRole && isSorted)
+        return column.title + (isAscending ? u", ascending"_s : u", descending"_s);
     if (role == Qt::TextAlignmentRole)
         return alignment(column);
     return {};
@@ -152,6 +175,46 @@ bool ListModel::removeRows(int row, int count, const QModelIndex &parent)
         return false;
     beginRemoveRows({}, row, row + count - 1);
     m_rows.erase(m_rows.begin() + row, m_rows.begin() + row + count);
+    m_ownPlaces.erase(m_ownPlaces.begin() + row, m_ownPlaces.begin() + row + count);
     endRemoveRows();
     return true;
+}
+
+void ListModel::sort(int column, Qt::SortOrder order)
+{
+    m_sortColumn = column < columnCount() ? column : -1;
+    m_sortOrder = order;
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    emit layoutAboutToBeChanged({}, VerticalSortHint);
+    const std::vector<int> from = sortRows();
+    std::vector<int> to(from.size());
+    for (size_t place = 0; place < from.size(); ++place)
+        to[static_cast<size_t>(from[place])] = static_cast<int>(place);
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    for (const QModelIndex &cell : before)
+        after += index(to[static_cast<size_t>(cell.row())], cell.column());
+    changePersistentIndexList(before, after);
+    emit layoutChanged({}, VerticalSortHint);
+}
+
+/// Returns where each row was.
+std::vector<int> ListModel::sortRows()
+{
+    std::vector<int> from(m_rows.size());
+    std::iota(from.begin(), from.end(), 0);
+    std::ranges::sort(from, {}, [this](int place) { return m_ownPlaces[static_cast<size_t>(place)]; });
+    if (m_sortColumn >= 0)
+        listOrder::sort(from, m_rows, m_sortColumn, columns()[static_cast<size_t>(m_sortColumn)].numeric, m_sortOrder);
+    std::vector<ListRow> rows;
+    std::vector<int> ownPlaces;
+    rows.reserve(from.size());
+    ownPlaces.reserve(from.size());
+    for (const int place : from) {
+        rows.push_back(std::move(m_rows[static_cast<size_t>(place)]));
+        ownPlaces.push_back(m_ownPlaces[static_cast<size_t>(place)]);
+    }
+    m_rows = std::move(rows);
+    m_ownPlaces = std::move(ownPlaces);
+    return from;
 }

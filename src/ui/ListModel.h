@@ -34,12 +34,16 @@ struct ListRow {
     CellLook look = {};
     QList<std::pair<int, CellLook>> looks = {};
     QColor background = {};
+    /// Sums up the others: a list of such rows alone is an empty one.
+    bool closes = false;
 
     [[nodiscard]] bool hasTag() const;
     [[nodiscard]] const CellLook &lookOf(int column) const;
 };
 
 /// Rows of a list. Cells are texts; `Qt::UserRole` of column 0 is the row's tag. Cells that a row lacks are empty.
+/// Where the user has sorted them, the model holds them in his order, so that a row's index is always its place on the
+/// screen.
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -51,10 +55,10 @@ public:
     using ToolTips = std::function<QString(const ListRow &row, int column)>;
     void setToolTips(ToolTips toolTips) { m_toolTips = std::move(toolTips); }
 
-    /// Replaces all rows in one reset, however many.
+    /// Replaces all rows in one reset, however many. They come in the list's own order and are sorted as the list is.
     void setRows(std::vector<ListRow> rows);
     void clear() { setRows({}); }
-    /// Returns the new row's index.
+    /// Returns the new row's index. It is the last until the rows are sorted anew.
     int appendRow(ListRow row);
     /// REQUIRES for these: `row` and `column` are there. A row goes by `removeRow(row)` of the base.
     void setRow(int row, ListRow newRow);
@@ -64,6 +68,8 @@ public:
     [[nodiscard]] const ListRow &at(int row) const { return m_rows.at(static_cast<size_t>(row)); }
     [[nodiscard]] QString cell(int row, int column) const { return at(row).cells.value(column); }
     [[nodiscard]] QVariant tag(int row) const { return at(row).tag; }
+    /// Nothing is listed, or sums of nothing.
+    [[nodiscard]] bool isEmpty() const;
 
     /// The row with that tag, or -1; of several the one nearest to the place `near`, by default the first.
     [[nodiscard]] int rowOfTag(const QVariant &tag, int near = 0) const;
@@ -79,9 +85,19 @@ public:
     [[nodiscard]] QVariant headerData(
         int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     bool removeRows(int row, int count, const QModelIndex &parent = {}) override;
+    /// By `listOrder`; with -1 the list's own order is back. It holds for rows to come. A row that is changed stays
+    /// where it is.
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
 private:
+    [[nodiscard]] std::vector<int> sortRows();
+
     std::vector<ListColumn> m_columns;
     std::vector<ListRow> m_rows;
+    /// The place of each row in the list's own order; numbers of removed rows are missing.
+    std::vector<int> m_ownPlaces;
+    int m_nextPlace = 0;
+    int m_sortColumn = -1;
+    Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     ToolTips m_toolTips;
 };

@@ -1,11 +1,14 @@
 #include "ui/ListView.h"
 
+#include "ui/theme.h"
 #include "ui/userValues.h"
 
 #include <QContextMenuEvent>
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int leastColumnWidth = 24;
+constexpr int emptyTextMargin = 24;
 /// As wide as a date in bold letters with a sign before it.
 const auto shortText = u"00-MMM-0000 MMMM"_s;
 
@@ -39,9 +43,71 @@ ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget
     connect(header(), &QHeaderView::sectionMoved, this, &ListView::keepUserOrder);
     connect(m_list, &ListModel::modelReset, this, [this] {
         measureFirstRow();
+        tellEmpty();
         emit currentRowChanged(-1);
     });
+    connect(m_list, &ListModel::rowsInserted, this, &ListView::tellEmpty);
+    connect(m_list, &ListModel::rowsRemoved, this, &ListView::tellEmpty);
     connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex &index) { emit opened(index.row()); });
+}
+
+void ListView::letSort()
+{
+    header()->setSortIndicatorClearable(true);
+    header()->setSortIndicator(-1, Qt::AscendingOrder);
+    setSortingEnabled(true);
+    // The model's arrow is larger.
+    header()->setSortIndicatorShown(false);
+    // Only now: by then the rows are sorted.
+    connect(header(), &QHeaderView::sortIndicatorChanged, this, [this] {
+        shareWidth();
+        scrollTo(currentIndex());
+        keepUserSort();
+    });
+    header()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header(), &QHeaderView::customContextMenuRequested, this, &ListView::openOrderMenu);
+}
+
+void ListView::openOrderMenu()
+{
+    auto *menu = new QMenu(this);
+    menu->setObjectName(u"orderMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const int sorted = header()->sortIndicatorSection();
+    for (int place = 0; place < m_list->columnCount(); ++place) {
+        const int column = header()->logicalIndex(place);
+        QString text = u"&%1   %2"_s.arg(place + 1).arg(m_list->columns()[static_cast<size_t>(column)].title);
+        if (column == sorted)
+            text += header()->sortIndicatorOrder() == Qt::AscendingOrder ? u"\tascending"_s : u"\tdescending"_s;
+        connect(menu->addAction(text), &QAction::triggered, this, [this, column] { sortNext(column); });
+    }
+    menu->addSeparator();
+    connect(menu->addAction(u"&0   The list's own order"_s), &QAction::triggered, this,
+        [this] { header()->setSortIndicator(-1, Qt::AscendingOrder); });
+    menu->popup(header()->mapToGlobal(QPoint(0, header()->height())));
+    menu->setActiveAction(menu->actions().at(sorted < 0 ? 0 : header()->visualIndex(sorted)));
+}
+
+void ListView::sortNext(int column)
+{
+    if (header()->sortIndicatorSection() != column)
+        header()->setSortIndicator(column, Qt::AscendingOrder);
+    else if (header()->sortIndicatorOrder() == Qt::AscendingOrder)
+        header()->setSortIndicator(column, Qt::DescendingOrder);
+    else
+        header()->setSortIndicator(-1, Qt::AscendingOrder);
+}
+
+void ListView::setEmptyText(const QString &text)
+{
+    m_emptyText = text;
+    tellEmpty();
+}
+
+void ListView::tellEmpty()
+{
+    setAccessibleDescription(m_list->isEmpty() ? m_emptyText : QString());
+    viewport()->update();
 }
 
 int ListView::currentRow() const
@@ -88,6 +154,20 @@ void ListView::currentChanged(const QModelIndex &current, const QModelIndex &pre
     emit currentRowChanged(current.isValid() ? current.row() : -1);
 }
 
+void ListView::paintEvent(QPaintEvent *event)
+{
+    QTreeView::paintEvent(event);
+    if (!m_list->isEmpty())
+        return;
+    QRect room = viewport()->rect();
+    if (const int rows = m_list->rowCount(); rows > 0)
+        room.setTop(visualRect(m_list->index(rows - 1, 0)).bottom());
+    QPainter painter(viewport());
+    painter.setPen(theme::muted());
+    painter.drawText(
+        room.adjusted(emptyTextMargin, 0, -emptyTextMargin, 0), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+}
+
 void ListView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);
@@ -99,6 +179,7 @@ void ListView::showEvent(QShowEvent *event)
     if (!m_userColumnsRead) {
         m_userColumnsRead = true;
         readUserColumns();
+        readUserSort();
     }
     shareWidth();
     QTreeView::showEvent(event);
@@ -118,6 +199,20 @@ void ListView::readUserColumns()
         return;
     for (int place = 0; place < order.size(); ++place)
         header()->moveSection(header()->visualIndex(order.at(place).toInt()), place);
+}
+
+void ListView::readUserSort()
+{
+    const QScopedValueRollback arranging(m_arranging, true);
+    const QVariantList kept = userValues().value(sortKey()).toList();
+    const int column = kept.value(0, -1).toInt();
+    if (!letsSort() || kept.size() != 2 || column < 0 || column >= m_list->columnCount())
+        return;
+    // A list begins with its first row, whichever that is.
+    const bool isAtBeginning = currentRow() == 0;
+    header()->setSortIndicator(column, kept.at(1).toBool() ? Qt::DescendingOrder : Qt::AscendingOrder);
+    if (isAtBeginning)
+        setCurrentRow(0);
 }
 
 /// Once, so that the columns stand still from one filling to the next: dates, numbers and words of the first row tell
@@ -199,6 +294,17 @@ void ListView::keepUserOrder()
     userValues().setValue(orderKey(), order);
 }
 
+void ListView::keepUserSort()
+{
+    if (m_arranging || !isVisible())
+        return;
+    const int column = header()->sortIndicatorSection();
+    if (column < 0)
+        userValues().remove(sortKey());
+    else
+        userValues().setValue(sortKey(), QVariantList{column, header()->sortIndicatorOrder() == Qt::DescendingOrder});
+}
+
 QString ListView::widthsKey() const
 {
     return u"Lists/%1.%2"_s.arg(window()->objectName(), objectName());
@@ -207,4 +313,9 @@ QString ListView::widthsKey() const
 QString ListView::orderKey() const
 {
     return widthsKey() + u".order"_s;
+}
+
+QString ListView::sortKey() const
+{
+    return widthsKey() + u".sort"_s;
 }

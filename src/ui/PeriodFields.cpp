@@ -79,6 +79,12 @@ QString PeriodFields::between() const
     return u"between #%1# and #%2#"_s.arg(DayMonthYear(from()), DayMonthYear(to()));
 }
 
+QString PeriodFields::inWords() const
+{
+    return from() == to() ? u"on "_s + DayMonthYear(from())
+                          : u"between %1 and %2"_s.arg(DayMonthYear(from()), DayMonthYear(to()));
+}
+
 QList<QWidget *> PeriodFields::fields() const
 {
     return {DateFrom, DateTo};

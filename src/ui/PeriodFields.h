@@ -32,6 +32,9 @@ public:
     /// "between #01-Apr-2011# and #30-Apr-2011#", for statements.
     [[nodiscard]] QString between() const;
 
+    /// "between 01-Apr-2011 and 30-Apr-2011", or "on 01-Apr-2011".
+    [[nodiscard]] QString inWords() const;
+
     /// In the order of their tabs.
     [[nodiscard]] QList<QWidget *> fields() const;
 

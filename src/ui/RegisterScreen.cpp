@@ -30,6 +30,8 @@ void RegisterScreen::setRegister(ListView *list)
     onKey(
         Qt::Key_Escape, u"Leave the search"_s, [finder] { finder->leave(); }, [finder] { return finder->isVisible(); });
     tellKey({u"Enter"_s, u"On a line: open it"_s});
+    if (list->letsSort())
+        onKey(Qt::CTRL | Qt::Key_O, u"Order of the list"_s, [list] { list->openOrderMenu(); });
 }
 
 void RegisterScreen::setPeriod(PeriodFields *period)

@@ -7,7 +7,8 @@ class ListView;
 class PeriodFields;
 
 /// A screen that is a list over rows of the file: it fills itself when it has to, keeps what the user looks at in view,
-/// opens rows, finds a text in them (Ctrl+L), and has commands on a row, by a menu and by keys.
+/// opens rows, finds a text in them (Ctrl+L), sorts them where its list lets them be sorted (Ctrl+O), and has commands
+/// on a row, by a menu and by keys.
 class RegisterScreen : public Screen {
     Q_OBJECT
 

@@ -14,8 +14,8 @@ void closeWithCount(std::vector<ListRow> &rows, const Closing &closing)
     const auto count = std::ranges::count_if(rows, &ListRow::hasTag);
     const QStringList blanks(closing.columns, u" "_s);
     if (closing.afterBlankRow)
-        rows.push_back({.cells = blanks});
-    ListRow total{.cells = blanks, .look = closing.look, .looks = closing.looks};
+        rows.push_back({.cells = blanks, .closes = true});
+    ListRow total{.cells = blanks, .look = closing.look, .looks = closing.looks, .closes = true};
     total.cells[closing.column] = closing.words + QString::number(count);
     rows.push_back(std::move(total));
 }

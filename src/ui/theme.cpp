@@ -125,7 +125,8 @@ QPalette houseColours()
 {
     const QColor window(0xf2, 0xf4, 0xf7);
     const QColor ink(0x16, 0x21, 0x2c);
-    const QColor faint(0x9a, 0xa4, 0xaf);
+    // Fainter than what can be used, and still read.
+    const QColor faint(0x5d, 0x69, 0x75);
     QPalette colours(window);
     colours.setColor(QPalette::Window, window);
     colours.setColor(QPalette::WindowText, ink);
@@ -157,7 +158,7 @@ QPushButton:pressed, QPushButton:checked { background: #d5e0ec; }
 QPushButton:default { background: #1d5a8a; border-color: #1d5a8a; color: white; font-weight: 600; }
 QPushButton:default:hover { background: #256ca4; }
 QPushButton:focus { border: 2px solid %focus%; padding: 5px 15px; outline: none; }
-QPushButton:disabled { background: #eceff3; border: 1px solid #d3d9e0; color: #9aa4af; font-weight: normal; }
+QPushButton:disabled { background: #eceff3; border: 1px solid #d3d9e0; color: #5d6975; font-weight: normal; }
 QDialogButtonBox QPushButton { min-width: 56px; }
 QToolButton:focus { border: 2px solid %focus%; border-radius: 4px; }
 

@@ -41,6 +41,7 @@ private slots:
     void anotherShopHasItsOwnChoice();
     void aLineThatCannotBeReadSaysSo();
     void noDateLeadsNowhere();
+    void anEmptyShopSaysWhereToBegin();
 };
 
 namespace {
@@ -60,6 +61,8 @@ struct Shop : TestShop {
         addAccount(u"Asha Rao"_s, {1980, 4, 10});
         addAccount(u"Babu Lal"_s, {1990, 4, 10});
         addAccount(u"Mohan"_s, {1980, 4, 10}, accountType::Worker);
+        // Of long ago, so that the shop is no new one.
+        addJob({.number = 900, .client = asha, .date = {2009, 1, 2}});
     }
 
     void addADay()
@@ -273,7 +276,7 @@ void GlanceTest::itIsSwitchedOffForGood()
     QTRY_VERIFY(screen.glance());
     QTest::qWait(50);
     QVERIFY(!screen.glance()->isVisible());
-    QCOMPARE(control<Command>(screen, "cmdOverdue").text(), u"&1"_s);
+    QVERIFY(!control<Command>(screen, "cmdOverdue").text().contains(u"overdue"_s));
     press(Qt::Key_G, Qt::ControlModifier);
     QVERIFY(screen.isShown());
     QCOMPARE(screen.line(1), u"4 deliveries are overdue"_s);
@@ -335,6 +338,38 @@ void GlanceTest::noDateLeadsNowhere()
     accessKey('3');
     QVERIFY(script.isDone());
     QVERIFY(control<DateField>(screen, "TodayDate").hasFocus());
+}
+
+void GlanceTest::anEmptyShopSaysWhereToBegin()
+{
+    TestShop shop;
+    ModalScript script;
+    const MainScreen screen;
+    QVERIFY(screen.isShown());
+    const auto shown = [&screen] {
+        QStringList lines;
+        for (const char *name : {"cmdBeginItems", "cmdBeginClients", "cmdBeginCard", "cmdOverdue"}) {
+            const auto &line = control<Command>(screen, name);
+            if (line.isVisible())
+                lines += line.text().section(u"   "_s, 0, 0) + u' ' + line.objectName().mid(3);
+        }
+        return lines.join(u' ');
+    };
+    const auto leadsTo = [&](char key, const QString &name, const std::function<void()> &work) {
+        script.expect(name, [&work](QWidget &) {
+            work();
+            press(Qt::Key_Escape);
+        });
+        accessKey(key);
+        QVERIFY(script.isDone());
+    };
+    QCOMPARE(shown(), u"&1 BeginItems &2 BeginClients &3 BeginCard &4 Overdue"_s);
+    leadsTo('1', u"frmItems"_s, [&shop] { shop.addItem(u"Coat"_s, u"Chest"_s, 400, 150); });
+    QTRY_COMPARE(shown(), u"&1 BeginClients &2 BeginCard &3 Overdue"_s);
+    leadsTo('1', u"frmClients"_s, [&shop] { shop.addAccount(u"Asha Rao"_s, {1980, 4, 10}); });
+    QTRY_COMPARE(shown(), u"&1 BeginCard &2 Overdue"_s);
+    leadsTo('1', u"frmEditJOB"_s, [&shop] { shop.addJob({.number = 1, .client = asha, .date = today}); });
+    QTRY_COMPARE(shown(), u"&1 Overdue"_s);
 }
 
 CORVANE_TEST(GlanceTest)

@@ -8,6 +8,7 @@
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
 #include "support/ModalScript.h"
+#include "support/contrast.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/Command.h"
@@ -36,6 +37,8 @@ private slots:
     void aDateTypedIsInForceAtOnceAndSurvives();
     void whatIsNoDateLeadsNowhere();
     void followingTheMachineDoesNotEraseTheStoredDate();
+    void anotherDayThanTodayIsSeen();
+    void theNameIsReadWhateverTheWallpaper();
     void closingTheCalendarConfirmsTheDate();
     void escapeAsks();
     void theTitleBarAsksNothing();
@@ -194,6 +197,54 @@ void MainTest::followingTheMachineDoesNotEraseTheStoredDate()
         QCOMPARE(control<DateField>(screen, "TodayDate").date(), QDate(2026, 6, 1));
         QCOMPARE(GetSetting(setting::WorkingDate), u"17-Nov-2025"_s);
     }));
+}
+
+void MainTest::anotherDayThanTodayIsSeen()
+{
+    ReadyShop shop;
+    QVERIFY(runProgram([](frmMain &screen) {
+        const auto &told = control<QLabel>(screen, "lblNotToday");
+        auto &TodayDate = control<DateField>(screen, "TodayDate");
+        QVERIFY(told.isVisible());
+        QCOMPARE(told.text(), u"is not today"_s);
+        QCOMPARE(TodayDate.toolTip(), u"The working date is not today, 01-Jun-2026"_s);
+        QCOMPARE(TodayDate.accessibleDescription(), TodayDate.toolTip());
+        const auto glance = [&screen] { return screen.findChild<MorningGlance *>(); };
+        QTRY_VERIFY(glance() && glance()->isVisible());
+        QCOMPARE(control<QLabel>(*glance(), "lblDay").toolTip(), TodayDate.toolTip());
+        press(Qt::Key_F2);
+        type(u"01062026"_s);
+        press(Qt::Key_Tab);
+        QCOMPARE(session::CurrentDate, QDate(2026, 6, 1));
+        QVERIFY(!told.isVisible());
+        QCOMPARE(TodayDate.toolTip(), QString());
+        QTRY_COMPARE(control<QLabel>(*glance(), "lblDay").toolTip(), QString());
+        // It is marked where it stands, and no longer.
+        QCOMPARE(control<QLabel>(*glance(), "lblDay").palette().color(QPalette::WindowText),
+            QApplication::palette().color(QPalette::WindowText));
+    }));
+}
+
+void MainTest::theNameIsReadWhateverTheWallpaper()
+{
+    ReadyShop shop;
+    setShop(u"Name"_s, u"MMMMMMMM"_s);
+    for (const QColor &colour : {QColor(Qt::white), QColor(0x1d, 0x5a, 0x8a)}) {
+        QImage picture(2000, 1500, QImage::Format_RGB32);
+        picture.fill(colour);
+        QVERIFY(picture.save(shop.path(u"wall.png"_s)));
+        SaveSetting(setting::WallpaperFile, shop.path(u"wall.png"_s));
+        QVERIFY(runProgram([](frmMain &screen) {
+            const auto &name = control<QLabel>(screen, "lblShopName");
+            // As it is seen, whatever lies behind it.
+            const QImage seen = screen.grab({name.mapTo(&screen, QPoint()), name.size()}).toImage();
+            const QColor ground = seen.pixelColor(seen.width() - 2, 1);
+            double most = 1;
+            for (int x = 0; x < seen.width(); ++x)
+                most = std::max(most, contrast::between(seen.pixelColor(x, seen.height() / 2), ground));
+            QVERIFY2(most >= contrast::enoughForText, qPrintable(QString::number(most)));
+        }));
+    }
 }
 
 void MainTest::closingTheCalendarConfirmsTheDate()

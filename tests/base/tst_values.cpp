@@ -82,7 +82,10 @@ void ValuesTest::theNumberIsFoundInAText_data()
 void ValuesTest::theNumberIsFoundInAText()
 {
     QFETCH(QString, text);
-    QTEST(numberIn(text), "number");
+    QFETCH(QString, number);
+    QCOMPARE(numberIn(text), number);
+    QCOMPARE(shownNumber(text), number.isEmpty() ? std::nullopt : std::optional(Val(number)));
+    QCOMPARE(shownNumber(u" ("_s + text + u')'), number.isEmpty() ? std::nullopt : std::optional(-Val(number)));
 }
 
 void ValuesTest::numbersAreWrittenPlainly_data()

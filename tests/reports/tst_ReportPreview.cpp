@@ -12,9 +12,12 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPdfWriter>
 #include <QScopeGuard>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -29,12 +32,17 @@ class ReportPreviewTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void keysTurnAndZoom();
+    void keysTurnThePages();
+    void keysGoThroughTheListedSizes();
+    void aPageIsReadToItsEndBeforeItIsTurned();
     void thePrinterGetsAllPages();
     void aPrintThatIsBrokenOffIsNotBegun();
     void whatStopsAPrintIsTold_data();
     void whatStopsAPrintIsTold();
     void aPdfIsSavedWhereTheUserSays();
+    void aPdfIsCalledWhatItIs_data();
+    void aPdfIsCalledWhatItIs();
+    void aPdfGoesWhereTheLastOneWent();
 };
 
 namespace {
@@ -51,7 +59,7 @@ ReportPages threePages()
 
 } // namespace
 
-void ReportPreviewTest::keysTurnAndZoom()
+void ReportPreviewTest::keysTurnThePages()
 {
     ReportPreview preview(threePages());
     QVERIFY(driver::show(preview));
@@ -60,9 +68,16 @@ void ReportPreviewTest::keysTurnAndZoom()
     QCOMPARE(preview.windowTitle(), u"Print Preview"_s);
     QCOMPARE(view.pageCount(), 3);
     QCOMPARE(page.text(), u"Page 1 of 3"_s);
+    // The whole page is in sight.
+    QCOMPARE(control<QComboBox>(preview, "cmbZoom").currentText(), u"Whole Page"_s);
+    QCOMPARE(view.verticalScrollBar()->maximum(), 0);
     press(Qt::Key_PageUp);
     QCOMPARE(page.text(), u"Page 1 of 3"_s);
     press(Qt::Key_PageDown);
+    QCOMPARE(page.text(), u"Page 2 of 3"_s);
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(page.text(), u"Page 1 of 3"_s);
+    press(Qt::Key_PageDown, Qt::ControlModifier);
     QCOMPARE(page.text(), u"Page 2 of 3"_s);
     press(Qt::Key_End);
     press(Qt::Key_PageDown);
@@ -70,23 +85,74 @@ void ReportPreviewTest::keysTurnAndZoom()
     QCOMPARE(view.currentPage(), 3);
     press(Qt::Key_Home);
     QCOMPARE(view.currentPage(), 1);
+    press(Qt::Key_Escape);
+    QVERIFY(!preview.isVisible());
+}
 
-    const double before = view.zoomFactor();
-    press(Qt::Key_Plus);
-    QVERIFY(view.zoomFactor() > before);
-    for (int i = 0; i < 40; ++i)
-        press(Qt::Key_Plus);
-    QVERIFY(view.zoomFactor() <= 4.01);
-    for (int i = 0; i < 40; ++i)
-        press(Qt::Key_Minus);
-    QVERIFY(view.zoomFactor() >= 0.24);
+void ReportPreviewTest::keysGoThroughTheListedSizes()
+{
+    ReportPreview preview(threePages());
+    QVERIFY(driver::show(preview));
+    const auto &view = control<PageView>(preview, "pages");
     auto &zoom = control<QComboBox>(preview, "cmbZoom");
+    const QStringList listed = driver::entries(zoom).mid(2);
+    const auto goThrough = [&](Qt::Key key) {
+        QStringList sizes;
+        for (qsizetype i = 0; i <= listed.size(); ++i) {
+            press(key);
+            if (sizes.isEmpty() || sizes.last() != zoom.currentText())
+                sizes += zoom.currentText();
+        }
+        return sizes;
+    };
+    const double whole = view.zoomFactor();
+    press(Qt::Key_Plus);
+    QVERIFY(view.zoomFactor() > whole);
+    const qsizetype first = listed.indexOf(zoom.currentText());
+    QVERIFY(first > 0 && listed.at(first - 1).chopped(1).toInt() <= whole * 100);
+    QCOMPARE(goThrough(Qt::Key_Plus), listed.mid(first + 1));
+    QStringList down = listed.mid(0, listed.size() - 1);
+    std::ranges::reverse(down);
+    QCOMPARE(goThrough(Qt::Key_Minus), down);
+    QCOMPARE(qRound(view.zoomFactor() * 100), 25);
     zoom.setFocus();
     press(Qt::Key_End);
     QCOMPARE(zoom.currentText(), u"400%"_s);
     QCOMPARE(qRound(view.zoomFactor() * 100), 400);
-    press(Qt::Key_Escape);
-    QVERIFY(!preview.isVisible());
+}
+
+void ReportPreviewTest::aPageIsReadToItsEndBeforeItIsTurned()
+{
+    ReportPreview preview(threePages());
+    QVERIFY(driver::show(preview));
+    auto &view = control<PageView>(preview, "pages");
+    QVERIFY(view.hasFocus());
+    view.setFit(PageView::Fit::Width);
+    const QScrollBar &bar = *view.verticalScrollBar();
+    QVERIFY(bar.maximum() > 0);
+    press(Qt::Key_Down);
+    QVERIFY(bar.value() > 0);
+    press(Qt::Key_Up);
+    QCOMPARE(bar.value(), 0);
+    int steps = 0;
+    while (bar.value() < bar.maximum() && steps < 9) {
+        const int before = bar.value();
+        press(Qt::Key_PageDown);
+        ++steps;
+        QVERIFY(bar.value() > before && bar.value() <= before + view.viewport()->height());
+        QCOMPARE(view.currentPage(), 1);
+    }
+    press(Qt::Key_PageDown);
+    QCOMPARE(view.currentPage(), 2);
+    QCOMPARE(bar.value(), 0);
+    press(Qt::Key_PageUp);
+    QCOMPARE(view.currentPage(), 1);
+    QCOMPARE(bar.value(), bar.maximum());
+    for (; steps > 0; --steps)
+        press(Qt::Key_PageUp);
+    QCOMPARE(bar.value(), 0);
+    press(Qt::Key_PageUp);
+    QCOMPARE(bar.value(), 0);
 }
 
 void ReportPreviewTest::thePrinterGetsAllPages()
@@ -203,9 +269,75 @@ void ReportPreviewTest::aPdfIsSavedWhereTheUserSays()
         script.expectMessage(u"The PDF file cannot be written there!\r\n"_s
             + QDir::toNativeSeparators(folder.filePath(u"taken.pdf"_s))
             + u"\r\nThe file is in use by another program."_s);
+        // Asked again, with what was typed.
+        script.expect(u"QFileDialog"_s, [&](QWidget &dialog) {
+            QCOMPARE(control<QLineEdit>(dialog, "fileNameEdit").text(), u"taken.pdf"_s);
+            type(folder.filePath(u"free"_s));
+            press(Qt::Key_Return);
+        });
+        script.expectMessage(
+            u"PDF file has been saved.\r\n"_s + QDir::toNativeSeparators(folder.filePath(u"free.pdf"_s)));
         accessKey('s');
+        QVERIFY(script.isDone());
     }
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), (QStringList{u"card.pdf"_s, u"free.pdf"_s}));
+}
+
+void ReportPreviewTest::aPdfIsCalledWhatItIs_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("plain") << u"Job Card 322 Asha Rao"_s << u"Job Card 322 Asha Rao.pdf"_s;
+    QTest::newRow("not allowed") << u"Slip 1/2 <A:B>\\\"C\" *?|\n"_s << u"Slip 1_2 _A_B___C_ ____.pdf"_s;
+    QTest::newRow("no name") << QString() << u"Three Pages.pdf"_s;
+    QTest::newRow("Hindi") << u"Job Card 1 \u0905"_s + QString(300, QChar(0x0905))
+                           << u"Job Card 1 "_s + QString(63, QChar(0x0905)) + u".pdf"_s;
+}
+
+void ReportPreviewTest::aPdfIsCalledWhatItIs()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, file);
+    ReportPreview preview(ReportPages(
+        u"Three Pages"_s, {11906, 16838}, 1, [](int) { return ReportPages::Page(); }, name));
+    QVERIFY(driver::show(preview));
+    ModalScript script;
+    script.expect(u"QFileDialog"_s, [&file](QWidget &dialog) {
+        QCOMPARE(control<QLineEdit>(dialog, "fileNameEdit").text(), file);
+        press(Qt::Key_Escape);
+    });
+    accessKey('s');
+    QVERIFY(script.isDone());
+}
+
+void ReportPreviewTest::aPdfGoesWhereTheLastOneWent()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(u"prints"_s));
+    const QString prints = folder.filePath(u"prints"_s);
+    const auto offered = [](const QString &typed) {
+        ReportPreview preview(threePages());
+        QString where;
+        if (!driver::show(preview))
+            return where;
+        ModalScript script;
+        script.expect(u"QFileDialog"_s, [&](QWidget &dialog) {
+            where = dynamic_cast<QFileDialog &>(dialog).directory().path();
+            if (!typed.isEmpty())
+                type(typed);
+            press(typed.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+        });
+        if (!typed.isEmpty())
+            script.expectMessage(u"PDF file has been saved.\r\n"_s + QDir::toNativeSeparators(typed) + u".pdf"_s);
+        accessKey('s');
+        return where;
+    };
+    const QString atFirst = offered(prints + u"/one"_s);
+    QVERIFY(QDir(atFirst).exists());
+    QCOMPARE(offered({}), prints);
+    // On a stick that is no longer there.
+    QVERIFY(QDir(prints).removeRecursively());
+    QCOMPARE(offered({}), atFirst);
 }
 
 CORVANE_TEST(ReportPreviewTest)

@@ -1,5 +1,6 @@
 #include "support/ShownScreens.h"
 
+#include "ui/ListView.h"
 #include "ui/NameLabel.h"
 #include "ui/Screen.h"
 
@@ -17,6 +18,10 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QTimer>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -76,6 +81,43 @@ bool isCut(const QWidget &widget)
     return widget.width() < least.width() || widget.height() < least.height();
 }
 
+/// What is seen of it, in the screen's places.
+QRect placeOn(const Screen &screen, const QWidget &widget)
+{
+    QRect place = widget.rect();
+    for (const QWidget *part = &widget; part != &screen; part = part->parentWidget())
+        place = place.translated(part->pos()).intersected(part->parentWidget()->rect());
+    return place;
+}
+
+/// It comes above what is there.
+bool isAbove(const QWidget &widget)
+{
+    const QWidget *const parent = widget.parentWidget();
+    const bool isOne = widget.objectName() == QLatin1String("notice") || widget.inherits("ctlInfo")
+        || widget.inherits("ListFinder") || widget.inherits("MorningGlance");
+    return isOne || (parent && !parent->isWindow() && isAbove(*parent));
+}
+
+bool isSeen(const QWidget &widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(&widget);
+    const bool isControl = label ? !label->text().isEmpty() : widget.focusPolicy() != Qt::NoFocus;
+    return isControl && widget.isVisible() && !isPart(widget);
+}
+
+/// The control that the caption lies over, or none.
+const QWidget *under(const Screen &screen, const QLabel &caption)
+{
+    const auto widgets = screen.findChildren<QWidget *>();
+    const auto found = std::ranges::find_if(widgets, [&](const QWidget *widget) {
+        return widget != &caption && widget->window() == &screen && isSeen(*widget)
+            && isAbove(*widget) == isAbove(caption) && !widget->isAncestorOf(&caption)
+            && placeOn(screen, *widget).intersects(placeOn(screen, caption));
+    });
+    return found == widgets.end() ? nullptr : *found;
+}
+
 void warn(const Screen &screen, const char *what, const QWidget &widget)
 {
     const auto *label = qobject_cast<const QLabel *>(&widget);
@@ -127,6 +169,13 @@ bool ShownScreens::eventFilter(QObject *watched, QEvent *event)
                 warn(*screen, "cuts", *widget);
         });
     }
+    if (const auto *caption = qobject_cast<QLabel *>(widget); caption && event->type() == QEvent::Paint) {
+        QTimer::singleShot(0, caption, [caption, screen] {
+            const QWidget *const other = isSeen(*caption) ? under(*screen, *caption) : nullptr;
+            if (other)
+                warn(*screen, qPrintable(u"has over "_s + other->objectName()), *caption);
+        });
+    }
     if (widget == screen && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
         lookAt(*screen);
     return false;
@@ -147,6 +196,10 @@ void ShownScreens::lookAt(const Screen &screen)
         const bool isSilent = isNameless(*widget) || (combo && combo->lineEdit() && isNameless(*combo->lineEdit()));
         if (isSpokenOf(*widget) && isSilent)
             warn(screen, "has no name for", *widget);
+        // By the time that it goes it was filled.
+        const auto *list = qobject_cast<const ListView *>(widget);
+        if (list && !screen.isVisible() && list->emptyText().isEmpty())
+            warn(screen, "does not say what fills", *widget);
     }
 }
 

@@ -2,12 +2,14 @@
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/ListView.h"
-#include "ui/Screen.h"
+#include "ui/RegisterScreen.h"
+#include "ui/listFilter.h"
 #include "ui/userValues.h"
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QMenu>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
@@ -27,6 +29,41 @@ public:
     ListView list;
 };
 
+/// A register that its user may sort.
+class DuesScreen : public RegisterScreen {
+public:
+    DuesScreen() : RegisterScreen(u"DuesScreen"_s, u"Dues"_s, Refresh::OnCommand)
+    {
+        resize(640, 300);
+        auto *form = new QVBoxLayout(this);
+        form->addWidget(&list);
+        list.setAccessibleName(u"Dues"_s);
+        list.letSort();
+        setRegister(&list);
+        fill({u"900.00"_s, u"1,200.00"_s, u"85.50"_s});
+    }
+
+    /// In this order; each is tagged with its place in it.
+    void fill(const QStringList &amounts)
+    {
+        std::vector<ListRow> rows;
+        for (const QString &amount : amounts)
+            rows.push_back({{u"Client"_s, amount}, static_cast<int>(rows.size()) + 1});
+        showRows(std::move(rows), list.currentRow() < 0 ? Keep::First : Keep::Tag);
+    }
+
+    [[nodiscard]] QString amounts() const { return driver::column(list, 1).join(u' '); }
+
+    ListView list{u"lvSummary"_s, {{u"Client"_s, 50}, {u"Due Amount"_s, 50, true}}};
+};
+
+void clickHead(const ListView &list, int column)
+{
+    const QHeaderView &header = *list.header();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+        {header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2});
+}
+
 /// Lists and the rows behind them.
 class ListTest : public QObject {
     Q_OBJECT
@@ -40,6 +77,15 @@ private slots:
     void aWidthGivenByHandStays();
     void aColumnStaysWhereItWasDragged();
     void aFullShopIsOneReset();
+    void eachColumnSortsAsItReads_data();
+    void eachColumnSortsAsItReads();
+    void sortedRowsCanBeChanged();
+    void clicksOnAHeadSortAndBringTheOwnOrderBack();
+    void theMenuOfColumnsDoesWhatClicksDo();
+    void theOrderIsKeptForTheNextTime();
+    void onlyAListThatLetsItIsSorted();
+    void aFullShopIsSortedAtOnce();
+    void anEmptyListSaysWhy();
 };
 
 void ListTest::rowsCanBeChangedOneByOne()
@@ -228,6 +274,228 @@ void ListTest::aFullShopIsOneReset()
     QCOMPARE(resets.count(), 1);
     QCOMPARE(inserts.count(), 0);
     QCOMPARE(driver::column(screen.list, 0).last(), u"Item 32766"_s);
+}
+
+void ListTest::eachColumnSortsAsItReads_data()
+{
+    QTest::addColumn<bool>("numeric");
+    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("ascending");
+    QTest::addColumn<QString>("descending");
+    QTest::newRow("money") << true << u"900.00|1,200.00|(75.00)|-80.00|1,10,000.00"_s
+                           << u"-80.00|(75.00)|900.00|1,200.00|1,10,000.00"_s
+                           << u"1,10,000.00|1,200.00|900.00|(75.00)|-80.00"_s;
+    QTest::newRow("numbers with words") << true << u"12 Days|3 Days|-2 Days| "_s << u" |-2 Days|3 Days|12 Days"_s
+                                        << u"12 Days|3 Days|-2 Days| "_s;
+    QTest::newRow("dates") << false << u"02-Mar-2011|31-Jan-2011||01-Apr-2010"_s
+                           << u"|01-Apr-2010|31-Jan-2011|02-Mar-2011"_s << u"02-Mar-2011|31-Jan-2011|01-Apr-2010|"_s;
+    QTest::newRow("dates aligned as numbers")
+        << true << u"02-Mar-2011|31-Jan-2011"_s << u"31-Jan-2011|02-Mar-2011"_s << u"02-Mar-2011|31-Jan-2011"_s;
+    QTest::newRow("texts") << false << u"mohan|Asha|BABU|अमित"_s << u"Asha|BABU|mohan|अमित"_s
+                           << u"अमित|mohan|BABU|Asha"_s;
+    QTest::newRow("a date among texts") << false << u"Suit|01-Apr-2010|coat"_s << u"01-Apr-2010|coat|Suit"_s
+                                        << u"Suit|coat|01-Apr-2010"_s;
+    // Those that read alike stay as they are told.
+    QTest::newRow("alike") << false << u"b|A|a|B"_s << u"A|a|b|B"_s << u"b|B|A|a"_s;
+}
+
+void ListTest::eachColumnSortsAsItReads()
+{
+    QFETCH(bool, numeric);
+    QFETCH(QString, told);
+    ListModel model({{u"Nr"_s}, {u"Column"_s, 10, numeric}});
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const auto read = [&model] {
+        QStringList texts;
+        for (const ListRow &row : model.rows())
+            texts += row.cells.at(1);
+        return texts.join(u'|');
+    };
+    std::vector<ListRow> rows;
+    for (const QString &text : told.split(u'|'))
+        rows.push_back({{QString::number(rows.size()), text}});
+    model.setRows(std::move(rows));
+    model.sort(1, Qt::DescendingOrder);
+    QTEST(read(), "descending");
+    model.sort(1, Qt::AscendingOrder);
+    QTEST(read(), "ascending");
+    model.sort(-1);
+    QCOMPARE(read(), told);
+}
+
+void ListTest::sortedRowsCanBeChanged()
+{
+    ListModel model({{u"Rating"_s}, {u"Item"_s}});
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const auto starred = [](const QString &stars, const QString &item) {
+        return ListRow{.cells = {{}, item}, .looks = {{0, {.said = stars}}}};
+    };
+    const auto items = [&model] {
+        QStringList texts;
+        for (const ListRow &row : model.rows())
+            texts += row.cells.at(1);
+        return texts.join(u' ');
+    };
+    // Where a sign stands in a text's place, its words count.
+    model.sort(0);
+    model.setRows({starred(u"3 of 5 stars"_s, u"Suit"_s), starred(u"5 of 5 stars"_s, u"Coat"_s),
+        starred(u"1 of 5 stars"_s, u"Kurta"_s)});
+    QCOMPARE(items(), u"Kurta Suit Coat"_s);
+    const QPersistentModelIndex suit = model.index(1, 1);
+    QCOMPARE(model.appendRow(starred(u"2 of 5 stars"_s, u"Shirt"_s)), 3);
+    QVERIFY(model.removeRow(0));
+    QCOMPARE(items(), u"Suit Coat Shirt"_s);
+    model.sort(0);
+    QCOMPARE(items(), u"Shirt Suit Coat"_s);
+    QCOMPARE(suit.row(), 1);
+    model.sort(-1);
+    QCOMPARE(items(), u"Suit Coat Shirt"_s);
+    QCOMPARE(suit.row(), 0);
+}
+
+void ListTest::clicksOnAHeadSortAndBringTheOwnOrderBack()
+{
+    const TestShop shop;
+    DuesScreen screen;
+    QVERIFY(driver::show(screen));
+    const ListView &list = screen.list;
+    QStringList many;
+    for (int i = 0; i < 200; ++i)
+        many += QString::number((i * 37) % 200);
+    screen.fill(many);
+    screen.list.setCurrentRow(199);
+    const QString current = list.currentTag().toString();
+    const auto isInView = [&list] {
+        return list.currentTag() == u"200"_s
+            && list.viewport()->rect().contains(list.visualRect(list.currentIndex()).center());
+    };
+    QCOMPARE(current, u"200"_s);
+    const auto head = [&list](int role) { return list.list().headerData(1, Qt::Horizontal, role).toString(); };
+    const QStringList heads{u"\u25b2 Due Amount"_s, u"\u25bc Due Amount"_s, u"Due Amount"_s};
+    const QStringList spoken{u"Due Amount, ascending"_s, u"Due Amount, descending"_s, QString()};
+    int clicks = 0;
+    for (const QString &first : {u"0 1 2 "_s, u"199 198 197 "_s, u"0 37 74 "_s}) {
+        clickHead(list, 1);
+        QCOMPARE(head(Qt::DisplayRole), heads.at(clicks));
+        QCOMPARE(head(Qt::AccessibleTextRole), spoken.at(clicks));
+        QVERIFY(list.columnWidth(1) >= list.header()->sectionSizeHint(1));
+        ++clicks;
+        QVERIFY2(screen.amounts().startsWith(first), qPrintable(screen.amounts().left(20)));
+        QVERIFY(isInView());
+    }
+    clickHead(list, 1);
+    screen.fill({u"900.00"_s, u"1,200.00"_s, u"85.50"_s});
+    QCOMPARE(screen.amounts(), u"85.50 900.00 1,200.00"_s);
+    QCOMPARE(list.header()->sortIndicatorSection(), 1);
+}
+
+void ListTest::theMenuOfColumnsDoesWhatClicksDo()
+{
+    const TestShop shop;
+    DuesScreen screen;
+    QVERIFY(driver::show(screen));
+    const auto choose = [](Qt::Key key) {
+        driver::press(Qt::Key_O, Qt::ControlModifier);
+        QTRY_VERIFY(qobject_cast<QMenu *>(QApplication::activePopupWidget()));
+        QTest::keyClick(QApplication::activePopupWidget(), key);
+        QTRY_VERIFY(!QApplication::activePopupWidget());
+    };
+    const QString told = screen.amounts();
+    choose(Qt::Key_2);
+    QCOMPARE(screen.amounts(), u"85.50 900.00 1,200.00"_s);
+    choose(Qt::Key_2);
+    QCOMPARE(screen.amounts(), u"1,200.00 900.00 85.50"_s);
+    choose(Qt::Key_2);
+    QCOMPARE(screen.amounts(), told);
+    choose(Qt::Key_2);
+    choose(Qt::Key_0);
+    QCOMPARE(screen.amounts(), told);
+    const auto &keys = screen.keys();
+    QVERIFY(std::ranges::any_of(
+        keys, [](const Screen::Key &key) { return key.key == QKeyCombination(Qt::CTRL | Qt::Key_O); }));
+}
+
+void ListTest::theOrderIsKeptForTheNextTime()
+{
+    const TestShop shop;
+    const QString told = u"900.00 1,200.00 85.50"_s;
+    for (const QString &expected : {told, u"85.50 900.00 1,200.00"_s, u"1,200.00 900.00 85.50"_s, told}) {
+        DuesScreen screen;
+        QVERIFY(driver::show(screen));
+        QCOMPARE(screen.amounts(), expected);
+        // A list begins with its first row, whichever that is.
+        QCOMPARE(screen.list.currentRow(), 0);
+        clickHead(screen.list, 1);
+    }
+    // Of a list with more columns.
+    userValues().setValue(u"Lists/DuesScreen.lvSummary.sort"_s, QVariantList{7, false});
+    DuesScreen screen;
+    QVERIFY(driver::show(screen));
+    QCOMPARE(screen.amounts(), told);
+}
+
+void ListTest::onlyAListThatLetsItIsSorted()
+{
+    const TestShop shop;
+    ListScreen screen;
+    screen.list.list().setRows({{{u"Suit"_s}, 1}, {{u"Coat"_s}, 2}});
+    QVERIFY(driver::show(screen));
+    clickHead(screen.list, 0);
+    QCOMPARE(driver::column(screen.list, 0), (QStringList{u"Suit"_s, u"Coat"_s}));
+}
+
+void ListTest::aFullShopIsSortedAtOnce()
+{
+    const TestShop shop;
+    DuesScreen screen;
+    QVERIFY(driver::show(screen));
+    std::vector<ListRow> rows;
+    for (int i = 0; i < 32767; ++i)
+        rows.push_back({{u"Client %1"_s.arg((i * 7919) % 32767), QString::number((i * 4099) % 32767) + u".00"_s}, i});
+    screen.list.list().setRows(std::move(rows));
+    screen.list.setCurrentRow(16000);
+    for (const int column : {0, 1}) {
+        QElapsedTimer time;
+        time.start();
+        clickHead(screen.list, column);
+        QCoreApplication::processEvents();
+        QVERIFY2(time.elapsed() < 1000, qPrintable(QString::number(time.elapsed())));
+    }
+    QCOMPARE(screen.list.list().cell(32766, 1), u"32766.00"_s);
+}
+
+void ListTest::anEmptyListSaysWhy()
+{
+    const TestShop shop;
+    ListScreen screen;
+    QVERIFY(driver::show(screen));
+    ListView &list = screen.list;
+    const QString why = u"No items yet.\nAdd puts in the first."_s;
+    const auto isSaid = [&list, &why](bool said) {
+        const QImage seen = list.viewport()->grab().toImage();
+        const QRect below = seen.rect().adjusted(0, seen.height() / 3, 0, -seen.height() / 4);
+        bool isDrawn = false;
+        for (int y = below.top(); y <= below.bottom(); ++y) {
+            for (int x = below.left(); x <= below.right(); ++x)
+                isDrawn = isDrawn || seen.pixelColor(x, y).lightness() < 160;
+        }
+        return isDrawn == said && list.accessibleDescription() == (said ? why : QString());
+    };
+    QVERIFY(isSaid(false));
+    list.setEmptyText(why);
+    QVERIFY(isSaid(true));
+    list.list().appendRow({{u"Suit"_s}, 1});
+    QVERIFY(isSaid(false));
+    QVERIFY(list.list().removeRow(0));
+    QVERIFY(isSaid(true));
+    // A total of nothing is nothing.
+    std::vector<ListRow> rows;
+    closeWithCount(rows, {.columns = 3, .column = 1, .words = u"Total : "_s});
+    list.list().setRows(rows);
+    QVERIFY(isSaid(true));
+    rows.insert(rows.begin(), {{u"Suit"_s}, 1});
+    list.list().setRows(std::move(rows));
+    QVERIFY(isSaid(false));
 }
 
 CORVANE_TEST(ListTest)

@@ -106,6 +106,8 @@ private slots:
     void aScreenMayCloseItselfWhenActivated();
     void noScreenIsLargerThanItsMonitor_data();
     void noScreenIsLargerThanItsMonitor();
+    void aDialogAtTheEdgeStaysOnTheDisplay_data();
+    void aDialogAtTheEdgeStaysOnTheDisplay();
     void theSizeThatTheUserGaveComesBack();
     void complainingLeadsToTheField();
     void commandsThatComeLaterDoNothing();
@@ -417,6 +419,36 @@ void ScreenTest::noScreenIsLargerThanItsMonitor()
     driver::press(Qt::Key_Tab);
     QVERIFY(screen.first.hasFocus());
     QVERIFY(screen.rect().contains(screen.first.mapTo(&screen, QPoint(2, 2))));
+}
+
+void ScreenTest::aDialogAtTheEdgeStaysOnTheDisplay_data()
+{
+    QTest::addColumn<bool>("right");
+    QTest::addColumn<bool>("bottom");
+    for (const bool right : {false, true}) {
+        for (const bool bottom : {false, true})
+            QTest::addRow("%s %s", bottom ? "bottom" : "top", right ? "right" : "left") << right << bottom;
+    }
+}
+
+void ScreenTest::aDialogAtTheEdgeStaysOnTheDisplay()
+{
+    QFETCH(const bool, right);
+    QFETCH(const bool, bottom);
+    EntryScreen lower(u"LowerScreen"_s);
+    EntryScreen upper(u"UpperScreen"_s);
+    lower.resize(300, 240);
+    upper.resize(700, 500);
+    QVERIFY(driver::show(lower));
+    const QRect display = lower.screen()->availableGeometry();
+    lower.move(right ? display.right() - lower.width() : 0, bottom ? display.bottom() - lower.height() : 0);
+    QTRY_COMPARE(lower.pos().x() > 0, right);
+    QVERIFY(driver::show(upper));
+    const QRect place = upper.frameGeometry();
+    QVERIFY(display.contains(place));
+    // As near to the one below as it may be.
+    QCOMPARE(right ? place.right() >= display.right() - 1 : place.left() == 0, true);
+    QCOMPARE(bottom ? place.bottom() >= display.bottom() - 1 : place.top() == 0, true);
 }
 
 void ScreenTest::theSizeThatTheUserGaveComesBack()
