@@ -26,6 +26,9 @@ namespace {
 constexpr double largestJobNumber = std::numeric_limits<qint16>::max();
 constexpr qsizetype longestJobNumber = 5;
 constexpr size_t mostCards = 200;
+const auto howToFind =
+    u"A number opens its card with Enter.\nA part of a client's name, or six digits or more of the mobile "
+    "number, lists the cards, the newest first."_s;
 
 bool isNumber(const QString &text)
 {
@@ -61,6 +64,7 @@ void frmOpenJob::buildForm()
         {{u"Job Card #"_s, 11, true}, {u"Date"_s, 17}, {u"Client Name"_s, 27}, {u"Mobile"_s, 17},
             {u"Amount"_s, 13, true}, {u"Status"_s, 15}});
     lvFound->setAccessibleName(u"Job cards found"_s);
+    lvFound->setEmptyText(howToFind);
     Command1 = new Command(u"Command1"_s, u"&Open"_s);
     Command1->setDefault(true);
     cmdPrint = new Command(u"cmdPrint"_s, u"&Print"_s);
@@ -103,6 +107,7 @@ void frmOpenJob::listCards()
         if (rows.size() == mostCards)
             rows.push_back({.cells = {{}, {}, u"and more: type on"_s}});
     }
+    lvFound->setEmptyText(isJobNumber(text) ? howToFind : u"No card of a client with \"%1\"."_s.arg(text));
     lvFound->list().setRows(std::move(rows));
     // Enter right after the last letter takes the newest.
     lvFound->setCurrentRow(0);

@@ -19,6 +19,8 @@ Notice::Notice(const QString &what)
     Screen *const screen = Screen::front();
     if (!screen)
         return;
+    // One that lingers would stand under it.
+    delete screen->findChild<QLabel *>(u"notice"_s, Qt::FindDirectChildrenOnly);
     m_label = new QLabel(what, screen);
     m_label->setObjectName(u"notice"_s);
     m_label->setTextFormat(Qt::PlainText);
