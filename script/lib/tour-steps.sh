@@ -195,6 +195,21 @@ window "Edit JOB Card"
 keys Escape
 window "$main"
 
+echo "A card is found by its client; the keys are shown, and the guide at its chapter."
+keys F3
+window "Open Job Card"
+words "raj"
+picture found-by-client
+keys ctrl+slash
+picture keys
+keys F1
+window "Guide"
+picture guide
+keys Escape
+window "Open Job Card"
+keys Escape
+window "$main"
+
 echo "The client brings the card back: it is opened by its number and changed."
 keys F3
 window "Open Job Card"

@@ -26,9 +26,6 @@ namespace {
 constexpr double largestJobNumber = std::numeric_limits<qint16>::max();
 constexpr qsizetype longestJobNumber = 5;
 constexpr size_t mostCards = 200;
-const auto howToFind =
-    u"A number opens its card with Enter.\nA part of a client's name, or six digits or more of the mobile "
-    "number, lists the cards, the newest first."_s;
 
 bool isNumber(const QString &text)
 {
@@ -49,6 +46,16 @@ ListRow rowOf(const CardFinder::Card &card)
         .tag = card.number};
 }
 
+QString whyEmpty(const QString &text)
+{
+    if (text.isEmpty())
+        return u"A number and Enter open that card.\n"
+               "A part of a client's name, or six digits or more of a mobile number, lists the cards, the newest first."_s;
+    if (isJobNumber(text))
+        return u"Enter opens job card %1."_s.arg(text);
+    return u"No job card of a client with \"%1\" in the name or mobile number."_s.arg(text);
+}
+
 } // namespace
 
 frmOpenJob::frmOpenJob() : Screen(u"frmOpenJob"_s, u"Open Job Card"_s)
@@ -64,7 +71,7 @@ void frmOpenJob::buildForm()
         {{u"Job Card #"_s, 11, true}, {u"Date"_s, 17}, {u"Client Name"_s, 27}, {u"Mobile"_s, 17},
             {u"Amount"_s, 13, true}, {u"Status"_s, 15}});
     lvFound->setAccessibleName(u"Job cards found"_s);
-    lvFound->setEmptyText(howToFind);
+    lvFound->setEmptyText(whyEmpty({}));
     Command1 = new Command(u"Command1"_s, u"&Open"_s);
     Command1->setDefault(true);
     cmdPrint = new Command(u"cmdPrint"_s, u"&Print"_s);
@@ -107,7 +114,7 @@ void frmOpenJob::listCards()
         if (rows.size() == mostCards)
             rows.push_back({.cells = {{}, {}, u"and more: type on"_s}});
     }
-    lvFound->setEmptyText(isJobNumber(text) ? howToFind : u"No card of a client with \"%1\"."_s.arg(text));
+    lvFound->setEmptyText(whyEmpty(text));
     lvFound->list().setRows(std::move(rows));
     // Enter right after the last letter takes the newest.
     lvFound->setCurrentRow(0);
