@@ -173,7 +173,7 @@ for measurement in 43 40 36 42 18 25 16; do field "$measurement"; done
 picture item-measured
 keys alt+o
 window "Create New Job Card"
-keys alt+a
+keys Return
 window "Item"
 field "tro"
 for measurement in 42 34 40 24 18 16 11; do field "$measurement"; done
@@ -182,7 +182,7 @@ window "Create New Job Card"
 picture two-items
 
 echo "An advance is taken, and the card saved."
-keys Tab Tab Tab Tab
+keys Tab
 field 2500
 field cash
 words "Wedding on the 20th"
