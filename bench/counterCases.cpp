@@ -1,3 +1,4 @@
+#include "app/frmOpenJob.h"
 #include "base/session.h"
 #include "byHand.h"
 #include "cases.h"
@@ -107,6 +108,44 @@ Case searchKey()
     return work;
 }
 
+/// The newest cards of all clients with a text in their names: the letter that brings the first ones, or the next one.
+Case cardKey(const QString &what, const QString &before, const QString &typed, std::string_view glob)
+{
+    const auto newest = std::make_shared<byHand::Statement>(
+        "select Jobs.Id, Date, Title, Mobile, AmountDue, JobFinished, Jobs.Status from Jobs join Accounts on "
+        "Accounts.Id=ClintID where Title glob '"
+        + std::string(glob) + "' order by Date desc, Jobs.Id desc limit 200");
+    Case work{what, 2.0};
+    work.most = std::chrono::milliseconds(30);
+    work.ours = [before, typed] {
+        frmOpenJob screen;
+        auto *box = screen.findChild<kvTextBox *>(u"txtJOBID"_s);
+        auto *list = screen.findChild<ListView *>(u"lvFound"_s);
+        screen.show();
+        box->setText(before);
+        QApplication::processEvents();
+        return timed([&] {
+            box->setText(typed);
+            list->repaint();
+            // Behind the cards a line says that there are more.
+            return list->list().rowCount() - 1;
+        });
+    };
+    work.byHand = [newest] {
+        return timed([&newest] {
+            std::vector<std::array<std::string, 7>> rows;
+            while (newest->step()) {
+                auto &row = rows.emplace_back();
+                for (int column = 0; column < 7; ++column)
+                    row[static_cast<size_t>(column)] = newest->text(column);
+            }
+            newest->reset();
+            return static_cast<qint64>(rows.size());
+        });
+    };
+    return work;
+}
+
 constexpr int longCard = fullShop::largeCard - 1;
 constexpr int longCardRows = 200;
 
@@ -155,7 +194,9 @@ Case printCard()
 
 std::vector<Case> counterCases()
 {
-    return {fillClients(), searchKey(), statement::preview(), printCard()};
+    return {fillClients(), searchKey(),
+        cardKey(u"first letter of a client in frmOpenJob, 16,000 cards"_s, {}, u"s"_s, "*[Ss]*"),
+        cardKey(u"the next letter there"_s, u"s"_s, u"sh"_s, "*[Ss][Hh]*"), statement::preview(), printCard()};
 }
 
 } // namespace bench

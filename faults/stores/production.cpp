@@ -67,6 +67,21 @@ public:
     }
 };
 
+/// A mark given by mistake is taken back, and the right one given. In one group: before it and behind it the file says
+/// two different things, and nothing between them.
+class MarkUndone : public RowTask {
+public:
+    using RowTask::RowTask;
+    void run() override
+    {
+        WriteGroup::run(DE().CN, [this] {
+            if (const auto mistaken = itemRowMarks::jobDelivered(m_job, {2011, 4, 10}))
+                static_cast<void>(mistaken->takeBack());
+            static_cast<void>(itemRowMarks::cuttingDone(m_row));
+        });
+    }
+};
+
 class JobHandedOver : public RowTask {
 public:
     using RowTask::RowTask;
@@ -103,7 +118,8 @@ std::vector<Store> productionStores()
 {
     return {{u"feedback"_s, made<Told>}, {u"assignment"_s, made<Assigned>}, {u"mark"_s, made<Marked>},
         {u"job handed over"_s, made<JobHandedOver>}, {u"trial moved"_s, made<TrialMoved>},
-        {u"trial kept"_s, made<TrialKept>}, {u"ranking"_s, [](const Random &) { return std::make_unique<Ranking>(); }}};
+        {u"mark undone"_s, made<MarkUndone>}, {u"trial kept"_s, made<TrialKept>},
+        {u"ranking"_s, [](const Random &) { return std::make_unique<Ranking>(); }}};
 }
 
 } // namespace faults

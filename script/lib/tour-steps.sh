@@ -88,11 +88,11 @@ window "Clients"
 keys alt+a
 window "Add New Client"
 field "Nandini O'Brien"
+field "98290 12345"
 keys alt+g Return
 field "14, Lake View"
 field "Udaipur"
 field "Rajasthan"
-field "98290 12345"
 words "30/9/1984"
 picture new-client
 keys alt+s
@@ -192,6 +192,21 @@ window "The Corvane"
 picture saved
 keys Return
 window "Edit JOB Card"
+keys Escape
+window "$main"
+
+echo "A card is found by its client; the keys are shown, and the guide at its chapter."
+keys F3
+window "Open Job Card"
+words "raj"
+picture found-by-client
+keys ctrl+slash
+picture keys
+keys F1
+window "Guide"
+picture guide
+keys Escape
+window "Open Job Card"
 keys Escape
 window "$main"
 

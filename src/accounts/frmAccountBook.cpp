@@ -169,6 +169,7 @@ void frmAccountBook::connectCommands()
     connect(cmdView, &Command::clicked, this, &frmAccountBook::view);
     connect(cmdAdd, &Command::clicked, this, &frmAccountBook::addEntry);
     connect(cmdPrint, &Command::clicked, this, &frmAccountBook::print);
+    printKey(cmdPrint);
     connect(cmdSMS, &Command::clicked, this, &frmAccountBook::sendDue);
     connect(cmdWages, &Command::clicked, this, &frmAccountBook::showWages);
     connect(cmdDayBook, &Command::clicked, this, [] { frmDayBook().exec(); });

@@ -21,6 +21,7 @@ frmPayrollDetails::frmPayrollDetails()
     whole->addWidget(lvSummary, 1);
     whole->addWidget(cmdPrint, 0, Qt::AlignRight);
     resize(1060, 560);
+    printKey(cmdPrint);
     connect(cmdPrint, &Command::clicked, this, [this] {
         wagesList::print(
             lvSummary->list(), PayrollWorkerTitle, u" x "_s, u"Payroll %1 %2"_s.arg(m_number).arg(PayrollWorkerTitle));

@@ -165,9 +165,11 @@ void frmTransiction::connectCommands()
     connect(cmbParticulars, &kvComboBox::lostFocus, this, &frmTransiction::showLabels);
     connect(txtAmount, &kvTextBox::changed, this, [this] { txtAmount2->setText(NumberText(Val(txtAmount->Text()))); });
     connect(cmdSave, &Command::clicked, this, &frmTransiction::save);
+    saveKey(cmdSave);
     connect(cmdDelete, &Command::clicked, this, &frmTransiction::deleteEntry);
     connect(cmdCancel, &Command::clicked, this, &QDialog::reject);
     connect(cmdPrint, &Command::clicked, this, &frmTransiction::print);
+    printKey(cmdPrint);
     connect(
         cmdDetails, &Command::clicked, this, [this] { frmPayrollDetails().ExecuteSQL(cmbAccount->Text(), VoucherID); });
 }

@@ -136,6 +136,7 @@ void frmWorkerWagesRegister::connectCommands()
     });
     connect(cmdView, &Command::clicked, this, &frmWorkerWagesRegister::view);
     connect(cmdPayroll, &Command::clicked, this, &frmWorkerWagesRegister::createPayroll);
+    printKey(cmdPrint);
     connect(cmdPrint, &Command::clicked, this, [this] {
         wagesList::print(lvSummary->list(), cmbClient->Text(), u" x  "_s,
             u"Wages Register %1 %2 to %3"_s.arg(

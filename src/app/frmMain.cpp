@@ -100,7 +100,7 @@ frmMain::frmMain()
     connect(m_copier, &SafetyCopier::made, lblCopies, [this] { lblCopies->setText({}); });
     connect(m_copier, &SafetyCopier::isThere, lblCopies, [this] { lblCopies->setText({}); });
     onKey(Qt::Key_F2, u"Working date"_s, [this] { TodayDate->setFocus(Qt::TabFocusReason); });
-    onKey(Qt::Key_F3, u"Open a job card by its number"_s, [this] { leadOn([] { frmOpenJob().exec(); }); });
+    onKey(Qt::Key_F3, u"Find a job card"_s, [this] { leadOn([] { frmOpenJob().exec(); }); });
     onKey(
         Qt::CTRL | Qt::Key_G, u"Show or hide the morning glance"_s, [this] { m_glance->toggle(); },
         [this] { return m_glance != nullptr; });
@@ -176,7 +176,7 @@ QWidget *frmMain::buildFoot()
     auto *row = new QHBoxLayout(foot);
     row->setContentsMargins(24, 6, 24, 6);
     row->setSpacing(18);
-    row->addWidget(coloured(new QLabel(u"F3  Open Job Card by its number"_s), theme::muted()));
+    row->addWidget(coloured(new QLabel(u"F3  Find a job card"_s), theme::muted()));
     auto *glanceKey = new NameLabel(u"lblGlanceKey"_s);
     glanceKey->setText(u"Ctrl+G  Morning glance"_s);
     row->addWidget(coloured(glanceKey, theme::muted()), 1);

@@ -311,6 +311,7 @@ void frmSettings::connectCommands()
     for (Command *command : findChildren<Command *>())
         keepEnter(command);
     connect(Command1, &Command::clicked, this, &frmSettings::save);
+    saveKey(Command1);
     connect(Command2, &Command::clicked, this, [this] { selectInto(*txtLogo); });
     connect(Command3, &Command::clicked, this, [this] { selectInto(*txtWall); });
     connect(Command8, &Command::clicked, this, &frmSettings::loadDefaultDrafts);

@@ -32,6 +32,7 @@ frmShopINFO::frmShopINFO()
 
     setEntryKeys(EnterMovesOn);
     keepEnter(Command1);
+    saveKey(Command1);
     connect(Check1, &QCheckBox::toggled, this, &frmShopINFO::lockChanged);
     connect(Command1, &Command::clicked, this, &frmShopINFO::save);
 }

@@ -1,9 +1,11 @@
 #include "app/startup.h"
 
 #include "app/defaultWallpaper.h"
+#include "app/frmGuide.h"
 #include "app/frmMain.h"
 #include "app/programFolder.h"
 #include "base/session.h"
+#include "ui/Screen.h"
 #include "ui/theme.h"
 
 #include <QApplication>
@@ -28,6 +30,7 @@ void startProgram(QApplication &application, const QString &folder)
 
 void Main()
 {
+    Screen::setGuide([](const QString &screen) { frmGuide().ShowFor(screen); });
     findDatabase();
     if (IsFirstRun())
         offerDatabases();

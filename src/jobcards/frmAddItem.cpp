@@ -174,7 +174,7 @@ void frmAddItem::connectCommands()
     onKey(Qt::CTRL | Qt::Key_1, u"Open image 1"_s, [this] { m_image1->open(); });
     onKey(Qt::CTRL | Qt::Key_2, u"Open image 2"_s, [this] { m_image2->open(); });
 
-    onKey(Qt::CTRL | Qt::Key_S, u"OK"_s, [this] { Command1->trigger(); });
+    saveKey(Command1);
 
     connect(cmbItems, &kvComboBox::gotFocus, this, [this] { SelectComboEntry(*cmbItems); });
     connect(cmbItems, &QComboBox::activated, this, [this] { itemChosen(); });

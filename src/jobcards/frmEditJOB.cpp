@@ -232,8 +232,8 @@ void frmEditJOB::connectCommands()
     // Elsewhere Enter moves on.
     keepEnter(Command1);
     keepEnter(m_items->addCommand());
-    onKey(Qt::CTRL | Qt::Key_S, u"Save"_s, [this] { Command1->trigger(); });
-    onKey(Qt::CTRL | Qt::Key_P, u"Print"_s, [this] { Command2->trigger(); });
+    saveKey(Command1);
+    printKey(Command2);
     onKey(Qt::CTRL | Qt::Key_I, u"To the items"_s, [this] { m_items->setFocus(Qt::ShortcutFocusReason); });
     onKey(
         Qt::CTRL | Qt::Key_A, u"In the client field: a new client"_s, [this] { addClient(); },

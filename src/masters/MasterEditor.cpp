@@ -21,6 +21,7 @@ MasterEditor::MasterEditor(const QString &name, masterRows::Kind kind)
     setEntryKeys(EnterMovesOn);
     keepEnter(Command1);
     keepEnter(Command2);
+    saveKey(Command1);
     connect(Command1, &Command::clicked, this, [this] { save(); });
     connect(Command2, &Command::clicked, this, [this] { deleteRow(); });
 }

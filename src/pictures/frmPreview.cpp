@@ -58,6 +58,7 @@ void frmPreview::buildForm()
 void frmPreview::connectCommands()
 {
     onKey(Qt::Key_1, u"Full size, or fitted to the window"_s, [this] { changeSize(); });
+    printKey(cmdPrint);
 
     connect(cmdSize, &Command::clicked, this, &frmPreview::changeSize);
     connect(cmdPrint, &Command::clicked, this, [this] { printPicture(m_path); });

@@ -295,8 +295,8 @@ void frmEditWorkerAssign::connectCommands()
     connect(cmbWorker, &QComboBox::activated, this, &frmEditWorkerAssign::RateWorker);
     connect(cmbWorker, &kvComboBox::lostFocus, this, &frmEditWorkerAssign::RateWorker);
     filterKeys(txtWagesDue, DecimalKeysOnly);
-    onKey(Qt::CTRL | Qt::Key_S, u"Save"_s, [this] { Command1->trigger(); });
-    onKey(Qt::CTRL | Qt::Key_P, u"Print Slip"_s, [this] { Command3->trigger(); });
+    saveKey(Command1);
+    printKey(Command3);
     onKey(Qt::ALT | Qt::Key_1, u"Show image 1"_s, [this] { m_image1->preview(); });
     onKey(Qt::ALT | Qt::Key_2, u"Show image 2"_s, [this] { m_image2->preview(); });
     onKey(Qt::CTRL | Qt::Key_1, u"Open image 1"_s, [this] { m_image1->open(); });

@@ -10,29 +10,33 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool change(Recordset &rows, const QString &statement, const std::function<void(Recordset &row)> &set)
+const auto jobs = u"Jobs"_s;
+const auto itemRows = u"jobs_detail"_s;
+
+QString numbered(const QString &column, qint32 number)
 {
-    rows.reopen(statement);
-    const bool isThere = !rows.eof();
-    for (; !rows.eof(); rows.moveNext())
-        set(rows);
-    rows.updateBatch();
-    rows.close();
-    return isThere;
+    return column + u'=' + QString::number(number);
 }
 
-bool changeRow(qint32 rowID, const std::function<void(Recordset &row)> &set)
+std::optional<MarkedRows> changeRow(qint32 rowID, const std::function<void(Recordset &row)> &set)
 {
+    MarkedRows marked;
     bool isThere = false;
+    qint32 job = 0;
     WriteGroup::run(DE().CN, [&] {
-        isThere = change(DE().rsJOBS_DETAIL, u"Select * from jobs_detail where id="_s + QString::number(rowID), set);
+        isThere = marked.change(itemRows, numbered(u"id"_s, rowID), [&](Recordset &row) {
+            job = row.integer(u"JobID");
+            set(row);
+        });
+        if (isThere)
+            marked.watch(jobs, job, u"JobFinished"_s);
     });
-    return isThere;
+    return isThere ? std::optional(marked) : std::nullopt;
 }
 
 } // namespace
 
-bool itemRowMarks::cuttingDone(qint32 rowID)
+std::optional<MarkedRows> itemRowMarks::cuttingDone(qint32 rowID)
 {
     return changeRow(rowID, [](Recordset &row) {
         row.set(u"CuttingStatus", cutting::Done);
@@ -40,7 +44,7 @@ bool itemRowMarks::cuttingDone(qint32 rowID)
     });
 }
 
-bool itemRowMarks::status(qint32 rowID, int status, QDate day, const QString &location)
+std::optional<MarkedRows> itemRowMarks::status(qint32 rowID, int status, QDate day, const QString &location)
 {
     return changeRow(rowID, [&](Recordset &row) {
         stamp(row, status, day);
@@ -49,20 +53,21 @@ bool itemRowMarks::status(qint32 rowID, int status, QDate day, const QString &lo
     });
 }
 
-bool itemRowMarks::jobDelivered(qint32 jobID, QDate day)
+std::optional<MarkedRows> itemRowMarks::jobDelivered(qint32 jobID, QDate day)
 {
+    MarkedRows marked;
     bool isThere = false;
     WriteGroup::run(DE().CN, [&] {
-        const QString number = QString::number(jobID);
-        isThere = change(DE().rsJOBS, u"Select * from Jobs where id="_s + number, [day](Recordset &job) {
+        isThere = marked.change(jobs, numbered(u"id"_s, jobID), [day](Recordset &job) {
             job.set(u"ClientDeliveryDate", day);
             job.set(u"JOBFINISHED", jobState::Finished);
         });
+        // A card without rows can be handed over too.
         if (isThere)
-            change(DE().rsJOBS_DETAIL, u"Select * from jobs_detail where JobID="_s + number,
-                [day](Recordset &row) { stamp(row, rowStatus::Delivered, day); });
+            static_cast<void>(marked.change(itemRows, numbered(u"JobID"_s, jobID),
+                [day](Recordset &row) { stamp(row, rowStatus::Delivered, day); }));
     });
-    return isThere;
+    return isThere ? std::optional(marked) : std::nullopt;
 }
 
 void itemRowMarks::stamp(Recordset &row, int status, QDate day)

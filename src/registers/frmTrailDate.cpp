@@ -6,6 +6,7 @@
 #include "registers/dueLook.h"
 #include "registers/openJobCard.h"
 #include "registers/trialMarks.h"
+#include "registers/undoMark.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/lookups.h"
@@ -105,15 +106,16 @@ void frmTrailDate::buildForm()
 
 void frmTrailDate::setMarks()
 {
-    const auto mark = [this](bool (*write)(qint32 jobID)) {
-        return [this, write](const ListRow &row) { afterMark(write(row.tag.toInt())); };
+    const auto mark = [this](const QString &caption, std::optional<MarkedRows> (*write)(qint32 jobID)) {
+        return RowAction{.caption = caption,
+            .act = [this, caption, write](const ListRow &row) { afterMark(caption, row, write(row.tag.toInt())); }};
     };
     setRowActions({
-        {.caption = u"Set Status Appeared"_s, .act = mark(trialMarks::appeared)},
-        {.caption = u"Set Status Not Appeared"_s, .act = mark(trialMarks::notAppeared)},
+        mark(u"Set Status Appeared"_s, trialMarks::appeared),
+        mark(u"Set Status Not Appeared"_s, trialMarks::notAppeared),
         {},
-        {.caption = u"Cancel Trial"_s, .act = mark(trialMarks::canceled)},
-        {.caption = u"New Trial Date"_s, .act = [this](const ListRow &row) { moveTrial(row.tag.toInt()); }},
+        mark(u"Cancel Trial"_s, trialMarks::canceled),
+        mark(u"New Trial Date"_s, moveTrial),
         {},
         {.caption = u"Open Job Card"_s, .act = [this](const ListRow &row) { openRow(row); }},
     });
@@ -137,10 +139,10 @@ void frmTrailDate::showTrials()
     showRows(std::move(rows), isSamePeriod && lvSummary->currentRow() >= 0 ? Keep::Tag : Keep::First);
 }
 
-void frmTrailDate::moveTrial(qint32 jobID)
+std::optional<MarkedRows> frmTrailDate::moveTrial(qint32 jobID)
 {
     const auto day = trialMarks::dateOf(jobID);
-    afterMark(day && trialMarks::movedTo(jobID, frmSetDate().SelectDate(*day)));
+    return day ? trialMarks::movedTo(jobID, frmSetDate().SelectDate(*day)) : std::nullopt;
 }
 
 void frmTrailDate::openRow(const ListRow &row)
@@ -150,9 +152,14 @@ void frmTrailDate::openRow(const ListRow &row)
     showTrials();
 }
 
-void frmTrailDate::afterMark(bool isThere)
+void frmTrailDate::afterMark(const QString &what, const ListRow &row, const std::optional<MarkedRows> &marked)
 {
-    if (!isThere)
+    if (!marked)
         ShowMessage(u"Job Card not found!"_s);
+    else
+        keepForUndo(what + u", "_s + row.tag.toString(), [this, marked = *marked] {
+            undoMark(marked);
+            showTrials();
+        });
     showTrials();
 }

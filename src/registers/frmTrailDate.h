@@ -2,7 +2,10 @@
 
 #include "ui/RegisterScreen.h"
 
+#include <optional>
+
 class Command;
+class MarkedRows;
 class PeriodFields;
 class ReminderPanel;
 
@@ -21,9 +24,8 @@ private:
     void buildForm();
     void setMarks();
     void showTrials();
-    void moveTrial(qint32 jobID);
-    /// After a mark; `isThere` says whether there was a job to mark.
-    void afterMark(bool isThere);
+    [[nodiscard]] static std::optional<MarkedRows> moveTrial(qint32 jobID);
+    void afterMark(const QString &what, const ListRow &row, const std::optional<MarkedRows> &marked);
 
     PeriodFields *m_period;
     ListView *lvSummary;

@@ -16,6 +16,7 @@
 #include "registers/itemRowCells.h"
 #include "registers/openJobCard.h"
 #include "registers/selectScanned.h"
+#include "registers/undoMark.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/itemRows.h"
@@ -54,6 +55,7 @@ const auto assigned = u"Assigned"_s;
 const auto notAssigned = u"Not Assigned"_s;
 const auto cuttingDone = u"Cutting Done"_s;
 const auto cuttingNotDone = u"Cutting Not Done"_s;
+const auto jobHandedOver = u"Job Card as Delivered to Client"_s;
 const auto nobody = u"-1000"_s;
 const auto noWorkerChosen = u"Please Select Worker Name!"_s;
 constexpr size_t closingRows = 2;
@@ -322,24 +324,28 @@ void frmWorkerJobRegister::connectCommands()
 
 void frmWorkerJobRegister::setMarks()
 {
-    const auto markWithLocation = [this](int status) {
-        return [this, status](const ListRow &row) {
+    using Write = std::function<std::optional<MarkedRows>(const ListRow &row)>;
+    const auto mark = [this](const QString &caption, QKeyCombination key, const Write &write) {
+        return RowAction{caption, key, caption + u'?',
+            [this, caption, write](const ListRow &row) { afterMark(caption, row, write(row)); }};
+    };
+    const auto withLocation = [](int status) {
+        return [status](const ListRow &row) {
             const QString location = platformBox::askText(u"Please specify location!"_s, u"Kovrel"_s);
-            afterMark(itemRowMarks::status(row.tag.toInt(), status, session::CurrentDate, location));
+            return itemRowMarks::status(row.tag.toInt(), status, session::CurrentDate, location);
         };
     };
     setRowActions({
-        {u"Mark Item as Cutting Done"_s, Qt::Key_F6, u"Mark Item as Cutting Done?"_s,
-            [this](const ListRow &row) { afterMark(itemRowMarks::cuttingDone(row.tag.toInt())); }},
-        {u"Mark Item as Completed"_s, Qt::Key_F7, u"Mark Item as Completed?"_s, markWithLocation(rowStatus::Completed)},
-        {u"Mark Item as Alteration"_s, Qt::Key_unknown, u"Mark Item as Alteration?"_s,
-            markWithLocation(rowStatus::Alteration)},
-        {u"Mark Item as Delivered to Client"_s, Qt::Key_F8, u"Mark Item as Delivered to Client?"_s,
-            [this](const ListRow &row) {
-                afterMark(itemRowMarks::status(row.tag.toInt(), rowStatus::Delivered, session::CurrentDate));
-            }},
-        {u"Job Card as Delivered to Client"_s, Qt::CTRL | Qt::Key_F8, u"Job Card as Delivered to Client?"_s,
-            [this](const ListRow &row) { handOverJob(jobNumber(row)); }},
+        mark(u"Mark Item as Cutting Done"_s, Qt::Key_F6,
+            [](const ListRow &row) { return itemRowMarks::cuttingDone(row.tag.toInt()); }),
+        mark(u"Mark Item as Completed"_s, Qt::Key_F7, withLocation(rowStatus::Completed)),
+        mark(u"Mark Item as Alteration"_s, Qt::Key_unknown, withLocation(rowStatus::Alteration)),
+        mark(u"Mark Item as Delivered to Client"_s, Qt::Key_F8,
+            [](const ListRow &row) {
+                return itemRowMarks::status(row.tag.toInt(), rowStatus::Delivered, session::CurrentDate);
+            }),
+        mark(jobHandedOver, Qt::CTRL | Qt::Key_F8,
+            [](const ListRow &row) { return itemRowMarks::jobDelivered(jobNumber(row), session::CurrentDate); }),
         {},
         {u"Open Job Card"_s, Qt::Key_F3, {}, [](const ListRow &row) { openJobCard(jobNumber(row)); }},
         {u"Open Client Account"_s, Qt::Key_F2, {}, [this](const ListRow &row) { openAccount(row); }},
@@ -548,16 +554,22 @@ void frmWorkerJobRegister::openAccount(const ListRow &row)
     filterChosen();
 }
 
-void frmWorkerJobRegister::handOverJob(qint32 jobID)
+void frmWorkerJobRegister::afterMark(const QString &what, const ListRow &row, const std::optional<MarkedRows> &marked)
 {
-    if (!itemRowMarks::jobDelivered(jobID, session::CurrentDate))
-        ShowMessage(u"Job Card not found!"_s);
+    const bool isOfJob = what == jobHandedOver;
+    if (marked)
+        keepForUndo(what + u", "_s + (isOfJob ? QString::number(jobNumber(row)) : row.cells.value(column::Job)),
+            [this, marked = *marked, row] { takeBack(marked, row); });
+    else
+        isOfJob ? ShowMessage(u"Job Card not found!"_s) : tellRowGone();
     filterChosen();
 }
 
-void frmWorkerJobRegister::afterMark(bool isThere)
+void frmWorkerJobRegister::takeBack(const MarkedRows &marked, const ListRow &row)
 {
-    if (!isThere)
-        tellRowGone();
+    undoMark(marked);
     filterChosen();
+    // Where the filter had taken it out, it is back.
+    if (const int place = lvSummary->list().rowOfTag(row.tag, 0); place >= 0)
+        lvSummary->setCurrentRow(place);
 }

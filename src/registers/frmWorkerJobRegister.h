@@ -4,8 +4,11 @@
 
 #include <QHash>
 
+#include <optional>
+
 class Command;
 class ListView;
+class MarkedRows;
 class NameLabel;
 class PeriodFields;
 class PiecesPanel;
@@ -62,8 +65,8 @@ private:
     void quickFind();
     void overview();
     void openAccount(const ListRow &row);
-    void handOverJob(qint32 jobID);
-    void afterMark(bool isThere);
+    void afterMark(const QString &what, const ListRow &row, const std::optional<MarkedRows> &marked);
+    void takeBack(const MarkedRows &marked, const ListRow &row);
 
     PeriodFields *m_period;
     QRadioButton *opDt1;

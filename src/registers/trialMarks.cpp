@@ -4,64 +4,52 @@
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 
-#include <functional>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// False where there is no such job.
-bool onJob(qint32 jobID, const std::function<void(Recordset &job)> &act)
+std::optional<MarkedRows> mark(qint32 jobID, int appeared, const Value &appearedDate, QDate movedTo = {})
 {
-    Recordset &job = DE().rsJOBS;
-    job.reopen(u"Select * from Jobs where id="_s + QString::number(jobID));
-    const bool isThere = !job.eof();
-    if (isThere)
-        act(job);
-    job.close();
-    return isThere;
-}
-
-bool mark(qint32 jobID, int appeared, const Value &appearedDate, QDate movedTo = {})
-{
+    MarkedRows marked;
     bool isThere = false;
     WriteGroup::run(DE().CN, [&] {
-        isThere = onJob(jobID, [&](Recordset &job) {
+        isThere = marked.change(u"Jobs"_s, u"id="_s + QString::number(jobID), [&](Recordset &job) {
             job.set(u"appeared", appeared);
             job.set(u"appearedDate", appearedDate);
             if (movedTo.isValid())
                 job.set(u"trialdate", movedTo);
-            job.update();
         });
     });
-    return isThere;
+    return isThere ? std::optional(marked) : std::nullopt;
 }
 
 } // namespace
 
-bool trialMarks::appeared(qint32 jobID)
+std::optional<MarkedRows> trialMarks::appeared(qint32 jobID)
 {
     return mark(jobID, trial::Appeared, session::CurrentDate);
 }
 
-bool trialMarks::notAppeared(qint32 jobID)
+std::optional<MarkedRows> trialMarks::notAppeared(qint32 jobID)
 {
     return mark(jobID, trial::NotAppeared, {});
 }
 
-bool trialMarks::canceled(qint32 jobID)
+std::optional<MarkedRows> trialMarks::canceled(qint32 jobID)
 {
     return mark(jobID, trial::Canceled, {});
 }
 
-bool trialMarks::movedTo(qint32 jobID, QDate day)
+std::optional<MarkedRows> trialMarks::movedTo(qint32 jobID, QDate day)
 {
     return mark(jobID, trial::NotAppeared, {}, day);
 }
 
 std::optional<QDate> trialMarks::dateOf(qint32 jobID)
 {
-    std::optional<QDate> day;
-    onJob(jobID, [&day](const Recordset &job) { day = job.date(u"trialdate"); });
+    Recordset &job = DE().rsJOBS;
+    job.reopen(u"Select * from Jobs where id="_s + QString::number(jobID));
+    const std::optional<QDate> day = job.eof() ? std::nullopt : std::optional(job.date(u"trialdate"));
+    job.close();
     return day;
 }

@@ -98,6 +98,8 @@ void ReportPreview::connectCommands()
     connect(cmdPrint, &Command::clicked, this, [this] { reportOutput::askAndPrint(m_pages, this); });
     connect(cmdSavePdf, &Command::clicked, this, [this] { reportOutput::saveAsPdf(m_pages); });
     connect(cmdClose, &Command::clicked, this, &QDialog::reject);
+    saveKey(cmdSavePdf);
+    printKey(cmdPrint);
 
     // In the zoom box they choose.
     const auto outsideZoom = [this] { return !cmbZoom->hasFocus(); };

@@ -19,8 +19,11 @@ Notice::Notice(const QString &what)
     Screen *const screen = Screen::front();
     if (!screen)
         return;
+    const auto name = u"notice"_s;
+    // One that lingers gives way.
+    delete screen->findChild<QLabel *>(name, Qt::FindDirectChildrenOnly);
     m_label = new QLabel(what, screen);
-    m_label->setObjectName(u"notice"_s);
+    m_label->setObjectName(name);
     m_label->setTextFormat(Qt::PlainText);
     m_label->adjustSize();
     QRect place = m_label->rect();

@@ -6,10 +6,12 @@
 #include "ui/PeriodFields.h"
 #include "ui/frmMsg.h"
 
+#include <QAbstractButton>
 #include <QMenu>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +29,7 @@ void RegisterScreen::setRegister(ListView *list)
     onKey(Qt::CTRL | Qt::Key_L, u"Find a text in the list"_s, [finder] { finder->open(); });
     onKey(
         Qt::Key_Escape, u"Leave the search"_s, [finder] { finder->leave(); }, [finder] { return finder->isVisible(); });
+    tellKey({u"Enter"_s, u"On a line: open it"_s});
     if (list->letsSort())
         onKey(Qt::CTRL | Qt::Key_O, u"Order of the list"_s, [list] { list->openOrderMenu(); });
 }
@@ -78,6 +81,28 @@ void RegisterScreen::setRowActions(std::vector<RowAction> actions)
             onKey(
                 action.key, action.caption, [this, &action] { run(action); }, [this] { return currentRow(); });
     }
+    // In a field it takes back what was typed there.
+    onKey(
+        Qt::CTRL | Qt::Key_Z, u"Undo the last mark"_s, [this] { undo(); },
+        [this] {
+            const bool isInField = focusWidget() != m_list && !qobject_cast<const QAbstractButton *>(focusWidget());
+            return !m_undos.empty() && !isInField;
+        });
+    tellKey({u"Menu"_s, u"On a line: what can be done with it"_s});
+}
+
+void RegisterScreen::keepForUndo(const QString &what, std::function<void()> takeBack)
+{
+    m_undos.push_back({what, std::move(takeBack)});
+}
+
+void RegisterScreen::undo()
+{
+    if (m_undos.empty())
+        return;
+    const Undo last = std::move(m_undos.back());
+    m_undos.pop_back();
+    last.takeBack();
 }
 
 void RegisterScreen::activated()
@@ -122,6 +147,12 @@ void RegisterScreen::openMenu(QPoint place)
         // Once the menu has closed: what the command shows comes up above the screen and not above the menu.
         connect(
             menu->addAction(text), &QAction::triggered, this, [this, &action] { run(action); }, Qt::QueuedConnection);
+    }
+    if (!m_undos.empty()) {
+        menu->addSeparator();
+        const QString keys = QKeySequence(Qt::CTRL | Qt::Key_Z).toString(QKeySequence::NativeText);
+        connect(menu->addAction(u"Undo: "_s + m_undos.back().what + u'\t' + keys), &QAction::triggered, this,
+            &RegisterScreen::undo, Qt::QueuedConnection);
     }
     menu->popup(place);
     menu->setActiveAction(menu->actions().constFirst());

@@ -54,6 +54,11 @@ protected:
     /// once.
     void setRowActions(std::vector<RowAction> actions);
 
+    /// From now on, for as long as the screen is there, the last thing kept so can be undone from the row menu and by
+    /// Ctrl+Z, and then the one before it. `what` names it; `takeBack` runs once, and tells itself where it can't.
+    /// REQUIRES: `setRowActions` was called.
+    void keepForUndo(const QString &what, std::function<void()> takeBack);
+
     void activated() override;
 
 private:
@@ -61,9 +66,15 @@ private:
     [[nodiscard]] const ListRow *currentRow() const;
     void run(const RowAction &action);
     void openMenu(QPoint place);
+    void undo();
 
+    struct Undo {
+        QString what;
+        std::function<void()> takeBack;
+    };
     Refresh m_refresh;
     ListView *m_list = nullptr;
     std::vector<RowAction> m_actions;
+    std::vector<Undo> m_undos;
     int m_place = -1;
 };

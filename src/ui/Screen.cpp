@@ -2,7 +2,9 @@
 
 #include "base/session.h"
 #include "store/DataEnvironment.h"
+#include "ui/Command.h"
 #include "ui/DateField.h"
+#include "ui/KeyPanel.h"
 #include "ui/entryKeys.h"
 #include "ui/monitorFit.h"
 #include "ui/userValues.h"
@@ -10,14 +12,12 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QScreen>
 #include <QTextEdit>
-#include <QToolTip>
 #include <QWindow>
 
 #include <algorithm>
-#include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +30,12 @@ QList<Screen *> &shownScreens()
 {
     static QList<Screen *> screens;
     return screens;
+}
+
+Screen::Guide &openGuide()
+{
+    static Screen::Guide guide;
+    return guide;
 }
 
 bool keepsEnter(const QWidget *control)
@@ -49,6 +55,29 @@ QKeyCombination combinationOf(const QKeyEvent &event)
         modifiers = Qt::NoModifier;
     return QKeyCombination(
         modifiers, static_cast<Qt::Key>(event.key() == Qt::Key_Enter ? Qt::Key_Return : event.key()));
+}
+
+/// Where the slash needs Shift, it comes as one with Shift, or as what else is on its key.
+bool asksForKeys(const QKeyEvent &event)
+{
+    const auto modifiers = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return modifiers == Qt::ControlModifier && (event.key() == Qt::Key_Slash || event.key() == Qt::Key_Question);
+}
+
+bool isModifier(int key)
+{
+    return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
+}
+
+/// As the key is called on the keyboards that people have.
+QString keyName(QKeyCombination key)
+{
+    return QKeySequence(key).toString(QKeySequence::NativeText).replace(u"Return"_s, u"Enter"_s);
+}
+
+QString withoutAccessKey(QString caption)
+{
+    return caption.remove(u'&');
 }
 
 void placeAbove(QWidget &window, const QWidget &below)
@@ -173,6 +202,10 @@ bool Screen::previewKey(QObject *receiver, QKeyEvent *event)
 
 bool Screen::preview(QKeyEvent *event)
 {
+    if (closeKeyPanel(*event)) {
+        event->accept();
+        return true;
+    }
     if (const Key *key = keyFor(*event)) {
         event->accept();
         // The screen may be gone before the call returns.
@@ -187,9 +220,14 @@ bool Screen::preview(QKeyEvent *event)
             escapePressed();
         return true;
     }
-    if (combinationOf(*event) == QKeyCombination(Qt::Key_F1)) {
+    if (asksForKeys(*event)) {
         event->accept();
         tellKeys();
+        return true;
+    }
+    if (combinationOf(*event) == QKeyCombination(Qt::Key_F1) && openGuide()) {
+        event->accept();
+        openGuide()(objectName());
         return true;
     }
     const QWidget *const focused = focusWidget();
@@ -222,21 +260,60 @@ const Screen::Key *Screen::keyFor(const QKeyEvent &event) const
     return found == m_keys.end() ? nullptr : &*found;
 }
 
+void Screen::saveKey(Command *command)
+{
+    onKey(Qt::CTRL | Qt::Key_S, withoutAccessKey(command->text()), [command] { command->trigger(); });
+}
+
+void Screen::printKey(Command *command)
+{
+    onKey(Qt::CTRL | Qt::Key_P, withoutAccessKey(command->text()), [command] { command->trigger(); });
+}
+
+void Screen::setGuide(Guide guide)
+{
+    openGuide() = std::move(guide);
+}
+
+/// True where that is all that the key does. Any other one does its own too: it may be what the panel was asked for.
+bool Screen::closeKeyPanel(const QKeyEvent &event)
+{
+    if (!m_keyPanel || isModifier(event.key()))
+        return false;
+    delete m_keyPanel;
+    return event.key() == Qt::Key_Escape || asksForKeys(event);
+}
+
 void Screen::tellKeys()
 {
-    QString lines;
-    const auto add = [&lines](const QString &key, const QString &what) {
-        lines += u"<tr><td><b>%1</b></td><td>&nbsp;&nbsp;%2</td></tr>"_s.arg(key.toHtmlEscaped(), what.toHtmlEscaped());
-    };
+    m_keyPanel = new KeyPanel(*this,
+        {{u"Keys: "_s + windowTitle(), ownKeys()}, {u"Where you are now"_s, keysOf(focusWidget())},
+            {u"Everywhere"_s, commonKeys()}});
+    m_keyPanel->show();
+}
+
+std::vector<KeyLine> Screen::ownKeys() const
+{
+    std::vector<KeyLine> lines;
     for (const Key &key : m_keys)
-        add(QKeySequence(key.key).toString(QKeySequence::NativeText), key.what);
+        lines.push_back({keyName(key.key), key.what});
+    lines.insert(lines.end(), m_toldKeys.begin(), m_toldKeys.end());
+    return lines;
+}
+
+std::vector<KeyLine> Screen::commonKeys() const
+{
+    std::vector<KeyLine> lines;
     if (m_entryKeys.testFlag(EnterMovesOn))
-        add(u"Enter"_s, u"Next field"_s);
+        lines.push_back({u"Enter"_s, u"Next field"_s});
     if (m_entryKeys.testFlag(PageKeysMove))
-        add(u"Page Down, Page Up"_s, u"Next field, field before"_s);
-    add(u"Esc"_s, u"Close"_s);
-    QToolTip::showText(mapToGlobal(rect().center()) - QPoint(width() / 4, height() / 4),
-        u"<table>"_s + lines + u"</table>"_s, this, rect(), std::numeric_limits<int>::max());
+        lines.push_back({u"Page Down, Page Up"_s, u"Next field, field before"_s});
+    lines.push_back({u"Tab, Shift+Tab"_s, u"Next control, control before"_s});
+    lines.push_back({u"Alt"_s, u"With an underlined letter: its command or field"_s});
+    lines.push_back({u"F1"_s, u"The guide, at what it says of this screen"_s});
+    lines.push_back({u"Ctrl+/"_s, u"These keys"_s});
+    lines.push_back({u"Esc"_s, u"Close"_s});
+    return lines;
 }
 
 void Screen::escapePressed()

@@ -1,15 +1,20 @@
 #pragma once
 
+#include "ui/controlKeys.h"
+
 #include <QDialog>
 #include <QKeyCombination>
+#include <QPointer>
 
 #include <functional>
 #include <vector>
 
+class Command;
 class QKeyEvent;
 
-/// Base of all screens: a window that is shown modally, closes on Escape, has keys of its own, which F1 lists, and is
-/// told when it comes to the front. It is never larger than its monitor, and has the size that the user gave it last.
+/// Base of all screens: a window that is shown modally, closes on Escape, has keys of its own, which Ctrl+/ lists, and
+/// is told when it comes to the front. F1 opens the guide. It is never larger than its monitor, and has the size that
+/// the user gave it last.
 class Screen : public QDialog {
     Q_OBJECT
 
@@ -46,6 +51,10 @@ public:
     /// The keys that `onKey` has given it, in that order.
     [[nodiscard]] const std::vector<Key> &keys() const { return m_keys; }
 
+    /// What F1 does on every screen that has no such key of its own; it receives the class name of the screen.
+    using Guide = std::function<void(const QString &screen)>;
+    static void setGuide(Guide guide);
+
 protected:
     void setEntryKeys(EntryKeys keys) { m_entryKeys = keys; }
     /// `control` gets Enter itself, whatever the entry keys say.
@@ -57,6 +66,12 @@ protected:
     /// not while `applies` says no, and not F2 in a date field, which has its own use for it. Both Enter keys are
     /// Qt::Key_Return. Of a key that types a character Shift is not looked at.
     void onKey(QKeyCombination key, const QString &what, std::function<void()> act, std::function<bool()> applies = {});
+    /// Ctrl+S, and Ctrl+P, as a click on `command`: what is half typed in the field that has the focus counts first;
+    /// nothing happens while the command is disabled or hidden.
+    void saveKey(Command *command);
+    void printKey(Command *command);
+    /// Lists a key that a control sees to itself.
+    void tellKey(const KeyLine &line) { m_toldKeys.push_back(line); }
 
     /// What Escape does where no date is half typed: closes the screen, rejected.
     virtual void escapePressed();
@@ -68,7 +83,10 @@ protected:
 private:
     bool preview(QKeyEvent *event);
     [[nodiscard]] const Key *keyFor(const QKeyEvent &event) const;
+    [[nodiscard]] bool closeKeyPanel(const QKeyEvent &event);
     void tellKeys();
+    [[nodiscard]] std::vector<KeyLine> ownKeys() const;
+    [[nodiscard]] std::vector<KeyLine> commonKeys() const;
     static void noticeOtherWriters();
     void comeToFront();
     void takeRememberedSize();
@@ -77,6 +95,8 @@ private:
 
     EntryKeys m_entryKeys = NoEntryKeys;
     std::vector<Key> m_keys;
+    std::vector<KeyLine> m_toldKeys;
+    QPointer<QWidget> m_keyPanel;
     bool m_remembersSize = true;
     bool m_hasOwnSize = false;
     QSize m_sizeShown;

@@ -16,6 +16,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QListWidget>
 #include <QPointer>
 #include <QTest>
 #include <QToolTip>
@@ -45,6 +46,7 @@ private slots:
     void aWallpaperThatCannotBeShownLeavesTheDefault_data();
     void aWallpaperThatCannotBeShownLeavesTheDefault();
     void f3OpensACardByItsNumber();
+    void f1OpensTheGuideAboveAnyScreen();
     void commandsLeadToTheirScreens_data();
     void commandsLeadToTheirScreens();
     void theMenusLeadToTheirScreens_data();
@@ -338,6 +340,35 @@ void MainTest::f3OpensACardByItsNumber()
         press(Qt::Key_F3);
         QVERIFY(script.isDone());
         QCOMPARE(screen.focusWidget(), &screen);
+    }));
+}
+
+void MainTest::f1OpensTheGuideAboveAnyScreen()
+{
+    ReadyShop shop;
+    ModalScript script;
+    QVERIFY(runProgram([&](frmMain &) {
+        const auto expectChapter = [&script](const QString &chapter) {
+            script.expect(u"frmGuide"_s, [chapter](QWidget &guide) {
+                QCOMPARE(control<QListWidget>(guide, "chapters").currentItem()->text(), chapter);
+                press(Qt::Key_Escape);
+            });
+        };
+        expectChapter(u"The first start"_s);
+        press(Qt::Key_F1);
+        script.expect(u"frmMasters"_s, [&](QWidget &) {
+            expectChapter(u"Clients, workers, items, accounts"_s);
+            press(Qt::Key_F1);
+            press(Qt::Key_Escape);
+        });
+        accessKey('m');
+        script.expect(u"frmMsg"_s, [&](QWidget &) {
+            expectChapter(u"Corvane at the counter"_s);
+            press(Qt::Key_F1);
+            press(Qt::Key_Escape);
+        });
+        press(Qt::Key_Escape);
+        QVERIFY(script.isDone());
     }));
 }
 

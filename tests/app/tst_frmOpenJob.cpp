@@ -7,6 +7,7 @@
 #include "support/TestShop.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
+#include "ui/ListView.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -16,7 +17,7 @@ using driver::control;
 using driver::press;
 using driver::type;
 
-/// A card opened by the number on the client's paper.
+/// A card opened or printed by the number on the client's paper, or by what the client is called.
 class OpenJobTest : public QObject {
     Q_OBJECT
 
@@ -24,20 +25,35 @@ private slots:
     void aNumberOpensItsCard();
     void aNumberWithoutACardIsToldAtTheField_data();
     void aNumberWithoutACardIsToldAtTheField();
+    void cardsAreFoundByTheirClients_data();
+    void cardsAreFoundByTheirClients();
+    void theCardChosenOpens();
+    void theCardFoundIsPrinted();
 };
 
 namespace {
 
-/// A shop with the card 12.
+/// A shop with the cards 12 and 14 of Asha, and 13 of Ravi.
 struct CardShop : TestShop {
     CardShop()
     {
         addAccount(u"Asha"_s);
+        addAccount(u"Ravi Asher"_s);
+        connection.execute(u"Update Accounts set Mobile='98290 12345' where Title='Ravi Asher'"_s);
+        addCard(u"12"_s, u"Asha"_s, {2011, 4, 1});
+        addCard(u"13"_s, u"Ravi Asher"_s, {2011, 3, 30});
+        addCard(u"14"_s, u"Asha"_s, {2011, 3, 1});
+        connection.execute(u"Update Jobs set JobFinished=1 where id=13"_s);
+        connection.execute(u"Update Jobs set Status=1, JobFinished=1 where id=14"_s);
+    }
+    static void addCard(const QString &number, const QString &client, QDate day)
+    {
         JobCard card;
-        card.JobIDText = u"12"_s;
-        card.JobDate = card.DeliveryDate = card.TrialDate = {2011, 4, 1};
-        card.ClientTitle = u"Asha"_s;
-        card.TotalText = card.ReceivedText = u"0"_s;
+        card.JobIDText = number;
+        card.JobDate = card.DeliveryDate = card.TrialDate = day;
+        card.ClientTitle = client;
+        card.TotalText = u"750"_s;
+        card.ReceivedText = u"0"_s;
         clsJobCardData noRows;
         JobCardStore().SaveNew(card, noRows);
     }
@@ -64,7 +80,8 @@ void OpenJobTest::aNumberWithoutACardIsToldAtTheField_data()
 {
     QTest::addColumn<QString>("number");
     QTest::newRow("none") << QString();
-    QTest::newRow("no such card") << u"13"_s;
+    QTest::newRow("no such card") << u"15"_s;
+    QTest::newRow("no such client") << u"Zubin"_s;
     QTest::newRow("nought") << u"0"_s;
     QTest::newRow("beyond all cards") << u"32768"_s;
     QTest::newRow("far beyond") << QString(400, u'9');
@@ -82,6 +99,80 @@ void OpenJobTest::aNumberWithoutACardIsToldAtTheField()
         press(Qt::Key_Escape);
     });
     script.expectMessage(u"Job Card not found!"_s);
+    frmOpenJob().exec();
+}
+
+void OpenJobTest::cardsAreFoundByTheirClients_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("found");
+    const QString twelfth = u"12|01-Apr-2011|Asha||750.00|Open"_s;
+    const QString thirteenth = u"13|30-Mar-2011|Ravi Asher|98290 12345|750.00|Delivered"_s;
+    const QString fourteenth = u"14|01-Mar-2011|Asha||750.00|Cancelled"_s;
+    QTest::newRow("part of a name") << u"aSH"_s << QStringList{twelfth, thirteenth, fourteenth};
+    QTest::newRow("surname") << u"asher"_s << QStringList{thirteenth};
+    QTest::newRow("mobile") << u"982901"_s << QStringList{thirteenth};
+    QTest::newRow("its end, in groups") << u"90-12 345"_s << QStringList{thirteenth};
+    QTest::newRow("none") << u"ashx"_s << QStringList();
+    QTest::newRow("a number") << u"12345"_s << QStringList();
+}
+
+void OpenJobTest::cardsAreFoundByTheirClients()
+{
+    QFETCH(const QString, typed);
+    QFETCH(const QStringList, found);
+    const CardShop shop;
+    frmOpenJob screen;
+    QVERIFY(driver::show(screen));
+    type(typed);
+    QStringList lines;
+    for (const QStringList &row : driver::rows(control<ListView>(screen, "lvFound")))
+        lines += row.join(u'|');
+    QCOMPARE(lines, found);
+    QVERIFY(control<QLineEdit>(screen, "txtJOBID").hasFocus());
+}
+
+void OpenJobTest::theCardChosenOpens()
+{
+    const CardShop shop;
+    ModalScript script;
+    script.expect(u"frmOpenJob"_s, [](QWidget &) {
+        type(u"ash"_s);
+        press(Qt::Key_Down);
+        press(Qt::Key_Down);
+        press(Qt::Key_Down);
+        press(Qt::Key_Up);
+        press(Qt::Key_Return);
+    });
+    script.expect(u"frmEditJOB"_s, [](QWidget &screen) {
+        QCOMPARE(control<QLineEdit>(screen, "txtJOBID").text(), u"13"_s);
+        press(Qt::Key_Escape);
+    });
+    frmOpenJob().exec();
+}
+
+void OpenJobTest::theCardFoundIsPrinted()
+{
+    CardShop shop;
+    ModalScript script;
+    script.expect(u"frmOpenJob"_s, [&](QWidget &screen) {
+        for (const auto &[typed, card] : {std::pair{u"asher"_s, u"13"_s}, std::pair{u"14"_s, u"14"_s}}) {
+            script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
+            type(typed);
+            press(Qt::Key_P, Qt::ControlModifier);
+            QTRY_VERIFY(script.isDone());
+            QCOMPARE(shop.lines(u"Select JobID from tmpHead"_s), QStringList{card});
+            // The next name can be typed at once.
+            QVERIFY(driver::waitActive(screen));
+            QTRY_VERIFY(control<QLineEdit>(screen, "txtJOBID").hasFocus());
+        }
+        // One that another program has taken away meanwhile.
+        type(u"asher"_s);
+        shop.connection.execute(u"Delete * from Jobs where id=13"_s);
+        script.expectMessage(u"Job Card not found!"_s);
+        press(Qt::Key_P, Qt::ControlModifier);
+        press(Qt::Key_Escape);
+    });
     frmOpenJob().exec();
 }
 

@@ -2,6 +2,7 @@
 #include "base/session.h"
 #include "store/codes.h"
 #include "support/ModalScript.h"
+#include "support/PdfPrinter.h"
 #include "support/TestShop.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
@@ -27,6 +28,7 @@ private slots:
     void tenRowsAreCompleted();
     void aCardIsHandedOverAndPaid();
     void aWorkerIsPaid();
+    void aCardIsFoundAndPrinted();
     void lastMonthsStatementAsPdf();
 };
 
@@ -314,6 +316,27 @@ void StrokesTest::aWorkerIsPaid()
         QStringList({u"Payment|8|-250"_s, u"Payment|4|250"_s}));
     QVERIFY(shop.keys.strokes() <= 10);
     QCOMPARE(shop.keys.strokes(), toldByGuide(u"A payment voucher to a worker"_s));
+}
+
+void StrokesTest::aCardIsFoundAndPrinted()
+{
+    Shop shop;
+    bookAFirstCard(shop);
+    const PdfPrinter printer(shop.folder.filePath(u"paper.pdf"_s));
+    shop.script.expect(u"frmOpenJob"_s, [&shop](QWidget &) {
+        shop.keys.data(u"bina"_s);
+        shop.script.expect(u"ReportPreview"_s, [&shop](QWidget &) {
+            shop.keys.alt('p');
+            driver::press(Qt::Key_Escape);
+        });
+        shop.keys.press(Qt::Key_P, Qt::ControlModifier);
+        driver::press(Qt::Key_Escape);
+    });
+    shop.keys.press(Qt::Key_F3);
+    QCOMPARE(printer.jobs(), 1);
+    QVERIFY(printer.printed().join(u' ').contains(u"Bina Shah"_s));
+    QVERIFY(shop.keys.strokes() <= 12);
+    QCOMPARE(shop.keys.strokes(), toldByGuide(u"Find yesterday's card by the client's name and print it"_s));
 }
 
 void StrokesTest::lastMonthsStatementAsPdf()

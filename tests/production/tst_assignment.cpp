@@ -26,6 +26,9 @@ private slots:
     void theLastDeliveryClosesTheJob();
     void marksWriteTheirColumnsAlone();
     void aJobIsHandedOverWhole();
+    void aMarkIsTakenBack_data();
+    void aMarkIsTakenBack();
+    void marksAreTakenBackOneByOne();
     void theLastJobIsTold();
 };
 
@@ -225,6 +228,78 @@ void AssignmentTest::aJobIsHandedOverWhole()
     for (const int row : {1, 2, 3})
         QCOMPARE(shop.row(row), u"2||12-Apr-2011||"_s);
     QCOMPARE(shop.row(4), u"0||||"_s);
+}
+
+void AssignmentTest::aMarkIsTakenBack_data()
+{
+    using Mark = std::function<std::optional<MarkedRows>()>;
+    using Refusal = MarkedRows::TakenBack;
+    QTest::addColumn<Mark>("mark");
+    QTest::addColumn<QString>("since");
+    QTest::addColumn<Refusal>("outcome");
+    const auto row = [](const char *name, const Mark &mark, const QString &since, Refusal outcome) {
+        QTest::newRow(name) << mark << since << outcome;
+    };
+    const Mark cut = [] { return itemRowMarks::cuttingDone(1); };
+    const Mark completed = [] { return itemRowMarks::status(1, rowStatus::Completed, tuesday, u"Rack 7"_s); };
+    const Mark altered = [] { return itemRowMarks::status(1, rowStatus::Alteration, tuesday); };
+    const Mark delivered = [] { return itemRowMarks::status(1, rowStatus::Delivered, tuesday); };
+    const Mark handedOver = [] { return itemRowMarks::jobDelivered(1, tuesday); };
+    row("cut", cut, {}, Refusal::Yes);
+    row("completed", completed, {}, Refusal::Yes);
+    row("alteration", altered, {}, Refusal::Yes);
+    row("delivered", delivered, {}, Refusal::Yes);
+    row("job handed over", handedOver, {}, Refusal::Yes);
+    row("another garment changed", completed, u"Update Jobs_Detail set Loc='x' where id=2"_s, Refusal::Yes);
+    row("completed, and paid", completed, u"Update Jobs_Detail set MarkAsPaid=1 where id=1"_s, Refusal::Changed);
+    row("cut, and told of", cut, u"Update Jobs_Detail set Remarks='x' where id=1"_s, Refusal::Changed);
+    row("delivered, and the card closed", delivered, u"Update Jobs set JobFinished=1 where id=1"_s, Refusal::Changed);
+    row("handed over, and one changed", handedOver, u"Update Jobs_Detail set Score=4 where id=2"_s, Refusal::Changed);
+    row("handed over, and opened again", handedOver, u"Update Jobs set JobFinished=0 where id=1"_s, Refusal::Changed);
+    row("completed, and gone", completed, u"Delete * from Jobs_Detail where id=1"_s, Refusal::Gone);
+    row("handed over, and one gone", handedOver, u"Delete * from Jobs_Detail where id=2"_s, Refusal::Gone);
+}
+
+void AssignmentTest::aMarkIsTakenBack()
+{
+    QFETCH(const std::function<std::optional<MarkedRows>()>, mark);
+    QFETCH(const QString, since);
+    QFETCH(const MarkedRows::TakenBack, outcome);
+    Workshop shop;
+    session::CurrentDate = tuesday;
+    shop.addJobRow({.client = client, .worker = sita});
+    shop.addJobRow({.client = client, .status = rowStatus::Canceled});
+    shop.connection.execute(u"Update Jobs_Detail set Loc=Null, AltDate=#05-Apr-2011# where id=1"_s);
+    const QStringList before = shop.everything();
+    const auto marked = mark();
+    QVERIFY(marked);
+    QVERIFY(shop.everything() != before);
+    if (!since.isEmpty())
+        shop.connection.execute(since);
+    const QStringList changed = shop.everything();
+    QCOMPARE(marked->takeBack(), outcome);
+    if (outcome == MarkedRows::TakenBack::Yes && since.isEmpty())
+        QCOMPARE(shop.everything(), before);
+    else if (outcome != MarkedRows::TakenBack::Yes)
+        QCOMPARE(shop.everything(), changed);
+    if (outcome == MarkedRows::TakenBack::Yes)
+        QCOMPARE(marked->takeBack(), MarkedRows::TakenBack::Changed);
+}
+
+void AssignmentTest::marksAreTakenBackOneByOne()
+{
+    Workshop shop;
+    shop.addJobRow({.client = client});
+    const QString before = shop.row(1);
+    const auto first = itemRowMarks::status(1, rowStatus::Completed, monday);
+    const QString between = shop.row(1);
+    const auto second = itemRowMarks::status(1, rowStatus::Delivered, tuesday, u"Counter"_s);
+    QVERIFY(first && second);
+    QCOMPARE(first->takeBack(), MarkedRows::TakenBack::Changed);
+    QCOMPARE(second->takeBack(), MarkedRows::TakenBack::Yes);
+    QCOMPARE(shop.row(1), between);
+    QCOMPARE(first->takeBack(), MarkedRows::TakenBack::Yes);
+    QCOMPARE(shop.row(1), before);
 }
 
 void AssignmentTest::theLastJobIsTold()

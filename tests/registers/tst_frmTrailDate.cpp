@@ -217,6 +217,9 @@ void TrialTest::theMenuMarksTheRow()
     const int code = shop.trialOf(2).left(1).toInt();
     const QString words[]{u"Not Appeared"_s, u"Appeared [10-Apr-2011 ]"_s, u"Trial Canceled"_s};
     QCOMPARE(trials(screen).list().cell(1, 2), words[code]);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(shop.trialOf(2), before);
+    QCOMPARE(trials(screen).list().cell(1, 2), words[2]);
 
     // A list without rows has no menu.
     show(screen, yesterday, yesterday);

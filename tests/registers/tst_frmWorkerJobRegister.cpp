@@ -39,6 +39,7 @@ private slots:
     void quickFindListsAClient();
     void marksAreWrittenAndTheUserStaysWhereHeWas_data();
     void marksAreWrittenAndTheUserStaysWhereHeWas();
+    void aMarkIsUndoneWhileTheListIsOpen();
     void aMarkIsForTheRowThatWasChosen();
     void theWholeJobIsHandedOver();
     void nothingIsMarkedWithoutARow();
@@ -464,6 +465,49 @@ void WorkerJobRegisterTest::marksAreWrittenAndTheUserStaysWhereHeWas()
         QTRY_COMPARE(shop.marked(middle),
             QString(written).replace(u"11-Apr-2011"_s, QLocale::c().toString(session::CurrentDate, u"dd-MMM-yyyy")));
     }
+}
+
+void WorkerJobRegisterTest::aMarkIsUndoneWhileTheListIsOpen()
+{
+    Workshop shop;
+    for (int job = 1; job <= 3; ++job) {
+        shop.addJob({.number = job});
+        shop.add({.job = job});
+    }
+    const QStringList before = shop.lines(u"Select * from Jobs_Detail"_s) + shop.lines(u"Select * from Jobs"_s);
+    Register screen;
+    screen.choose(u"Uncompleted"_s);
+    screen.list.setFocus();
+    screen.list.setCurrentRow(1);
+    ModalScript script;
+    script.expectMessage(u"Mark Item as Delivered to Client?"_s);
+    driver::press(Qt::Key_F8);
+    QTRY_COMPARE(screen.jobs(), (QStringList{u"1/1"_s, u"3/1"_s}));
+    script.expectMessage(u"Job Card as Delivered to Client?"_s);
+    viaMenu(screen.list, u"Job Card as Delivered to Client"_s);
+    QTRY_COMPARE(screen.jobs(), QStringList{u"1/1"_s});
+    const auto undo = [] { driver::press(Qt::Key_Z, Qt::ControlModifier); };
+    screen.choose(u"Completed"_s);
+    screen.list.setFocus();
+    // The list asked for last is read again, whether the garment is in it or not.
+    undo();
+    QCOMPARE(screen.jobs(), QStringList());
+    screen.choose(u"Uncompleted"_s);
+    screen.list.setFocus();
+    undo();
+    QCOMPARE(screen.jobs(), (QStringList{u"1/1"_s, u"2/1"_s, u"3/1"_s}));
+    QCOMPARE(screen.list.currentRow(), 1);
+    QCOMPARE(shop.lines(u"Select * from Jobs_Detail"_s) + shop.lines(u"Select * from Jobs"_s), before);
+    undo();
+
+    script.expectMessage(u"Mark Item as Cutting Done?"_s);
+    driver::press(Qt::Key_F6);
+    shop.connection.execute(u"Update Jobs_Detail set DoneByWorker=3"_s);
+    const QStringList changed = shop.lines(u"Select * from Jobs_Detail"_s);
+    script.expectMessage(u"It has been changed since it was marked. Nothing has been undone."_s);
+    undo();
+    QCOMPARE(shop.lines(u"Select * from Jobs_Detail"_s), changed);
+    QTRY_COMPARE(screen.jobs(), QStringList());
 }
 
 void WorkerJobRegisterTest::aMarkIsForTheRowThatWasChosen()

@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+using Mark = std::function<std::optional<MarkedRows>(qint32)>;
+
 /// The marks of trials, on the file.
 class TrialMarksTest : public QObject {
     Q_OBJECT
@@ -19,11 +21,12 @@ private slots:
 
 void TrialMarksTest::marksLookAtNothingBefore_data()
 {
-    QTest::addColumn<std::function<bool(qint32)>>("mark");
+    QTest::addColumn<Mark>("mark");
     QTest::addColumn<QString>("first");
     QTest::addColumn<QString>("second");
-    const auto row = [](const char *name, const std::function<bool(qint32)> &mark, const QString &first,
-                         const QString &second) { QTest::newRow(name) << mark << first << second; };
+    const auto row = [](const char *name, const Mark &mark, const QString &first, const QString &second) {
+        QTest::newRow(name) << mark << first << second;
+    };
     const QString day = u"09-Apr-2011"_s;
     row("appeared", trialMarks::appeared, u"1|10-Apr-2011|"_s + day, u"1|11-Apr-2011|"_s + day);
     row("not appeared", trialMarks::notAppeared, u"0||"_s + day, u"0||"_s + day);
@@ -38,7 +41,7 @@ void TrialMarksTest::marksLookAtNothingBefore_data()
 
 void TrialMarksTest::marksLookAtNothingBefore()
 {
-    QFETCH(const std::function<bool(qint32)>, mark);
+    QFETCH(const Mark, mark);
     QFETCH(const QString, first);
     QFETCH(const QString, second);
     TestShop shop;
@@ -54,6 +57,18 @@ void TrialMarksTest::marksLookAtNothingBefore()
     const QStringList before = shop.lines(u"Select * from Jobs"_s);
     QVERIFY(!mark(4));
     QCOMPARE(shop.lines(u"Select * from Jobs"_s), before);
+    // The day of a former mark comes back too, but not over what was done on the card since.
+    session::CurrentDate = {2011, 4, 12};
+    const auto last = mark(2);
+    QVERIFY(last);
+    QCOMPARE(last->takeBack(), MarkedRows::TakenBack::Yes);
+    QCOMPARE(shop.lines(u"Select * from Jobs"_s), before);
+    const auto another = mark(2);
+    QVERIFY(another);
+    shop.connection.execute(u"Update Jobs set trialdate=#02-May-2011# where id=2"_s);
+    const QStringList changed = shop.lines(u"Select * from Jobs"_s);
+    QCOMPARE(another->takeBack(), MarkedRows::TakenBack::Changed);
+    QCOMPARE(shop.lines(u"Select * from Jobs"_s), changed);
 }
 
 CORVANE_TEST(TrialMarksTest)

@@ -138,6 +138,20 @@ void lookAtKeys(const Screen &screen)
     }
 }
 
+void lookForKey(const Screen &screen, const QString &verb, QKeyCombination wanted)
+{
+    const auto commands = screen.findChildren<QPushButton *>();
+    const bool isCommanded = std::any_of(commands.begin(), commands.end(), [&verb](const QPushButton *command) {
+        const QString caption = command->text().remove(u'&');
+        return caption == verb || caption.startsWith(verb + u' ');
+    });
+    const auto &keys = screen.keys();
+    const bool isKeyed =
+        std::any_of(keys.begin(), keys.end(), [wanted](const Screen::Key &key) { return key.key == wanted; });
+    if (isCommanded && !isKeyed)
+        qWarning("%s has a command and no key for it: %s", qPrintable(screen.objectName()), qPrintable(verb));
+}
+
 } // namespace
 
 bool ShownScreens::eventFilter(QObject *watched, QEvent *event)
@@ -171,6 +185,8 @@ void ShownScreens::lookAt(const Screen &screen)
 {
     m_seen.insert(screen.objectName());
     lookAtKeys(screen);
+    lookForKey(screen, QStringLiteral("Save"), Qt::CTRL | Qt::Key_S);
+    lookForKey(screen, QStringLiteral("Print"), Qt::CTRL | Qt::Key_P);
     const auto widgets = screen.findChildren<QWidget *>();
     for (QWidget *widget : widgets) {
         if (widget->window() != &screen)

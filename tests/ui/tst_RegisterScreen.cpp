@@ -13,6 +13,7 @@
 #include "ui/listFilter.h"
 #include "ui/platformBox.h"
 
+#include <QContextMenuEvent>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMenu>
@@ -51,6 +52,7 @@ public:
         resize(400, 260);
     }
     using RegisterScreen::Keep;
+    using RegisterScreen::keepForUndo;
     using RegisterScreen::Refresh;
     using RegisterScreen::showRows;
 
@@ -88,6 +90,7 @@ private slots:
     void theRowIsTheOneBeforeTheQuestion();
     void aRowWithoutATagAnswersToNothing();
     void theMenuOfARowOpensByMouseAndKey();
+    void whatWasDoneLastIsUndoneFirst();
     void aTextIsFoundInAnyColumn();
     void whatTheUserLooksAtStays();
     void listsFillThemselvesWhenTold_data();
@@ -140,6 +143,43 @@ void RegisterTest::aRowWithoutATagAnswersToNothing()
         QVERIFY(!(ListRow{.tag = none}.hasTag()));
     for (const QVariant &some : {QVariant(7), QVariant(u"12|1"_s), QVariant(u"0"_s)})
         QVERIFY((ListRow{.tag = some}.hasTag()));
+}
+
+void RegisterTest::whatWasDoneLastIsUndoneFirst()
+{
+    const TestShop shop;
+    GarmentScreen screen;
+    screen.fillTo(3, GarmentScreen::Keep::First);
+    QVERIFY(driver::show(screen));
+    screen.list.setFocus();
+    QStringList undone;
+    const auto undo = [] { driver::press(Qt::Key_Z, Qt::ControlModifier); };
+    undo();
+    for (const QString &what : {u"Done, 1"_s, u"Done, 2"_s, u"Done, 3"_s})
+        screen.keepForUndo(what, [&undone, what] { undone += what; });
+    undo();
+    QCOMPARE(undone, QStringList{u"Done, 3"_s});
+    // What is typed in a field is undone there.
+    driver::press(Qt::Key_L, Qt::ControlModifier);
+    driver::type(u"x"_s);
+    undo();
+    QCOMPARE(undone.size(), 1);
+    driver::press(Qt::Key_Escape);
+    // Another fill of the list, and one without rows, keep them.
+    screen.fillTo(0, GarmentScreen::Keep::First);
+    undo();
+    QCOMPARE(undone.size(), 2);
+    screen.fillTo(3, GarmentScreen::Keep::First);
+    QContextMenuEvent pressed(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(&screen.list, &pressed);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().constLast()->text(), u"Undo: Done, 1\tCtrl+Z"_s);
+    menu->setActiveAction(menu->actions().constLast());
+    QTest::keyClick(menu, Qt::Key_Return);
+    QTRY_COMPARE(undone.size(), 3);
+    undo();
+    QCOMPARE(undone, (QStringList{u"Done, 3"_s, u"Done, 2"_s, u"Done, 1"_s}));
 }
 
 void RegisterTest::aTextIsFoundInAnyColumn()

@@ -10,16 +10,17 @@
 #include "ui/DateField.h"
 #include "ui/ListView.h"
 #include "ui/Screen.h"
+#include "ui/boxType.h"
 #include "ui/complain.h"
 #include "ui/frmMsg.h"
 #include "ui/kvTextBox.h"
 #include "ui/kvTextBoxMultiLine.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
-#include <QToolTip>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +40,9 @@ public:
         onKey(Qt::CTRL | Qt::Key_Return, u"Counts"_s, [this] { ++counted; });
         onKey(Qt::Key_F2, u"Counts"_s, [this] { ++counted; });
     }
+    using Screen::onKey;
+    using Screen::printKey;
+    using Screen::saveKey;
     using Screen::setEntryKeys;
 
     QVBoxLayout form{this};
@@ -67,6 +71,21 @@ protected:
     }
 };
 
+namespace {
+
+/// What the panel over a screen says of its keys; nothing where there is none.
+QString told(const QWidget &screen)
+{
+    const auto *panel = screen.findChild<QWidget *>(u"keyPanel"_s);
+    QString text;
+    const auto columns = panel && panel->isVisible() ? panel->findChildren<QLabel *>() : QList<QLabel *>();
+    for (const QLabel *column : columns)
+        text += column->text();
+    return text;
+}
+
+} // namespace
+
 /// What every screen does with keys, with others above it, and with failures.
 class ScreenTest : public QObject {
     Q_OBJECT
@@ -76,6 +95,11 @@ private slots:
     void withoutEntryKeysEnterPressesACommand();
     void enterStaysWhereItHasAMeaning();
     void keysOfTheScreenComeFirstAndOnce();
+    void theKeysOfAScreenAreTold_data();
+    void theKeysOfAScreenAreTold();
+    void soManyKeysStayOnTheMonitor();
+    void theGuideOpensForTheScreen();
+    void savingByKeyIsTheCommand();
     void escapeClosesFromAnyControl();
     void activationComesOnceForEachComingToTheFront();
     void whatAnotherProgramWroteIsNoticedOnComingBack();
@@ -174,10 +198,103 @@ void ScreenTest::keysOfTheScreenComeFirstAndOnce()
     screen.day.setFocus();
     driver::press(Qt::Key_F2);
     QCOMPARE(screen.counted, 4);
-    driver::press(Qt::Key_F1);
-    QVERIFY(QToolTip::text().contains(u"Ctrl+Return"_s));
+}
+
+void ScreenTest::theKeysOfAScreenAreTold_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QString>("itsKey");
+    QTest::newRow("list") << u"lvItems"_s << u"Letters"_s;
+    QTest::newRow("date") << u"day"_s << u"Calendar"_s;
+    QTest::newRow("lines") << u"remark"_s << u"A new line"_s;
+    QTest::newRow("command") << u"Command1"_s << u"Space"_s;
+}
+
+void ScreenTest::theKeysOfAScreenAreTold()
+{
+    QFETCH(const QString, control);
+    QFETCH(const QString, itsKey);
+    EntryScreen screen;
+    screen.setEntryKeys(Screen::EnterMovesOn);
+    screen.day.setObjectName(u"day"_s);
+    screen.remark.setObjectName(u"remark"_s);
+    QVERIFY(driver::show(screen));
+    screen.findChild<QWidget *>(control)->setFocus();
+    QVERIFY(told(screen).isEmpty());
+    driver::press(Qt::Key_Slash, Qt::ControlModifier);
+    const QString keys = told(screen);
+    for (const QString &expected : {u"Ctrl+Enter"_s, u"Counts"_s, u"Next field"_s, u"F1"_s, itsKey})
+        QVERIFY2(keys.contains(expected), qPrintable(keys));
+    QVERIFY(!keys.contains(u"Page Down, Page Up</b></td><td>Next field"_s));
+    // Escape puts the panel away and no more, Ctrl neither, and any other key does its own too.
+    driver::press(Qt::Key_Control);
+    QVERIFY(!told(screen).isEmpty());
     driver::press(Qt::Key_Escape);
-    QTRY_VERIFY(!QToolTip::isVisible());
+    QVERIFY(told(screen).isEmpty());
+    QVERIFY(screen.isVisible());
+    driver::press(Qt::Key_Slash, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(!told(screen).isEmpty());
+    driver::press(Qt::Key_Return, Qt::ControlModifier);
+    QVERIFY(told(screen).isEmpty());
+    QCOMPARE(screen.counted, 1);
+    driver::press(Qt::Key_Slash, Qt::ControlModifier);
+    driver::press(Qt::Key_Slash, Qt::ControlModifier);
+    QVERIFY(told(screen).isEmpty());
+    driver::press(Qt::Key_Slash, Qt::ControlModifier);
+    QTest::mouseClick(&screen, Qt::LeftButton);
+    QTRY_VERIFY(told(screen).isEmpty());
+}
+
+void ScreenTest::soManyKeysStayOnTheMonitor()
+{
+    EntryScreen screen;
+    for (int key = 0; key < 70; ++key)
+        screen.onKey(
+            Qt::ALT | static_cast<Qt::Key>(Qt::Key_F1 + key % 12), u"Something that takes some words"_s, [] {});
+    QVERIFY(driver::show(screen));
+    driver::press(Qt::Key_Slash, Qt::ControlModifier);
+    const QWidget *const panel = screen.findChild<QWidget *>(u"keyPanel"_s);
+    QVERIFY(panel);
+    QVERIFY(screen.screen()->availableGeometry().contains(panel->geometry()));
+    QVERIFY(panel->width() >= panel->sizeHint().width() && panel->height() >= panel->sizeHint().height());
+}
+
+void ScreenTest::theGuideOpensForTheScreen()
+{
+    EntryScreen screen;
+    QVERIFY(driver::show(screen));
+    driver::press(Qt::Key_F1);
+    QStringList asked;
+    Screen::setGuide([&asked](const QString &name) { asked += name; });
+    driver::press(Qt::Key_F1);
+    QCOMPARE(asked, QStringList{u"EntryScreen"_s});
+    Screen::setGuide({});
+}
+
+void ScreenTest::savingByKeyIsTheCommand()
+{
+    EntryScreen screen;
+    screen.saveKey(&screen.save);
+    screen.printKey(&screen.close);
+    kvTextBox amount(u"txtAmount"_s, boxType::Amount);
+    screen.form.addWidget(&amount);
+    QString saved;
+    QSignalSpy printed(&screen.close, &Command::clicked);
+    connect(&screen.save, &Command::clicked, &screen, [&] { saved = amount.text(); });
+    QVERIFY(driver::show(screen));
+    amount.setFocus();
+    driver::type(u"12"_s);
+    driver::press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(saved, u"12.00"_s);
+    QCOMPARE(printed.count(), 0);
+    driver::press(Qt::Key_P, Qt::ControlModifier);
+    QCOMPARE(printed.count(), 1);
+    saved.clear();
+    screen.save.setEnabled(false);
+    amount.setFocus();
+    driver::press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(saved.isEmpty());
+    QVERIFY(amount.hasFocus());
 }
 
 void ScreenTest::escapeClosesFromAnyControl()

@@ -1,0 +1,131 @@
+#include "app/frmGuide.h"
+
+#include "app/guideChapters.h"
+#include "support/ModalScript.h"
+#include "support/TestShop.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QTextBrowser>
+#include <QTextTable>
+
+using namespace Qt::StringLiterals;
+using driver::control;
+using driver::press;
+
+/// The guide within the program.
+class GuideTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyScreenHasItsChapter_data();
+    void everyScreenHasItsChapter();
+    void itIsReadAndSearchedFromTheKeyboard();
+    void itIsTheWholeGuideWithoutPictures();
+};
+
+namespace {
+
+QTextBrowser &text(const QWidget &guide)
+{
+    return control<QTextBrowser>(guide, "text");
+}
+
+/// The first line in view.
+QString topLine(const QWidget &guide)
+{
+    const QTextBrowser &shown = text(guide);
+    return shown.cursorForPosition({20, 22}).block().text();
+}
+
+} // namespace
+
+void GuideTest::everyScreenHasItsChapter_data()
+{
+    QTest::addColumn<QString>("chapter");
+    // These lead on, ask or tell; the guide opens at its beginning.
+    const QStringList without{u"frmMenu"_s, u"frmAbout"_s, u"frmGuide"_s, u"frmMsg"_s, u"frmSetDate"_s};
+    QStringList screens = QStringLiteral(CORVANE_ALL_SCREENS).split(u' ', Qt::SkipEmptyParts);
+    QVERIFY(screens.size() > 35);
+    screens += guideChapters().keys();
+    screens.removeDuplicates();
+    for (const QString &screen : std::as_const(screens))
+        QTest::newRow(qPrintable(screen))
+            << (without.contains(screen) ? u"Corvane at the counter"_s : guideChapters().value(screen, u"none"_s));
+}
+
+void GuideTest::everyScreenHasItsChapter()
+{
+    QFETCH(const QString, chapter);
+    const TestShop shop;
+    ModalScript script;
+    script.expect(u"frmGuide"_s, [&chapter](QWidget &guide) {
+        const QScrollBar &bar = *text(guide).verticalScrollBar();
+        QCOMPARE(control<QListWidget>(guide, "chapters").currentItem()->text(), chapter);
+        QVERIFY2(topLine(guide) == chapter || bar.value() == bar.maximum(), qPrintable(topLine(guide)));
+        press(Qt::Key_Escape);
+    });
+    frmGuide().ShowFor(QString::fromLatin1(QTest::currentDataTag()));
+}
+
+void GuideTest::itIsReadAndSearchedFromTheKeyboard()
+{
+    const TestShop shop;
+    frmGuide guide;
+    QVERIFY(driver::show(guide));
+    const QScrollBar &bar = *text(guide).verticalScrollBar();
+    press(Qt::Key_PageDown);
+    QVERIFY(bar.value() > 0);
+    press(Qt::Key_F1);
+    QCOMPARE(bar.value(), 0);
+    // Chapter by chapter.
+    press(Qt::Key_Tab);
+    press(Qt::Key_Down);
+    QCOMPARE(topLine(guide), u"The first start"_s);
+
+    const auto found = [&guide] { return text(guide).textCursor().selectedText(); };
+    press(Qt::Key_F, Qt::ControlModifier);
+    driver::type(u"payroll"_s);
+    QCOMPARE(found().toLower(), u"payroll"_s);
+    const int first = text(guide).textCursor().position();
+    press(Qt::Key_Return);
+    const int second = text(guide).textCursor().position();
+    QVERIFY(second > first);
+    press(Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(text(guide).textCursor().position(), first);
+    // Round the beginning, to the last one.
+    press(Qt::Key_Up);
+    QVERIFY(text(guide).textCursor().position() >= second);
+    press(Qt::Key_Down);
+    QCOMPARE(text(guide).textCursor().position(), first);
+    driver::type(u"zzz"_s);
+    QCOMPARE(control<QLabel>(guide, "lblFound").text(), u"Not found"_s);
+    press(Qt::Key_Escape);
+    QVERIFY(guide.isVisible());
+    QVERIFY(text(guide).hasFocus());
+    press(Qt::Key_Escape);
+    QVERIFY(!guide.isVisible());
+}
+
+void GuideTest::itIsTheWholeGuideWithoutPictures()
+{
+    const TestShop shop;
+    const frmGuide guide;
+    QFile file(u":/guide/guide.md"_s);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+    const auto headings = lines.filter(QRegularExpression(u"^## "_s));
+    QVERIFY(headings.size() > 20);
+    QCOMPARE(control<QListWidget>(guide, "chapters").count(), headings.size() + 1);
+    const QString shown = text(guide).toPlainText();
+    QVERIFY(!shown.contains(u"pictures/"_s) && !shown.contains(QChar::ObjectReplacementCharacter));
+    QVERIFY(shown.contains(u"corvane --check"_s));
+}
+
+CORVANE_TEST(GuideTest)
+#include "tst_frmGuide.moc"
