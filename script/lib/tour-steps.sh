@@ -88,11 +88,11 @@ window "Clients"
 keys alt+a
 window "Add New Client"
 field "Nandini O'Brien"
+field "98290 12345"
 keys alt+g Return
 field "14, Lake View"
 field "Udaipur"
 field "Rajasthan"
-field "98290 12345"
 words "30/9/1984"
 picture new-client
 keys alt+s
@@ -182,7 +182,7 @@ window "Create New Job Card"
 picture two-items
 
 echo "An advance is taken, and the card saved."
-keys Tab Tab Tab Tab
+keys Tab
 field 2500
 field cash
 words "Wedding on the 20th"
