@@ -102,7 +102,6 @@ QLayout *frmAccountBook::buildQuery()
     cmbAccount = accountCombo(u"cmbAccount"_s);
     cmbAccount->setMinimumContentsLength(accountLetters);
     m_period = new PeriodFields;
-    setPeriod(m_period);
     cmdView = new Command(u"cmdView"_s, u"&View"_s);
     cmdView->setDefault(true);
     auto *row = new QHBoxLayout;
@@ -155,6 +154,7 @@ QLayout *frmAccountBook::buildCommands()
 
 void frmAccountBook::connectCommands()
 {
+    setPeriod(m_period, cmdView);
     connect(cmbType, &QComboBox::activated, this, &frmAccountBook::loadList);
     connect(cmbAccount, &kvComboBox::keyPress, this, [this](int &key) {
         if (key != keys::Enter)

@@ -36,9 +36,9 @@ frmDayBook::frmDayBook() : RegisterScreen(u"frmDayBook"_s, u"Day Book"_s, Refres
 void frmDayBook::buildForm()
 {
     m_period = new PeriodFields;
-    setPeriod(m_period);
     cmdView = new Command(u"cmdView"_s, u"&View"_s);
     cmdView->setDefault(true);
+    setPeriod(m_period, cmdView);
     lvSummary = new ListView(u"lvSummary"_s,
         {{u"Date"_s, 14}, {u"VC #"_s, 8, true}, {u"Voucher"_s, 11}, {u"Particulars"_s, 27}, {u"Amount"_s, 13, true},
             {u"Remark"_s, 27}});

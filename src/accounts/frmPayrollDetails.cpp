@@ -15,7 +15,7 @@ frmPayrollDetails::frmPayrollDetails()
     lvSummary = new ListView(u"lvSummary"_s, wagesList::columns(u"Qty."_s));
     lvSummary->setAccessibleName(windowTitle());
     lvSummary->setEmptyText(u"No job is paid by this payroll any more."_s);
-    setRegister(lvSummary);
+    setRegister(lvSummary, Rows::AreOnlyRead);
     cmdPrint = new Command(u"cmdPrint"_s, u"&Print"_s);
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary, 1);

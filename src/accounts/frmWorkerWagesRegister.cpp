@@ -74,7 +74,6 @@ QLayout *frmWorkerWagesRegister::buildQuery()
     cmbClient = accountCombo(u"cmbClient"_s);
     cmbClient->setMinimumContentsLength(workerLetters);
     m_period = new PeriodFields;
-    setPeriod(m_period);
     op1 = option(u"op1"_s, u"View : All"_s);
     op2 = option(u"op2"_s, u"View : Paid"_s);
     op3 = option(u"op3"_s, u"View : Unpaid"_s);
@@ -128,6 +127,7 @@ QLayout *frmWorkerWagesRegister::buildCommands()
 
 void frmWorkerWagesRegister::connectCommands()
 {
+    setPeriod(m_period, cmdView);
     connect(cmbClient, &kvComboBox::keyPress, this, [this](int &key) {
         if (key != keys::Enter)
             return;

@@ -96,7 +96,8 @@ void frmOpenJob::connectCommands()
     connect(Command1, &Command::clicked, this, &frmOpenJob::openCard);
     connect(cmdPrint, &Command::clicked, this, &frmOpenJob::printCard);
     // One number, one Enter: the box would only move on to the command.
-    onKey(Qt::Key_Return, u"Open"_s, [this] { Command1->trigger(); });
+    onKey(
+        Qt::Key_Return, u"Open"_s, [this] { Command1->trigger(); }, [this] { return !cmdPrint->hasFocus(); });
     printKey(cmdPrint);
     onKey(Qt::Key_Up, u"The card above"_s, [this] { static_cast<void>(ListNavKeys(*lvFound, keys::Up)); });
     onKey(Qt::Key_Down, u"The card below"_s, [this] { static_cast<void>(ListNavKeys(*lvFound, keys::Down)); });
@@ -109,10 +110,10 @@ void frmOpenJob::listCards()
     if (!isJobNumber(text)) {
         if (!m_cards)
             m_cards.emplace();
-        const auto cards = m_cards->find(text, mostCards);
+        const auto cards = m_cards->find(text, mostCards + 1);
         std::ranges::transform(cards, std::back_inserter(rows), rowOf);
-        if (rows.size() == mostCards)
-            rows.push_back({.cells = {{}, {}, u"and more: type on"_s}});
+        if (rows.size() > mostCards)
+            rows.back() = {.cells = {{}, {}, u"and more: type on"_s}};
     }
     lvFound->setEmptyText(whyEmpty(text));
     lvFound->list().setRows(std::move(rows));

@@ -35,7 +35,7 @@ void frmBirthDayRimenders::buildForm()
     lvSummary = new ListView(u"lvSummary"_s, {{u"Name"_s, 50}, {u"DOB"_s, 22}, {u"Contact"_s, 28}});
     lvSummary->setAccessibleName(windowTitle());
     lvSummary->letSort();
-    setRegister(lvSummary);
+    setRegister(lvSummary, Rows::AreOnlyRead);
     m_reminder =
         new ReminderPanel(*lvSummary, setting::BirthdayGreeting, setting::defaultOf(setting::BirthdayGreeting));
 

@@ -1,5 +1,6 @@
 #include "jobcards/CardFinder.h"
 
+#include "base/values.h"
 #include "store/DataEnvironment.h"
 #include "store/codes.h"
 #include "store/lookups.h"
@@ -19,6 +20,17 @@ QString digitsOf(const QString &text)
     QString digits;
     std::ranges::copy_if(text, std::back_inserter(digits), [](QChar sign) { return sign.isDigit(); });
     return digits;
+}
+
+/// Cards that came from elsewhere may lack something, and are found all the same.
+qint32 numberIn(const Value &value)
+{
+    return value.isNull() ? 0 : value.toInt();
+}
+
+QString textIn(const Value &value)
+{
+    return value.isNull() ? QString() : value.toText();
 }
 
 bool isPhone(const QString &text)
@@ -42,11 +54,11 @@ CardFinder::CardFinder()
     m_cards.reserve(static_cast<size_t>(jobs.recordCount()));
     for (; !jobs.eof(); jobs.moveNext())
         m_cards.push_back({.number = jobs.value(number).toInt(),
-            .date = jobs.value(date).toDate(),
-            .client = jobs.value(client).toInt(),
-            .amount = jobs.value(amount).toCurrency(),
-            .isFinished = jobs.value(finished).toInt() == jobState::Finished,
-            .isCancelled = jobs.value(status).toInt() == cardStatus::Cancelled});
+            .date = jobs.value(date).isNull() ? QDate() : jobs.value(date).toDate(),
+            .client = numberIn(jobs.value(client)),
+            .amount = Currency::fromDouble(Val(textIn(jobs.value(amount)))),
+            .isFinished = numberIn(jobs.value(finished)) == jobState::Finished,
+            .isCancelled = numberIn(jobs.value(status)) == cardStatus::Cancelled});
     jobs.close();
     std::ranges::sort(m_cards, [](const Card &left, const Card &right) {
         return std::tie(left.date, left.number) > std::tie(right.date, right.number);

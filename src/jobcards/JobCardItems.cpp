@@ -180,5 +180,7 @@ void JobCardItems::clearRows()
     // The rows of the card stay and are saved with it: only the list is emptied.
     m_store.forgetRemovedRows();
     lvItems->list().clear();
+    if (m_rows.RowCount() > 0)
+        lvItems->setEmptyText(u"The list is cleared.\nThe items of the card stay, and are saved with it."_s);
     emit changed();
 }

@@ -122,6 +122,15 @@ qint32 JobCardStore::GetNewNum()
     return last + 1;
 }
 
+QString JobCardStore::lastReceiptAccount()
+{
+    Recordset &jobs = DE().rsJobs2;
+    jobs.openLast(u"Select * from JOBS where CashAccID>0 order by ID"_s);
+    const qint32 account = jobs.eof() ? 0 : jobs.integer(u"CashAccID");
+    jobs.close();
+    return titleOrBlank(account);
+}
+
 bool JobCardStore::isDuplicate(const QString &jobIDText) const
 {
     const double number = Val(jobIDText);

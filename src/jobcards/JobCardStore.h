@@ -59,6 +59,10 @@ public:
     /// The next job number: one more than the highest, or the start number of the settings where there is no card yet.
     [[nodiscard]] static qint32 GetNewNum();
 
+    /// Title of the account that received the advance of the card with the highest number that has one; empty where
+    /// there is none.
+    [[nodiscard]] static QString lastReceiptAccount();
+
     /// Whether a save under that number would meet another card. The card's own number is no duplicate.
     [[nodiscard]] bool isDuplicate(const QString &jobIDText) const;
 

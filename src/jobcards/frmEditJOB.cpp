@@ -27,7 +27,6 @@
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
 #include "ui/modAutoSearch.h"
-#include "ui/userValues.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -43,8 +42,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Among the user's values, the account that received money last.
-constexpr auto lastReceiptAccount = "LastReceiptAccount"_L1;
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
 
 void lookShownOnly(kvTextBox &box)
@@ -228,7 +225,6 @@ void frmEditJOB::connectCommands()
     filterKeys(txtAmountPaid, DecimalKeysOnly);
     connect(cmbClient, &kvComboBox::lostFocus, this, &frmEditJOB::greetClient);
     connect(txtAmountPaid, &kvTextBox::lostFocus, this, &frmEditJOB::leaveReceived);
-    connect(cmbAccount, &kvComboBox::gotFocus, this, &frmEditJOB::suggestAccount);
     // Elsewhere Enter moves on.
     keepEnter(Command1);
     keepEnter(m_items->addCommand());
@@ -387,18 +383,18 @@ void frmEditJOB::leaveReceived()
     if (Val(txtAmountPaid->Text()) > Val(txtAmountDue->Text()))
         txtAmountPaid->setText(txtAmountDue->Text());
     showAmountDue();
+    suggestAccount();
 }
 
-/// Whoever has taken money puts it where he put it last.
+/// Whoever comes on from the money finds the account where the shop put it last; not who is sent here because he has
+/// chosen none.
 void frmEditJOB::suggestAccount()
 {
-    if (Val(txtAmountPaid->Text()) <= 0 || !cmbAccount->Text().isEmpty())
+    if (Val(txtAmountPaid->Text()) <= 0 || !cmbAccount->Text().isEmpty() || !cmbAccount->hasFocus())
         return;
-    const QString last = userValues().value(lastReceiptAccount).toString();
-    if (cmbAccount->findText(last) < 0)
-        return;
-    cmbAccount->setText(last);
-    ShowAsSelected(*cmbAccount);
+    const QString last = JobCardStore::lastReceiptAccount();
+    if (cmbAccount->findText(last) >= 0)
+        cmbAccount->setText(last);
 }
 
 void frmEditJOB::fillClients()
@@ -499,8 +495,8 @@ void frmEditJOB::save()
         m_store.SaveEdit(collect(), JobRows);
         ShowMessage(u"Job Edited."_s);
     }
-    if (Val(txtAmountPaid->Text()) > 0)
-        userValues().setValue(lastReceiptAccount, cmbAccount->Text());
+    // An Enter too many, behind that for the message, must not save again.
+    Command3->setFocus(Qt::OtherFocusReason);
     offerSMS();
 }
 

@@ -56,7 +56,8 @@ void frmSearchClient::buildForm()
     lvResults = new ListView(u"lvResults"_s, {{u"Name"_s, 30}, {u"Address"_s, 34}, {u"City"_s, 16}, {u"Mobile"_s, 20}});
     lvResults->setAccessibleName(u"Clients"_s);
     lvResults->setEmptyText(howToSearch);
-    lvResults->letSort();
+    // Which client comes first, and is taken by Enter, is to be the same tomorrow.
+    lvResults->letSort(ListView::SortKept::WhileOpen);
     setRegister(lvResults);
 
     auto *query = new QGroupBox(u"Alter Query"_s);

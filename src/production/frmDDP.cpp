@@ -35,7 +35,7 @@ frmDDP::frmDDP() : RegisterScreen(u"frmDDP"_s, u"Pending Orders Status"_s, Refre
     lvSummary->setEmptyText(u"No item has a production capacity.\n"
                             "Enter under Masters, Items how many pieces can be made in a day."_s);
     lvSummary->letSort();
-    setRegister(lvSummary);
+    setRegister(lvSummary, Rows::AreOnlyRead);
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary);
     resize(920, 520);

@@ -33,6 +33,7 @@ frmFeedBack::frmFeedBack() : Screen(u"frmFeedBack"_s, u"Client Feedback"_s)
     setEntryKeys(EnterMovesOn);
     connect(cmbScore, &kvComboBox::changed, this, &frmFeedBack::ChangeStars);
     connect(cmbScore, &kvComboBox::gotFocus, this, &frmFeedBack::ChangeStars);
+    saveKey(Command1);
     connect(Command1, &Command::clicked, this, &frmFeedBack::save);
     connect(Command2, &Command::clicked, this, &QDialog::reject);
 }

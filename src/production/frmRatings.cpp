@@ -24,7 +24,7 @@ frmRatings::frmRatings() : RegisterScreen(u"frmRatings"_s, u"Ratings"_s, Refresh
     lvSummary->setEmptyText(
         u"No workers yet.\nMasters, Workers adds them; Feedback on what they have made rates them."_s);
     lvSummary->letSort();
-    setRegister(lvSummary);
+    setRegister(lvSummary, Rows::AreOnlyRead);
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(lvSummary);
     resize(640, 480);

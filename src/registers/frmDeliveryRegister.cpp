@@ -180,7 +180,6 @@ void frmDeliveryRegister::buildForm()
 QLayout *frmDeliveryRegister::buildQuery()
 {
     m_period = new PeriodFields;
-    setPeriod(m_period);
     cmbClient = accountCombo(u"cmbClient"_s);
     cmbClient->setMinimumContentsLength(24);
     lblCurrentDate = new QLabel;
@@ -222,6 +221,7 @@ QLayout *frmDeliveryRegister::buildCommands()
 
 void frmDeliveryRegister::connectCommands()
 {
+    setPeriod(m_period, Command4);
     onEnter(cmbClient, [this] { showAll(); });
     onEnter(txtSearchID, [this] { searchJob(); });
     connect(txtSearchID, &kvTextBox::changed, this, [this] {

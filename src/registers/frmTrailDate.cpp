@@ -81,9 +81,9 @@ frmTrailDate::frmTrailDate() : RegisterScreen(u"frmTrailDate"_s, u"Trial Date Re
 void frmTrailDate::buildForm()
 {
     m_period = new PeriodFields;
-    setPeriod(m_period);
     Command1 = new Command(u"Command1"_s, u"Show"_s);
     Command1->setDefault(true);
+    setPeriod(m_period, Command1);
     lvSummary = new ListView(u"lvSummary"_s,
         {{u"Name"_s, 25}, {u"Trial Date"_s, 20}, {u"Status"_s, 27}, {u"Job ID"_s, 9, true}, {u"Contact"_s, 19}});
     lvSummary->setAccessibleName(windowTitle());
@@ -157,9 +157,10 @@ void frmTrailDate::afterMark(const QString &what, const ListRow &row, const std:
     if (!marked)
         ShowMessage(u"Job Card not found!"_s);
     else
-        keepForUndo(what + u", "_s + row.tag.toString(), [this, marked = *marked] {
-            undoMark(marked);
-            showTrials();
-        });
+        keepForUndo(
+            what + u", "_s + row.tag.toString(), [this, name = what + u", "_s + row.tag.toString(), marked = *marked] {
+                undoMark(name, marked);
+                showTrials();
+            });
     showTrials();
 }

@@ -228,7 +228,6 @@ void frmWorkerJobRegister::buildForm()
 QLayout *frmWorkerJobRegister::buildQuery()
 {
     m_period = new PeriodFields;
-    setPeriod(m_period);
     opDt1 = option(u"opDt1"_s, u"Find Range : Job Date"_s);
     opDt2 = option(u"opDt2"_s, u"Find Range : Delivery  Date"_s);
     OpInc = option(u"OpInc"_s, u"Increasing order"_s);
@@ -304,6 +303,7 @@ QLayout *frmWorkerJobRegister::buildCommands()
 
 void frmWorkerJobRegister::connectCommands()
 {
+    setPeriod(m_period, Command4);
     onEnter(cmbClient, [this] { view(); });
     onEnter(txtSearchID, [this] { searchJob(); });
     connect(txtSearchID, &kvTextBox::changed, this, [this] {
@@ -484,9 +484,10 @@ void frmWorkerJobRegister::tellWhatIsListed(const QString &condition)
         listed = u"%1, %2, %3 %4 to %5"_s.arg(whose, which, opDt1->isChecked() ? u"booked"_s : u"promised for"_s,
             DayMonthYear(m_period->from()), DayMonthYear(m_period->to()));
     lblListed->setText(listed);
-    lvSummary->setEmptyText(
-        u"No garment is listed for this:\n%1\n\nOther dates and View (Alt+V), or another word under Sort, "
-        "list more; Job ID lists a card whatever its dates."_s.arg(listed));
+    const QString advice = mode == u"CUSTUNDEL"_s
+        ? u"Another word under Sort lists more."_s
+        : u"Other dates and View (Alt+V), or another word under Sort, list more; Job ID lists a card whatever its dates."_s;
+    lvSummary->setEmptyText(u"No garment is listed for this:\n%1\n\n%2"_s.arg(listed, advice));
 }
 
 void frmWorkerJobRegister::view()
@@ -557,17 +558,18 @@ void frmWorkerJobRegister::openAccount(const ListRow &row)
 void frmWorkerJobRegister::afterMark(const QString &what, const ListRow &row, const std::optional<MarkedRows> &marked)
 {
     const bool isOfJob = what == jobHandedOver;
-    if (marked)
-        keepForUndo(what + u", "_s + (isOfJob ? QString::number(jobNumber(row)) : row.cells.value(column::Job)),
-            [this, marked = *marked, row] { takeBack(marked, row); });
-    else
+    if (marked) {
+        const QString name =
+            what + u", "_s + (isOfJob ? QString::number(jobNumber(row)) : row.cells.value(column::Job));
+        keepForUndo(name, [this, name, marked = *marked, row] { takeBack(name, marked, row); });
+    } else
         isOfJob ? ShowMessage(u"Job Card not found!"_s) : tellRowGone();
     filterChosen();
 }
 
-void frmWorkerJobRegister::takeBack(const MarkedRows &marked, const ListRow &row)
+void frmWorkerJobRegister::takeBack(const QString &what, const MarkedRows &marked, const ListRow &row)
 {
-    undoMark(marked);
+    undoMark(what, marked);
     filterChosen();
     // Where the filter had taken it out, it is back.
     if (const int place = lvSummary->list().rowOfTag(row.tag, 0); place >= 0)

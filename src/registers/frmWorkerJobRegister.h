@@ -66,7 +66,7 @@ private:
     void overview();
     void openAccount(const ListRow &row);
     void afterMark(const QString &what, const ListRow &row, const std::optional<MarkedRows> &marked);
-    void takeBack(const MarkedRows &marked, const ListRow &row);
+    void takeBack(const QString &what, const MarkedRows &marked, const ListRow &row);
 
     PeriodFields *m_period;
     QRadioButton *opDt1;

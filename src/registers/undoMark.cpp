@@ -6,13 +6,13 @@
 
 using namespace Qt::StringLiterals;
 
-void undoMark(const MarkedRows &marked)
+void undoMark(const QString &what, const MarkedRows &marked)
 {
     switch (marked.takeBack()) {
-    case MarkedRows::TakenBack::Yes: return Notice(u"The mark is taken back."_s).linger();
+    case MarkedRows::TakenBack::Yes: return Notice(u"Taken back: "_s + what).linger();
     case MarkedRows::TakenBack::Gone:
-        return ShowMessage(u"What was marked is no longer there. Nothing has been undone."_s);
+        return ShowMessage(what + u"\r\n\r\nWhat was marked is no longer there. Nothing has been undone."_s);
     case MarkedRows::TakenBack::Changed:
-        return ShowMessage(u"It has been changed since it was marked. Nothing has been undone."_s);
+        return ShowMessage(what + u"\r\n\r\nIt has been changed since it was marked. Nothing has been undone."_s);
     }
 }

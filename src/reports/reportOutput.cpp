@@ -51,7 +51,7 @@ QString asFileName(QString text)
     static const QRegularExpression notAllowed(uR"([\\/:*?"<>|\x00-\x1f\x7f])"_s);
     text.replace(notAllowed, u"_"_s);
     while (text.toUtf8().size() > most)
-        text.chop(1);
+        text.chop(text.back().isLowSurrogate() ? 2 : 1);
     return text.trimmed() + u".pdf"_s;
 }
 

@@ -64,7 +64,10 @@ bool Command::event(QEvent *event)
 
 void Command::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && !event->isAutoRepeat())
         return act();
+    if (isEnter)
+        return;
     QPushButton::keyPressEvent(event);
 }

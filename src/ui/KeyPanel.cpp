@@ -102,7 +102,8 @@ bool KeyPanel::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isScreenLeft =
         watched == &m_screen && (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide);
-    if (event->type() == QEvent::MouseButtonPress || isScreenLeft)
+    // An access key never comes as a key to the screen.
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Shortcut || isScreenLeft)
         close();
     return false;
 }

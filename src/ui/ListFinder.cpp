@@ -45,6 +45,7 @@ ListFinder::ListFinder(ListView &list)
 void ListFinder::open()
 {
     m_start = qMax(m_list.currentRow(), 0);
+    m_isTyped = false;
     m_told->hide();
     show();
     place();
@@ -55,6 +56,7 @@ void ListFinder::open()
 void ListFinder::open(const QString &typed)
 {
     open();
+    m_isTyped = true;
     m_text->setText(typed);
     search(m_start, 1);
 }
@@ -84,6 +86,12 @@ bool ListFinder::eventFilter(QObject *watched, QEvent *event)
         return false;
     const auto &key = *static_cast<QKeyEvent *>(event);
     const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (isEnter && m_isTyped) {
+        leave();
+        if (m_list.currentRow() >= 0)
+            emit m_list.opened(m_list.currentRow());
+        return true;
+    }
     if (key.key() == Qt::Key_Up || (isEnter && key.modifiers() & Qt::ShiftModifier))
         search(m_list.currentRow() - 1, -1);
     else if (key.key() == Qt::Key_Down || isEnter)

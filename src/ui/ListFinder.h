@@ -8,7 +8,8 @@ class QLineEdit;
 
 /// Finds a text in a list, in any column and in any case: a field at the list's lower edge, which comes when it is
 /// asked for or a text is typed in the list. While one types, the first line that has the text becomes current, from
-/// the one on that was current before; Enter and Down go on to the next, Up and Shift+Enter back, round the ends.
+/// the one on that was current before; Enter and Down go on to the next, Up and Shift+Enter back, round the ends. Of a
+/// search that was begun by typing in the list, Enter opens the row.
 class ListFinder : public QWidget {
     Q_OBJECT
 
@@ -35,4 +36,6 @@ private:
     QLabel *m_told;
     /// Where the search began.
     int m_start = 0;
+    /// It was opened by a letter: Enter is for the row found.
+    bool m_isTyped = false;
 };

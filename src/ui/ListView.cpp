@@ -55,8 +55,9 @@ ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget
     connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex &index) { emit opened(index.row()); });
 }
 
-void ListView::letSort()
+void ListView::letSort(SortKept kept)
 {
+    m_keepsSort = kept == SortKept::ForTheNextTime;
     header()->setSortIndicatorClearable(true);
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
@@ -210,7 +211,7 @@ void ListView::readUserSort()
     const QScopedValueRollback arranging(m_arranging, true);
     const QVariantList kept = userValues().value(sortKey()).toList();
     const int column = kept.value(0, -1).toInt();
-    if (!letsSort() || kept.size() != 2 || column < 0 || column >= m_list->columnCount())
+    if (!letsSort() || !m_keepsSort || kept.size() != 2 || column < 0 || column >= m_list->columnCount())
         return;
     // A list begins with its first row, whichever that is.
     const bool isAtBeginning = currentRow() == 0;
@@ -311,7 +312,7 @@ void ListView::keepUserOrder()
 
 void ListView::keepUserSort()
 {
-    if (m_arranging || !isVisible())
+    if (m_arranging || !m_keepsSort || !isVisible())
         return;
     const int column = header()->sortIndicatorSection();
     if (column < 0)

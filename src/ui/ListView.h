@@ -17,9 +17,10 @@ public:
     [[nodiscard]] ListModel &list() const { return *m_list; }
 
     /// Lets the user sort the rows: a click on a column's head sorts by it, ascending, the next one descending, and the
-    /// third brings the list's own order back. Kept for the next time too. Not for a list whose order says something: a
+    /// third brings the list's own order back. Not for a list whose order says something: a
     /// running balance, a sum at its end. REQUIRES: before it is a screen's register.
-    void letSort();
+    enum class SortKept { ForTheNextTime, WhileOpen };
+    void letSort(SortKept kept = SortKept::ForTheNextTime);
     [[nodiscard]] bool letsSort() const { return isSortingEnabled(); }
     /// The columns as a menu, which does what a click on their heads does.
     void openOrderMenu();
@@ -75,4 +76,5 @@ private:
     /// The program itself moves columns and their edges.
     bool m_arranging = false;
     bool m_userColumnsRead = false;
+    bool m_keepsSort = true;
 };

@@ -1,6 +1,7 @@
 #include "ui/RegisterScreen.h"
 
 #include "base/session.h"
+#include "ui/Command.h"
 #include "ui/ListFinder.h"
 #include "ui/ListView.h"
 #include "ui/PeriodFields.h"
@@ -20,7 +21,7 @@ RegisterScreen::RegisterScreen(const QString &name, const QString &title, Refres
 {
 }
 
-void RegisterScreen::setRegister(ListView *list)
+void RegisterScreen::setRegister(ListView *list, Rows rows)
 {
     m_list = list;
     connect(list, &ListView::opened, this, &RegisterScreen::openCurrent);
@@ -29,18 +30,24 @@ void RegisterScreen::setRegister(ListView *list)
     onKey(Qt::CTRL | Qt::Key_L, u"Find a text in the list"_s, [finder] { finder->open(); });
     onKey(
         Qt::Key_Escape, u"Leave the search"_s, [finder] { finder->leave(); }, [finder] { return finder->isVisible(); });
-    tellKey({u"Enter"_s, u"On a line: open it"_s});
+    if (rows == Rows::Open)
+        tellKey({u"Enter"_s, u"On a line: open it"_s});
     if (list->letsSort())
         onKey(Qt::CTRL | Qt::Key_O, u"Order of the list"_s, [list] { list->openOrderMenu(); });
 }
 
-void RegisterScreen::setPeriod(PeriodFields *period)
+void RegisterScreen::setPeriod(PeriodFields *period, Command *view)
 {
     using Month = PeriodFields::Month;
-    onKey(Qt::CTRL | Qt::Key_PageUp, u"Period: last month, the one before"_s,
-        [period] { period->takeMonth(Month::Before); });
-    onKey(Qt::CTRL | Qt::Key_PageDown, u"Period: this month, the next one"_s,
-        [period] { period->takeMonth(Month::Behind); });
+    const auto take = [this, period, view](Month month) {
+        return [this, period, view, month] {
+            period->takeMonth(month);
+            if (m_list->hasFocus())
+                view->setFocus(Qt::OtherFocusReason);
+        };
+    };
+    onKey(Qt::CTRL | Qt::Key_PageUp, u"Period: last month, the one before"_s, take(Month::Before));
+    onKey(Qt::CTRL | Qt::Key_PageDown, u"Period: this month, the next one"_s, take(Month::Behind));
 }
 
 void RegisterScreen::openRow(const ListRow &) { }
@@ -100,9 +107,9 @@ void RegisterScreen::undo()
 {
     if (m_undos.empty())
         return;
-    const Undo last = std::move(m_undos.back());
+    // Kept where the write fails: a second try is not for the mark before it.
+    m_undos.back().takeBack();
     m_undos.pop_back();
-    last.takeBack();
 }
 
 void RegisterScreen::activated()

@@ -3,6 +3,7 @@
 #include "ui/ListModel.h"
 #include "ui/Screen.h"
 
+class Command;
 class ListView;
 class PeriodFields;
 
@@ -31,11 +32,14 @@ protected:
     enum class Refresh { OnCommand, WhenNeeded, InFront };
     RegisterScreen(const QString &name, const QString &title, Refresh refresh);
 
-    /// The list that all of the following is about. REQUIRES: set once, before the screen is shown.
-    void setRegister(ListView *list);
+    /// The list that all of the following is about, and whether Enter opens its rows. REQUIRES: set once, before the
+    /// screen is shown.
+    enum class Rows { Open, AreOnlyRead };
+    void setRegister(ListView *list, Rows rows = Rows::Open);
 
-    /// Its keys to go from month to month. REQUIRES: as above.
-    void setPeriod(PeriodFields *period);
+    /// Its keys to go from month to month. From the list they lead to `view`, which lists the period. REQUIRES: as
+    /// above.
+    void setPeriod(PeriodFields *period, Command *view);
 
     virtual void refill() { }
     /// Enter or a double click on a row with a tag. Nothing by default.
@@ -55,8 +59,8 @@ protected:
     void setRowActions(std::vector<RowAction> actions);
 
     /// From now on, for as long as the screen is there, the last thing kept so can be undone from the row menu and by
-    /// Ctrl+Z, and then the one before it. `what` names it; `takeBack` runs once, and tells itself where it can't.
-    /// REQUIRES: `setRowActions` was called.
+    /// Ctrl+Z, and then the one before it. `what` names it; `takeBack` tells itself where it can't; it runs once, and
+    /// again only where it has thrown. REQUIRES: `setRowActions` was called.
     void keepForUndo(const QString &what, std::function<void()> takeBack);
 
     void activated() override;

@@ -17,6 +17,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -78,6 +79,14 @@ QString keyName(QKeyCombination key)
 QString withoutAccessKey(QString caption)
 {
     return caption.remove(u'&');
+}
+
+/// A key that is held does again only what leads on.
+bool isMove(const QKeyEvent &event)
+{
+    constexpr std::array moves{Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_PageUp, Qt::Key_PageDown,
+        Qt::Key_Plus, Qt::Key_Minus};
+    return std::ranges::find(moves, event.key()) != moves.end();
 }
 
 void placeAbove(QWidget &window, const QWidget &below)
@@ -208,6 +217,8 @@ bool Screen::preview(QKeyEvent *event)
     }
     if (const Key *key = keyFor(*event)) {
         event->accept();
+        if (event->isAutoRepeat() && !isMove(*event))
+            return true;
         // The screen may be gone before the call returns.
         const auto act = key->act;
         act();

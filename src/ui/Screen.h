@@ -64,7 +64,8 @@ protected:
 
     /// From now on `key` runs `act` before the focused control, the entry keys and Escape see it, and is swallowed; but
     /// not while `applies` says no, and not F2 in a date field, which has its own use for it. Both Enter keys are
-    /// Qt::Key_Return. Of a key that types a character Shift is not looked at.
+    /// Qt::Key_Return. Of a key that types a character Shift is not looked at. Held, only arrows, page keys, plus and
+    /// minus act again.
     void onKey(QKeyCombination key, const QString &what, std::function<void()> act, std::function<bool()> applies = {});
     /// Ctrl+S, and Ctrl+P, as a click on `command`: what is half typed in the field that has the focus counts first;
     /// nothing happens while the command is disabled or hidden.

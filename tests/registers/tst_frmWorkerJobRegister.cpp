@@ -504,7 +504,8 @@ void WorkerJobRegisterTest::aMarkIsUndoneWhileTheListIsOpen()
     driver::press(Qt::Key_F6);
     shop.connection.execute(u"Update Jobs_Detail set DoneByWorker=3"_s);
     const QStringList changed = shop.lines(u"Select * from Jobs_Detail"_s);
-    script.expectMessage(u"It has been changed since it was marked. Nothing has been undone."_s);
+    script.expectMessage(
+        u"Mark Item as Cutting Done, 2/1\r\n\r\nIt has been changed since it was marked. Nothing has been undone."_s);
     undo();
     QCOMPARE(shop.lines(u"Select * from Jobs_Detail"_s), changed);
     QTRY_COMPARE(screen.jobs(), QStringList());

@@ -4,6 +4,7 @@
 #include "support/TestShop.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
+#include "ui/Command.h"
 #include "ui/DateField.h"
 #include "ui/ListView.h"
 #include "ui/PeriodFields.h"
@@ -220,7 +221,8 @@ void RegisterTest::aTextIsFoundInAnyColumn()
     QVERIFY(screen.list.hasFocus());
     driver::type(u"ent 8"_s);
     QCOMPARE(found(), 8);
-    driver::press(Qt::Key_Escape);
+    driver::press(Qt::Key_Return);
+    QCOMPARE(screen.noted.last(), u"opened 8"_s);
     driver::press(Qt::Key_Escape);
     QVERIFY(!screen.isVisible());
 }
@@ -404,10 +406,15 @@ void RegisterTest::keysMoveThePeriodByMonths()
     struct PeriodScreen : RegisterScreen {
         PeriodScreen() : RegisterScreen(u"PeriodScreen"_s, {}, Refresh::OnCommand)
         {
-            (new QVBoxLayout(this))->addWidget(period);
-            setPeriod(period);
+            auto *form = new QVBoxLayout(this);
+            for (QWidget *part : std::initializer_list<QWidget *>{period, list, view})
+                form->addWidget(part);
+            setRegister(list);
+            setPeriod(period, view);
         }
         PeriodFields *period = new PeriodFields;
+        ListView *list = new ListView(u"list"_s, {{u"Garment"_s}});
+        Command *view = new Command(u"view"_s, u"View"_s);
     };
     const TestShop shop;
     session::CurrentDate = {2011, 3, 31};
@@ -421,6 +428,11 @@ void RegisterTest::keysMoveThePeriodByMonths()
     QCOMPARE(shown(), u"between #01-Dec-2010# and #31-Dec-2010#"_s);
     driver::press(Qt::Key_PageDown, Qt::ControlModifier);
     QCOMPARE(shown(), u"between #01-Jan-2011# and #31-Jan-2011#"_s);
+    // A list that says something else is not what Enter acts on next.
+    QVERIFY(!screen.view->hasFocus());
+    screen.list->setFocus();
+    driver::press(Qt::Key_PageDown, Qt::ControlModifier);
+    QVERIFY(screen.view->hasFocus());
     // From what is no month, or no date, to the working date's.
     driver::control<DateField>(screen, "DateTo").setFocus();
     driver::type(u"31/2/11"_s);
