@@ -63,7 +63,7 @@ struct Export : frmSelectDate {
         script.expectMessage(message);
         driver::accessKey('e');
         QVERIFY(script.isDone());
-        QVERIFY(field.hasFocus());
+        QTRY_VERIFY(field.hasFocus());
     }
     [[nodiscard]] QString told() const { return control<QLabel>(*this, "lblPath").text(); }
 };
@@ -116,7 +116,7 @@ void ExportScreenTest::aPeriodFromADayThatIsNoneIsRefused()
     screen.script.expectMessage(u"\"31/6/2011\" is not a date!"_s);
     press(Qt::Key_End);
     QVERIFY(screen.script.isDone());
-    QVERIFY(screen.from.hasFocus());
+    QTRY_VERIFY(screen.from.hasFocus());
     QCOMPARE(screen.period.currentText(), u"1 Month"_s);
     QCOMPARE(screen.to.date(), QDate(2011, 5, 1));
     // A refused last day is in no period's way: it gives way.
