@@ -3,7 +3,6 @@
 #include "accounts/vouchers.h"
 #include "base/session.h"
 #include "base/values.h"
-#include "jobcards/JobCardStore.h"
 #include "jobcards/clsJobCardData.h"
 #include "store/codes.h"
 #include "support/PdfPrinter.h"
@@ -54,6 +53,20 @@ int BooksDesk::addWork(double wages, QDate date)
     return number.toInt();
 }
 
+JobCard BooksDesk::card(int number, double total, double advance, QDate date)
+{
+    return {.JobIDText = QString::number(number),
+        .JobDate = date,
+        .ClientTitle = u"Asha Rao"_s,
+        .ReceiptAccountTitle = u"Cash"_s,
+        .DeliveryDate = date.addDays(7),
+        .TrialDate = date,
+        .TotalText = Money(total),
+        .ReceivedText = Money(advance),
+        .Remark = {},
+        .CancelReason = {}};
+}
+
 void BooksDesk::addCard(int number, double total, double advance, QDate date)
 {
     JobCardRow row;
@@ -63,16 +76,7 @@ void BooksDesk::addCard(int number, double total, double advance, QDate date)
     row.Fees = row.Amount = total;
     clsJobCardData rows;
     rows.AddNewRow(row);
-    JobCard card;
-    card.JobIDText = QString::number(number);
-    card.JobDate = date;
-    card.ClientTitle = u"Asha Rao"_s;
-    card.ReceiptAccountTitle = u"Cash"_s;
-    card.DeliveryDate = date.addDays(7);
-    card.TrialDate = date;
-    card.TotalText = Money(total);
-    card.ReceivedText = Money(advance);
-    JobCardStore().SaveNew(card, rows);
+    JobCardStore().SaveNew(card(number, total, advance, date), rows);
 }
 
 void BooksDesk::cancelCard(int number)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jobcards/JobCardStore.h"
 #include "support/ModalScript.h"
 #include "support/TestShop.h"
 
@@ -15,7 +16,8 @@ struct BooksDesk : TestShop {
         QDate date = {2011, 4, 5}, const QString &remark = {});
     /// A garment that Mohan has finished, two pieces of it. Returns its number.
     int addWork(double wages, QDate date = {2011, 4, 5});
-    /// A job card of Asha's as its screen saves it.
+    /// A job card of Asha's, and with one coat on it as its screen saves it.
+    [[nodiscard]] static JobCard card(int number, double total, double advance, QDate date);
     void addCard(int number, double total, double advance, QDate date = {2011, 4, 5});
     /// Takes a card's postings out of the books.
     void cancelCard(int number);

@@ -23,11 +23,10 @@ class DayBookAndDuesTest : public QObject {
 
 private slots:
     void theDayBookHasALineForEachDocument();
-    void aDayWithoutDocumentsHasTheirCount();
     void aDocumentOpensFromTheDayBook();
     void duesAreTheNegativeBalancesOfTheWorkingDate();
     void duesAreFilledEachTimeTheyComeToTheFront();
-    void withoutDebtorsNothingOpens();
+    void withoutDocumentsOrDebtorsNothingOpens();
 };
 
 namespace {
@@ -70,10 +69,8 @@ void DayBookAndDuesTest::theDayBookHasALineForEachDocument()
         u"11-Apr-2011|7|Wages|Mohan|30.00|Wages [ From :01-Apr-2011 To 30-Apr-2011 ]"_s,
         u" | | |Total Vouchers : 3| | "_s};
     QCOMPARE(joined(book.list), ofToday);
-    for (int column = 0; column < 6; ++column) {
-        QCOMPARE(lookOf(book.list, 0, column), QString());
-        QCOMPARE(lookOf(book.list, 3, column), u"bold red"_s);
-    }
+    for (int column = 0; column < 6; ++column)
+        QCOMPARE(lookOf(book.list, 0, column) + u'|' + lookOf(book.list, 3, column), u"|bold red"_s);
     QCOMPARE(book.list.list().tag(1), u"2|1"_s);
     QVERIFY(!book.list.list().at(3).hasTag());
     accessKey('f');
@@ -88,20 +85,6 @@ void DayBookAndDuesTest::theDayBookHasALineForEachDocument()
     script.expectBox(u"Invalid date selection!"_s);
     accessKey('v');
     QCOMPARE(book.list.list().rowCount(), 5);
-    QStringList heads;
-    for (int column = 0; column < 6; ++column)
-        heads += book.list.list().headerData(column, Qt::Horizontal).toString();
-    QCOMPARE(heads.join(u'|'), u"Date|VC #|Voucher|Particulars|Amount|Remark"_s);
-}
-
-void DayBookAndDuesTest::aDayWithoutDocumentsHasTheirCount()
-{
-    BooksDesk desk;
-    DayBook book;
-    QVERIFY(book.show());
-    QCOMPARE(joined(book.list), QStringList{u" | | |Total Vouchers : 0| | "_s});
-    press(Qt::Key_Return);
-    QVERIFY(book.isActiveWindow());
 }
 
 void DayBookAndDuesTest::aDocumentOpensFromTheDayBook()
@@ -132,9 +115,8 @@ void DayBookAndDuesTest::aDocumentOpensFromTheDayBook()
     // By number, whatever was first.
     opens(1, u"frmTransiction"_s, {}, 0);
     opens(1, u"frmTransiction"_s, u"Entry Updated."_s, 1);
-    opens(2, u"frmEditJOB"_s, {}, 0);
     opens(2, u"frmEditJOB"_s, u"Job Edited."_s, 1);
-    opens(0, u"frmTransiction"_s, u"Entry Updated."_s, 1);
+    opens(0, u"frmTransiction"_s, {}, 0);
     desk.connection.execute(u"Delete * from Jobs"_s);
     script.expectMessage(u"Job Card not found!"_s);
     book.list.setCurrentRow(2);
@@ -206,9 +188,14 @@ void DayBookAndDuesTest::duesAreFilledEachTimeTheyComeToTheFront()
     QCOMPARE(joined(dues.list), QStringList{u"Vikram Mehta|60.00"_s});
 }
 
-void DayBookAndDuesTest::withoutDebtorsNothingOpens()
+void DayBookAndDuesTest::withoutDocumentsOrDebtorsNothingOpens()
 {
     BooksDesk desk;
+    DayBook book;
+    QVERIFY(book.show());
+    QCOMPARE(joined(book.list), QStringList{u" | | |Total Vouchers : 0| | "_s});
+    press(Qt::Key_Return);
+    QVERIFY(book.isActiveWindow());
     Dues dues;
     QVERIFY(dues.show());
     QVERIFY(joined(dues.list).isEmpty());

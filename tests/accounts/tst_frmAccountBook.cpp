@@ -34,7 +34,6 @@ private slots:
     void entriesAreAddedToTheAccount();
     void otherBooksLeadBack();
     void anAccountThatIsGoneListsNothing();
-    void whatIsMissingForAMessageIsTold();
     void theMessageNamesTheBalance();
 };
 
@@ -81,16 +80,15 @@ struct Book : frmAccountBook {
     bool shown;
 };
 
-/// Of all cells of a row: those of the columns 3 to 5, and those of the others where they all look alike.
+/// Of all cells of a row, each look once: those of the columns 3 to 5, and of the others.
 QString looksOf(const ListView &list, int row)
 {
-    QStringList sums;
-    QStringList others;
+    QStringList looks[2];
     for (int column = 0; column < allColumns; ++column)
-        (column >= 3 && column <= 5 ? sums : others) += lookOf(list, row, column);
-    sums.removeDuplicates();
-    others.removeDuplicates();
-    return others.join(u'/') + u'|' + sums.join(u'/');
+        looks[column >= 3 && column <= 5 ? 1 : 0] += lookOf(list, row, column);
+    for (QStringList &alike : looks)
+        alike.removeDuplicates();
+    return looks[0].join(u'/') + u'|' + looks[1].join(u'/');
 }
 
 void saveAmount(const QString &amount)
@@ -132,10 +130,6 @@ void AccountBookTest::aStatementBringsForwardAndCarriesForward()
         QCOMPARE(looksOf(book.list, row), looks.at(row));
     QCOMPARE(book.sums(), u"300.00 Dr|500.00|150.00|650.00 Dr"_s);
     const ListModel &list = book.list.list();
-    QStringList heads;
-    for (int column = 0; column < list.columnCount(); ++column)
-        heads += list.headerData(column, Qt::Horizontal).toString();
-    QCOMPARE(heads.join(u'|'), u"Date|VC #|Voucher|Particulars|Debit|Credit|Remark"_s);
     QCOMPARE(list.tag(2), u"3|1"_s);
     QVERIFY(!list.at(0).hasTag() && !list.at(5).hasTag() && !list.at(6).hasTag());
 
@@ -145,12 +139,8 @@ void AccountBookTest::aStatementBringsForwardAndCarriesForward()
     QCOMPARE(joined(book.list).sliced(3),
         (QStringList{u" | | |Current Total |0.00|107.00| "_s, u" | | |Balance C/F |643.00| | "_s}));
     QCOMPARE(joined(book.list).first(), u" | | |Balance B/F |750.00| | "_s);
-    // The other side of an advance.
     book.view(u"cash"_s, u"Accounts"_s);
-    QCOMPARE(joined(book.list),
-        (QStringList{u" | | |Balance B/F |50.00| | "_s, u"01-May-2011|2|Receipt|Asha Rao|100.00| |In cash"_s,
-            u"02-May-2011|3|Receipt|Asha Rao|7.00| |"_s, u" | | |Current Total |107.00|0.00| "_s,
-            u" | | |Balance C/F |157.00| | "_s}));
+    QCOMPARE(book.sums(), u"50.00 Dr|107.00|0.00|157.00 Dr"_s);
     book.setPeriod(u"1/1/1900"_s, u"31/12/2150"_s);
     accessKey('v');
     QCOMPARE(joined(book.list).last(), u" | | |Balance C/F |157.00| | "_s);
@@ -218,7 +208,9 @@ void AccountBookTest::documentsOpenAndTheListIsFilledIfTheyChanged()
     book.view(u"as"_s);
     QCOMPARE(book.list.currentRow(), 0);
     ModalScript script;
-    const auto opens = [&](int row, const QString &screen, const ModalScript::Action &work, int fills) {
+    const auto opens = [&](
+                           int row, const QString &screen, int fills,
+                           const ModalScript::Action &work = [](QWidget &) {}) {
         book.list.setCurrentRow(row);
         book.fills.clear();
         script.expect(screen, [&work](QWidget &document) {
@@ -230,30 +222,25 @@ void AccountBookTest::documentsOpenAndTheListIsFilledIfTheyChanged()
         QCOMPARE(book.fills.size(), fills);
         QCOMPARE(book.list.currentRow(), row);
     };
-    opens(
-        3, u"frmTransiction"_s, [](QWidget &) {}, 0);
+    opens(3, u"frmTransiction"_s, 0);
     // The voucher's own main account, whoever's statement it was opened from.
-    const auto raises = [&script](QWidget &voucher) {
+    opens(3, u"frmTransiction"_s, 1, [&script](QWidget &voucher) {
         QCOMPARE(control<kvComboBox>(voucher, "cmbAccount").Text(), u"Cash"_s);
         script.expectMessage(u"Entry Updated."_s);
         saveAmount(u"25"_s);
-    };
-    opens(3, u"frmTransiction"_s, raises, 1);
+    });
     QCOMPARE(joined(book.list).at(3), u"06-Apr-2011|2|Receipt|Cash|25.00| |"_s);
     // Of a card's two lines the one that was opened stays current.
-    opens(
-        1, u"frmEditJOB"_s, [](QWidget &) {}, 0);
-    const auto saves = [&script](QWidget &) {
+    opens(1, u"frmEditJOB"_s, 0);
+    opens(1, u"frmEditJOB"_s, 1, [&script](QWidget &) {
         script.expectMessage(u"Job Edited."_s);
         accessKey('s');
-    };
-    opens(1, u"frmEditJOB"_s, saves, 1);
-    const auto deletes = [&script](QWidget &) {
+    });
+    book.list.setCurrentRow(3);
+    script.expect(u"frmTransiction"_s, [&script](QWidget &) {
         script.expectMessage(u"Are you sure to delete entry?"_s);
         accessKey('d');
-    };
-    book.list.setCurrentRow(3);
-    script.expect(u"frmTransiction"_s, deletes);
+    });
     press(Qt::Key_Return);
     QTRY_COMPARE(driver::column(book.list, 1).mid(0, 4), (QStringList{u"3"_s, u"3"_s, u"1"_s, u"3"_s}));
     QCOMPARE(book.list.currentRow(), 3);
@@ -338,48 +325,37 @@ void AccountBookTest::anAccountThatIsGoneListsNothing()
     QCOMPARE(joined(book.list).size(), 3);
 }
 
-void AccountBookTest::whatIsMissingForAMessageIsTold()
-{
-    BooksDesk desk;
-    desk.connection.execute(u"Update Accounts set Mobile='98290' where id=5 or id=8 or id=4"_s);
-    Book book;
-    ModalScript script;
-    const auto tells = [&](const QString &message) {
-        if (!message.isEmpty())
-            script.expectMessage(message + u"\r\nSMS Sending has been Failed."_s);
-        control<QPushButton>(book, "cmdSMS").setFocus();
-        press(Qt::Key_Return);
-        QVERIFY(script.isDone());
-    };
-    tells({});
-    const QString noNumber = u"Mobile Number Not Found!"_s;
-    book.view(u"vik"_s);
-    tells(noNumber);
-    book.view(u"as"_s);
-    tells(u"Modem Com Port Error!"_s);
-    SaveSetting(setting::ModemPort, u"1"_s);
-    // Of clients alone.
-    book.view(u"mohi"_s, u"Workers"_s);
-    tells(noNumber);
-    book.view(u"cash"_s, u"Accounts"_s);
-    tells(noNumber);
-}
-
 void AccountBookTest::theMessageNamesTheBalance()
 {
     BooksDesk desk;
     const PseudoTerminal modem;
-    desk.connection.execute(u"Update Accounts set Mobile='98290' where id=5"_s);
+    desk.connection.execute(u"Update Accounts set Mobile='98290' where id=5 or id=8 or id=4"_s);
     SaveSetting(setting::ModemPort, u"1"_s);
     SaveSetting(setting::SmsTitle, u"Kovrel"_s);
     SaveSetting(setting::DueSms, u"Due: %amount%"_s);
     desk.addVoucher(u"Sales"_s, u"Asha Rao"_s, u"Sales"_s, u"600"_s);
     desk.addVoucher(u"Receipt"_s, u"Asha Rao"_s, u"Cash"_s, u"100"_s, {2011, 5, 2});
     Book book;
+    ModalScript script;
+    const auto sends = [&](bool isRefused) {
+        if (isRefused)
+            script.expectMessage(u"Mobile Number Not Found!\r\nSMS Sending has been Failed."_s);
+        control<QPushButton>(book, "cmdSMS").setFocus();
+        press(Qt::Key_Return);
+        QVERIFY(script.isDone());
+    };
+    sends(false);
+    book.view(u"vik"_s);
+    sends(true);
+    // To clients alone.
+    book.view(u"mohi"_s, u"Workers"_s);
+    sends(true);
+    book.view(u"cash"_s, u"Accounts"_s);
+    sends(true);
+    QCOMPARE(modem.received(), ""_ba);
     book.view(u"as"_s);
-    control<QPushButton>(book, "cmdSMS").setFocus();
-    press(Qt::Key_Return);
-    QCOMPARE(modem.received(), QByteArray("AT+CMGF=1\rAT+CMGS=\"98290\"\rDue: -600 (01-May-2011)\r\rKovrel\x1a"));
+    sends(false);
+    QCOMPARE(modem.received(), "AT+CMGF=1\rAT+CMGS=\"98290\"\rDue: -600 (01-May-2011)\r\rKovrel\x1a"_ba);
 }
 
 CORVANE_TEST(AccountBookTest)

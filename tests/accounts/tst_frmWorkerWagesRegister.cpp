@@ -67,6 +67,13 @@ struct Register : frmWorkerWagesRegister {
     bool shown;
 };
 
+void clearWorker()
+{
+    accessKey('w');
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+}
+
 /// The last two columns with numbers, and whether it is paid.
 QStringList sums(const ListView &list)
 {
@@ -93,10 +100,6 @@ void WagesRegisterTest::aRowTellsTheWagesOfAGarment()
     QCOMPARE(joined(screen.list),
         (QStringList{u"02-Apr-2011|1 / 3|Old name|2||50.25|50.25||Unpaid"_s,
             u"05-Apr-2011|1 / 1|Asha Rao|2|Coat|100.50|150.75|08-Apr-2011|Unpaid"_s}));
-    QStringList heads;
-    for (int column = 0; column < 9; ++column)
-        heads += screen.list.list().headerData(column, Qt::Horizontal).toString();
-    QCOMPARE(heads.join(u'|'), u"Date|JOB ID|Client Name|Qty|Item Name|Wages Due|Balance|Completed Date|Paid/Unpaid"_s);
     QCOMPARE(screen.list.list().tag(0), 2);
     QVERIFY(!session::NeedRefresh);
 }
@@ -148,9 +151,7 @@ void WagesRegisterTest::withoutAWorkerTheListIsEmpty()
     for (int i = 0; i < 2; ++i)
         press(Qt::Key_Right);
     QVERIFY(control<QAbstractButton>(screen, "op3").isChecked());
-    accessKey('w');
-    for (int i = 0; i < 6; ++i)
-        press(Qt::Key_Backspace);
+    clearWorker();
     accessKey('v');
     QVERIFY(screen.list.list().rows().empty());
     QVERIFY(session::NeedRefresh);
@@ -182,9 +183,7 @@ void WagesRegisterTest::aPayrollIsRefusedInOrder()
     refuses(u"Select Unpaid jobs only!"_s);
     screen.view(u"mohini"_s, "op3");
     refuses(u"No job found to make payroll for this worker!"_s);
-    accessKey('w');
-    for (int i = 0; i < 6; ++i)
-        press(Qt::Key_Backspace);
+    clearWorker();
     refuses(u"Please select Worker!"_s);
     QVERIFY(control<kvComboBox>(screen, "cmbClient").hasFocus());
     screen.setPeriod(u"2/5/2011"_s, u"1/5/2011"_s);
@@ -253,19 +252,11 @@ void WagesRegisterTest::whatCannotBeMadeIsToldAndTheScreenStays()
     desk.addWork(100);
     Register screen;
     screen.view(u"mohan"_s, "op3");
-    desk.connection.execute(u"Insert into Postings (Id, VID, Vtype, sr, Date, AccID, particulars, Remark, Amount) "
-                            "values (32767, 4, 2, 1, #01-Apr-2011#, 7, '', '', 0)"_s);
     ModalScript script;
-    script.expectBox(u"This payroll would need the number 32768, and payrolls go up to 32767. Nothing was written."_s);
-    accessKey('c');
-    QVERIFY(script.isDone() && screen.isVisible());
-    desk.connection.execute(u"Delete * from Postings"_s);
     desk.connection.execute(u"Update Jobs_Detail set MarkAsPaid=1"_s);
     script.expectBox(u"The jobs have changed since they were listed. Nothing was written. List them again."_s);
     accessKey('c');
-    desk.connection.execute(u"Update Accounts set Title='Lohn' where id=1"_s);
-    script.expectBox(u"There is no account \"Wages\". Nothing was written."_s);
-    accessKey('c');
+    QVERIFY(script.isDone() && screen.isVisible());
     QCOMPARE(desk.count(u"Postings"_s), 0);
     QCOMPARE(desk.paid(), QStringList{u"1|0"_s});
 }

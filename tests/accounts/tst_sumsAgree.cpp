@@ -107,15 +107,8 @@ private:
         Currency total;
         for (int row = 1; row <= rows.RowCount(); ++row)
             total += Currency::fromDouble(rows.Amount(row));
-        JobCard card;
-        card.JobIDText = QString::number(number);
-        card.JobDate = anyDay();
+        JobCard card = BooksDesk::card(number, total.toDouble(), below(2) * (1 + below(500)) / 4.0, anyDay());
         card.ClientTitle = m_clients.at(below(m_clients.size()));
-        card.ReceiptAccountTitle = u"Cash"_s;
-        card.DeliveryDate = card.JobDate.addDays(7);
-        card.TrialDate = card.JobDate;
-        card.TotalText = Money(total.toDouble());
-        card.ReceivedText = below(2) == 0 ? u"0"_s : anyAmount(500);
         return card;
     }
     void book()
@@ -310,8 +303,7 @@ void lookAtStatements(const Journal &journal, int seedOfDays)
 void lookAtDues(const Journal &journal, BooksDesk &desk)
 {
     QStringList owed;
-    const QStringList clients = desk.lines(u"Select ID, Title from Accounts where type=0 order by Title"_s);
-    for (const QString &client : clients) {
+    for (const QString &client : desk.lines(u"Select ID, Title from Accounts where type=0 order by Title"_s)) {
         const Currency balance = journal.balance(client.section(u'|', 0, 0).toInt(), session::CurrentDate);
         if (balance < Currency())
             owed += client.section(u'|', 1) + u'|' + money(-balance);

@@ -6,11 +6,11 @@
 #include "support/ModalScript.h"
 #include "support/PseudoTerminal.h"
 #include "support/TestShop.h"
+#include "support/expectFault.h"
 #include "support/testRegistry.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
-#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -20,56 +20,63 @@ class SmsModemTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void theModemGetsNumberAndText_data();
     void theModemGetsNumberAndText();
     void aSecondSendOpensThePortAnew();
     void noMessageIsCutByTheNextOrByClosing();
-    void aPortThatFailsIsToldAndTheSenderGoesOn_data();
+    void aPortIsClosedAtOnceWhenAllIsSent();
     void aPortThatFailsIsToldAndTheSenderGoesOn();
     void aModemPulledOutIsToldAtTheNextMessage();
     void aModemPulledOutWhileItSendsIsTold();
     void aModemThatTalksIsNotListenedTo();
     void aModemThatTakesNothingDoesNotHoldTheProgram();
-    void whatIsMissingIsTold_data();
     void whatIsMissingIsTold();
-    void aPortThatNoMachineHasIsTold_data();
-    void aPortThatNoMachineHasIsTold();
     void portNumbersCountFromOne();
 };
 
-void SmsModemTest::theModemGetsNumberAndText_data()
+namespace {
+
+void send(kvSMS &sms, const QString &text, const QString &number = u"1"_s)
 {
-    QTest::addColumn<QString>("number");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QByteArray>("bytes");
-    const auto row = [](const char *name, const QString &number, const QString &message, const QByteArray &sent,
-                         const QByteArray &text) {
-        QTest::newRow(name) << number << message
-                            << QByteArray("AT+CMGF=1\rAT+CMGS=\"" + sent + "\"\r" + text + char(26));
-    };
-    row("plain", u"1234567890"_s, u"Hi"_s, "1234567890", "Hi");
-    row("blanks and a nought in front", u"012 34"_s, u"Hi"_s, "1234", "Hi");
-    row("with a country code", u"+91 9829012345"_s, u"Hi"_s, "919829012345", "Hi");
-    row("cut at a dash", u"98290-12345"_s, u"Hi"_s, "98290", "Hi");
-    row("letters in front", u"Home 98290"_s, u"Hi"_s, "0", "Hi");
-    row("sixteen digits", u"1234567890123456"_s, u"Hi"_s, "1.23456789012346E+15", "Hi");
-    row("lines", u"1"_s, u"Dear Customer\r\rKovrel"_s, "1", "Dear Customer\r\rKovrel");
-    row("signs beyond the modem's", u"1"_s, u"\u00e9 \u0926"_s, "1", "\xe9 ?");
-    row("signs that end or break off", u"1"_s, u"Dear\u001a Customer\u001b\u001b!\u001a"_s, "1", "Dear Customer!");
-    row("long", u"1"_s, QString(900, u'x'), "1", QByteArray(900, 'x'));
+    qint16 port = 1;
+    sms.SendSMS(port, number, text);
 }
+
+/// Has the program find its modem at that device for as long as it lives.
+struct Modem {
+    explicit Modem(const QByteArray &device) { qputenv("CORVANE_MODEM", device); }
+    ~Modem() { qunsetenv("CORVANE_MODEM"); }
+};
+
+} // namespace
 
 void SmsModemTest::theModemGetsNumberAndText()
 {
-    QFETCH(QString, number);
-    QFETCH(QString, message);
-    QFETCH(QByteArray, bytes);
-    const PseudoTerminal modem;
-    kvSMS sms;
-    qint16 port = 3;
-    sms.SendSMS(port, number, message);
-    QCOMPARE(modem.received(), bytes);
-    QVERIFY(!modem.isHungUp());
+    struct Message {
+        QString number;
+        QString text;
+        QByteArray dialled;
+        QByteArray sent;
+    };
+    const Message messages[]{
+        {u"1234567890"_s, u"Hi"_s, "1234567890", "Hi"},
+        {u"012 34"_s, u"Hi"_s, "1234", "Hi"},
+        {u"+91 9829012345"_s, u"Hi"_s, "919829012345", "Hi"},
+        {u"98290-12345"_s, u"Hi"_s, "98290", "Hi"},
+        {u"Home 98290"_s, u"Hi"_s, "0", "Hi"},
+        {u"1234567890123456"_s, u"Hi"_s, "1.23456789012346E+15", "Hi"},
+        {u"1"_s, u"Dear Customer\r\rKovrel"_s, "1", "Dear Customer\r\rKovrel"},
+        // Signs beyond the modem's, and those that end or break off.
+        {u"1"_s, u"\u00e9 \u0926"_s, "1", "\xe9 ?"},
+        {u"1"_s, u"Dear\u001a Customer\u001b\u001b!\u001a"_s, "1", "Dear Customer!"},
+        {u"1"_s, QString(900, u'x'), "1", QByteArray(900, 'x')},
+    };
+    for (const auto &[number, text, dialled, sent] : messages) {
+        const PseudoTerminal modem;
+        kvSMS sms;
+        send(sms, text, number);
+        QCOMPARE(modem.received(), "AT+CMGF=1\rAT+CMGS=\"" + dialled + "\"\r" + sent + '\x1a');
+        QVERIFY(!modem.isHungUp());
+    }
 }
 
 void SmsModemTest::aSecondSendOpensThePortAnew()
@@ -97,58 +104,57 @@ void SmsModemTest::noMessageIsCutByTheNextOrByClosing()
         const PseudoTerminal modem;
         {
             kvSMS sms;
-            qint16 port = 1;
-            sms.SendSMS(port, u"1"_s, QString::fromLatin1(text + "one"));
-            sms.SendSMS(port, u"1"_s, QString::fromLatin1(text + "two"));
+            send(sms, QString::fromLatin1(text + "one"));
+            send(sms, QString::fromLatin1(text + "two"));
         }
         QCOMPARE(modem.received(), sent);
     }
 }
 
-void SmsModemTest::aPortThatFailsIsToldAndTheSenderGoesOn_data()
+void SmsModemTest::aPortIsClosedAtOnceWhenAllIsSent()
 {
-    QTest::addColumn<QByteArray>("device");
-    QTest::addColumn<qint16>("number");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("no device") << QByteArray("/dev/no-such-modem") << qint16(1)
-                               << u"The modem at /dev/no-such-modem is not there: No such file or directory"_s;
-    QTest::newRow("no port") << QByteArray() << qint16(0) << u"Invalid port number"_s;
+    const PseudoTerminal modem;
+    SerialPort port;
+    port.open(1);
+    port.write("Hi");
+    QCOMPARE(modem.received(), "Hi"_ba);
+    QElapsedTimer clock;
+    clock.start();
+    port.close();
+    QVERIFY2(clock.elapsed() < 500, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(modem.isHungUp());
 }
 
 void SmsModemTest::aPortThatFailsIsToldAndTheSenderGoesOn()
 {
-    QFETCH(QByteArray, device);
-    QFETCH(qint16, number);
-    QFETCH(QString, told);
-    qputenv("CORVANE_MODEM", device);
-    const auto putBack = qScopeGuard([] { qunsetenv("CORVANE_MODEM"); });
     kvSMS sms;
+    const Modem missing("/dev/no-such-modem");
     {
         ModalScript script;
-        script.expectBox(told);
-        sms.SendSMS(number, u"1"_s, u"Hi"_s);
+        script.expectBox(u"The modem at /dev/no-such-modem is not there: No such file or directory"_s)
+            .expectBox(u"Invalid port number"_s);
+        send(sms, u"Hi"_s);
+        qint16 none = 0;
+        sms.SendSMS(none, u"1"_s, u"Hi"_s);
     }
     const PseudoTerminal modem;
-    number = 1;
-    sms.SendSMS(number, u"1"_s, u"Hi"_s);
+    send(sms, u"Hi"_s);
     QVERIFY(modem.received().endsWith("Hi\x1a"));
 }
 
 void SmsModemTest::aModemPulledOutIsToldAtTheNextMessage()
 {
     kvSMS sms;
-    qint16 port = 1;
     QByteArray device;
     {
         const PseudoTerminal modem;
-        sms.SendSMS(port, u"1"_s, u"Hi"_s);
+        send(sms, u"Hi"_s);
         device = modem.device().toLocal8Bit();
     }
-    qputenv("CORVANE_MODEM", device);
-    const auto putBack = qScopeGuard([] { qunsetenv("CORVANE_MODEM"); });
+    const Modem gone(device);
     ModalScript script;
     script.expectBox(u"The modem at %1 is not there: No such file or directory"_s.arg(QString::fromLocal8Bit(device)));
-    sms.SendSMS(port, u"1"_s, u"Hi"_s);
+    send(sms, u"Hi"_s);
 }
 
 void SmsModemTest::aModemPulledOutWhileItSendsIsTold()
@@ -157,13 +163,9 @@ void SmsModemTest::aModemPulledOutWhileItSendsIsTold()
     SerialPort port;
     port.open(1);
     modem.vanish();
-    try {
-        port.write("Hi");
-        QFAIL("somebody took it");
-    } catch (const RuntimeError &error) {
-        QVERIFY2(
-            error.text().startsWith(u"The modem at %1 is not there: "_s.arg(modem.device())), qPrintable(error.text()));
-    }
+    const RuntimeError error = failureOf([&port] { port.write("Hi"); });
+    QVERIFY2(
+        error.text().startsWith(u"The modem at %1 is not there: "_s.arg(modem.device())), qPrintable(error.text()));
 }
 
 void SmsModemTest::aModemThatTalksIsNotListenedTo()
@@ -174,9 +176,8 @@ void SmsModemTest::aModemThatTalksIsNotListenedTo()
     modem.say(chatter);
     {
         kvSMS sms;
-        qint16 port = 1;
         for (const char *text : {"one", "two"}) {
-            sms.SendSMS(port, u"1"_s, QString::fromLatin1(text));
+            send(sms, QString::fromLatin1(text));
             QVERIFY(modem.received().endsWith(QByteArray(text) + '\x1a'));
             modem.say(chatter);
         }
@@ -194,7 +195,6 @@ void SmsModemTest::aModemThatTakesNothingDoesNotHoldTheProgram()
 {
     const PseudoTerminal modem;
     kvSMS sms;
-    qint16 port = 1;
     ModalScript script;
     qint64 held = 0;
     QElapsedTimer clock;
@@ -204,54 +204,34 @@ void SmsModemTest::aModemThatTakesNothingDoesNotHoldTheProgram()
         QCOMPARE(box.findChild<QLabel *>(u"qt_msgbox_label"_s)->text(), u"Operation timed out"_s);
         box.close();
     });
-    sms.SendSMS(port, u"1"_s, QString(1'000'000, u'x'));
+    send(sms, QString(1'000'000, u'x'));
     QVERIFY2(held > 0 && held < 2600, qPrintable(QString::number(held)));
-}
-
-void SmsModemTest::whatIsMissingIsTold_data()
-{
-    QTest::addColumn<QString>("mobile");
-    QTest::addColumn<QString>("port");
-    QTest::addColumn<QString>("told");
-    const QString noNumber = u"Mobile Number Not Found!\r\nSMS Sending has been Failed."_s;
-    QTest::newRow("neither") << QString() << QString() << noNumber;
-    QTest::newRow("number") << QString() << u"3"_s << noNumber;
-    QTest::newRow("port") << u"98290"_s << QString() << u"Modem Com Port Error!\r\nSMS Sending has been Failed."_s;
-    QTest::newRow("nothing") << u"98290"_s << u"3"_s << QString();
 }
 
 void SmsModemTest::whatIsMissingIsTold()
 {
-    QFETCH(QString, mobile);
-    QFETCH(QString, port);
-    QFETCH(QString, told);
     TestShop shop;
     const PseudoTerminal modem;
-    SaveSetting(setting::ModemPort, port);
     kvSMS sms;
-    ModalScript script;
-    if (!told.isEmpty())
-        script.expectMessage(told);
-    sms.sendAtShopPort(mobile, u"Hi"_s);
-    QCOMPARE(modem.received().isEmpty(), !told.isEmpty());
-}
-
-void SmsModemTest::aPortThatNoMachineHasIsTold_data()
-{
-    QTest::addColumn<QString>("port");
-    for (const char *port : {"COM3", "0", "-1", "32768", "-32769", "1e300"})
-        QTest::newRow(port) << QString::fromLatin1(port);
-}
-
-void SmsModemTest::aPortThatNoMachineHasIsTold()
-{
-    QFETCH(QString, port);
-    TestShop shop;
-    SaveSetting(setting::ModemPort, port);
-    kvSMS sms;
-    ModalScript script;
-    script.expectBox(u"Invalid port number"_s);
-    sms.sendAtShopPort(u"98290"_s, u"Hi"_s);
+    const auto sends = [&](const QString &mobile, const QString &port, const QString &missing, const QString &fault) {
+        SaveSetting(setting::ModemPort, port);
+        ModalScript script;
+        if (!missing.isEmpty())
+            script.expectMessage(missing + u"\r\nSMS Sending has been Failed."_s);
+        if (!fault.isEmpty())
+            script.expectBox(fault);
+        sms.sendAtShopPort(mobile, u"Hi"_s);
+        QVERIFY(script.isDone());
+    };
+    for (const QString &port : {u""_s, u"3"_s})
+        sends({}, port, u"Mobile Number Not Found!"_s, {});
+    sends(u"98290"_s, {}, u"Modem Com Port Error!"_s, {});
+    // Ports that no machine has.
+    for (const QString &port : {u"COM3"_s, u"0"_s, u"-1"_s, u"32768"_s, u"-32769"_s, u"1e300"_s})
+        sends(u"98290"_s, port, {}, u"Invalid port number"_s);
+    QCOMPARE(modem.received(), ""_ba);
+    sends(u"98290"_s, u"3"_s, {}, {});
+    QVERIFY(!modem.received().isEmpty());
 }
 
 void SmsModemTest::portNumbersCountFromOne()

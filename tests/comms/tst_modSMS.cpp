@@ -15,11 +15,9 @@ class SmsTextTest : public QObject {
 
 private slots:
     void draftsAreFilledAndSigned();
-    void theShopsOwnDraftsAreFilled_data();
     void theShopsOwnDraftsAreFilled();
     void aMobileNumberIsThatOfAClient();
     void theContactLineSaysWhatThereIs();
-    void progressCountsRows_data();
     void progressCountsRows();
 };
 
@@ -45,25 +43,17 @@ void SmsTextTest::draftsAreFilledAndSigned()
     QVERIFY(!GetDueSMS(u"1"_s).contains(u"Kovrel"_s));
 }
 
-void SmsTextTest::theShopsOwnDraftsAreFilled_data()
-{
-    QTest::addColumn<QString>("draft");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("everywhere") << u"%eid% %amount% %eid%"_s << u"7 300 7\r"_s;
-    QTest::newRow("case matters") << u"%EID% %Amount%"_s << u"%EID% %Amount%\r"_s;
-    QTest::newRow("none") << u"Thank you"_s << u"Thank you\r"_s;
-    QTest::newRow("empty") << u""_s << u"\r"_s;
-}
-
 void SmsTextTest::theShopsOwnDraftsAreFilled()
 {
-    QFETCH(QString, draft);
-    QFETCH(QString, text);
     TestShop shop;
-    SaveSetting(setting::BookedSms, draft);
-    SaveSetting(setting::CompletedSms, draft);
-    QCOMPARE(GetBookedSMS(7, 300), text);
-    QCOMPARE(GetCompletedSMS(7, 300), text);
+    for (const auto &[draft, text] :
+        {std::pair{u"%eid% %amount% %eid%"_s, u"7 300 7\r"_s}, std::pair{u"%EID% %Amount%"_s, u"%EID% %Amount%\r"_s},
+            std::pair{u"Thank you"_s, u"Thank you\r"_s}, std::pair{u""_s, u"\r"_s}}) {
+        SaveSetting(setting::BookedSms, draft);
+        SaveSetting(setting::CompletedSms, draft);
+        QCOMPARE(GetBookedSMS(7, 300), text);
+        QCOMPARE(GetCompletedSMS(7, 300), text);
+    }
 }
 
 void SmsTextTest::aMobileNumberIsThatOfAClient()
@@ -97,34 +87,18 @@ void SmsTextTest::theContactLineSaysWhatThereIs()
     QCOMPARE(GetContactLine(0), QString());
 }
 
-void SmsTextTest::progressCountsRows_data()
-{
-    // A row is its status; "i" stands before one of bought goods.
-    QTest::addColumn<QStringList>("rows");
-    QTest::addColumn<bool>("completed");
-    QTest::addColumn<bool>("delivered");
-    QTest::newRow("no rows") << QStringList{} << true << true;
-    QTest::newRow("open") << QStringList{u"1"_s, u"0"_s} << false << false;
-    QTest::newRow("completed") << QStringList{u"1"_s, u"1"_s} << true << false;
-    QTest::newRow("completed beside goods") << QStringList{u"1"_s, u"i0"_s} << true << false;
-    QTest::newRow("delivered") << QStringList{u"2"_s, u"2"_s} << false << true;
-    QTest::newRow("goods delivered too") << QStringList{u"2"_s, u"i2"_s} << false << false;
-    QTest::newRow("goods in the place of a garment") << QStringList{u"1"_s, u"i2"_s} << true << true;
-}
-
 void SmsTextTest::progressCountsRows()
 {
-    QFETCH(QStringList, rows);
-    QFETCH(bool, completed);
-    QFETCH(bool, delivered);
-    TestShop shop;
-    for (const QString &row : rows) {
-        const bool bought = row.startsWith(u'i');
-        shop.addJobRow({.job = 7, .status = row.right(1).toInt(), .inventory = bought});
+    // A row is its status; "i" stands before one of bought goods. What it makes of the card: completed, delivered.
+    for (const auto &[rows, progress] : {std::pair{u""_s, std::pair{true, true}}, {u"1 0"_s, {false, false}},
+             {u"1 1"_s, {true, false}}, {u"1 i0"_s, {true, false}}, {u"2 2"_s, {false, true}},
+             {u"2 i2"_s, {false, false}}, {u"1 i2"_s, {true, true}}}) {
+        TestShop shop;
+        for (const QString &row : rows.split(u' ', Qt::SkipEmptyParts))
+            shop.addJobRow({.job = 7, .status = row.right(1).toInt(), .inventory = row.startsWith(u'i')});
+        shop.addJobRow({.job = 8});
+        QCOMPARE(std::pair(IsJobCompleted(7), IsJobDelivered(7)), progress);
     }
-    shop.addJobRow({.job = 8});
-    QCOMPARE(IsJobCompleted(7), completed);
-    QCOMPARE(IsJobDelivered(7), delivered);
 }
 
 CORVANE_TEST(SmsTextTest)

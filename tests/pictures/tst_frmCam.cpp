@@ -32,13 +32,11 @@ class CamTest : public QObject {
 private slots:
     void aPictureIsCaptured();
     void aSecondCaptureWantsAStart();
-    void closedWithoutACaptureItIsCancelled();
-    void stoppedItTakesNone();
+    void withoutACaptureItIsCancelled();
     void withoutACameraALineSaysSo();
     void pulledOutItSaysSo();
     void aSilentCameraIsTold();
     void theCameraIsRemembered();
-    void itIsKeptHoweverTheListIsLeft_data();
     void itIsKeptHoweverTheListIsLeft();
     void theSizeIsChosen();
     void theClickComesFirst();
@@ -105,11 +103,15 @@ private:
 struct Studio : TestShop {
     Studio() : path(folder.filePath(u"images/Asha_1.bmp"_s)) { session::ProgramFolder = folder.path(); }
 
-    /// Opens the dialog and does `work`; whether it was cancelled.
+    /// Opens the dialog, does `work` and leaves by Escape; whether it was cancelled.
     bool snap(const std::function<void(QWidget &)> &work) const
     {
         ModalScript script;
-        script.expect(u"frmCam"_s, work);
+        script.expect(u"frmCam"_s, [&work](QWidget &screen) {
+            work(screen);
+            if (screen.isVisible())
+                press(Qt::Key_Escape);
+        });
         bool cancelled = false;
         frmCam().TakeSnap(path, cancelled);
         return cancelled;
@@ -155,7 +157,6 @@ void CamTest::aPictureIsCaptured()
         // The dialog stays, with the still.
         QVERIFY(screen.isVisible());
         QCOMPARE(middle(screen), QColor(Qt::red));
-        press(Qt::Key_Escape);
     });
     QVERIFY(!cancelled);
     QCOMPARE(contentOf(studio.path).first(2), QByteArray("BM"));
@@ -181,29 +182,19 @@ void CamTest::aSecondCaptureWantsAStart()
         bench.send(Qt::blue);
         press(Qt::Key_F9);
         QVERIFY(contentOf(studio.path) != first);
-        press(Qt::Key_Escape);
     });
     QCOMPARE(studio.kept(), QColor(Qt::blue));
 }
 
-void CamTest::closedWithoutACaptureItIsCancelled()
+void CamTest::withoutACaptureItIsCancelled()
 {
     const Studio studio;
     const Bench bench;
     pictureFile::save(sampleFiles::halves({20, 20}), studio.path);
     const QByteArray before = contentOf(studio.path);
-    QVERIFY(studio.snap([&](QWidget &) {
-        bench.send(Qt::red);
-        press(Qt::Key_Escape);
-    }));
+    QVERIFY(studio.snap([&](QWidget &) { bench.send(Qt::red); }));
     QVERIFY(!bench.isOn());
-    QCOMPARE(contentOf(studio.path), before);
-}
-
-void CamTest::stoppedItTakesNone()
-{
-    const Studio studio;
-    const Bench bench;
+    // Stopped it takes none.
     QVERIFY(studio.snap([&](QWidget &screen) {
         bench.send(Qt::red);
         press(Qt::Key_F6);
@@ -211,9 +202,8 @@ void CamTest::stoppedItTakesNone()
         QVERIFY(!control<QPushButton>(screen, "Command2").isEnabled());
         press(Qt::Key_F9);
         captureCommand(screen).click();
-        press(Qt::Key_Escape);
     }));
-    QVERIFY(!QFile::exists(studio.path));
+    QCOMPARE(contentOf(studio.path), before);
 }
 
 void CamTest::withoutACameraALineSaysSo()
@@ -230,7 +220,6 @@ void CamTest::withoutACameraALineSaysSo()
         QCOMPARE(control<kvComboBox>(screen, "cmbList").currentText(), u"New one"_s);
         bench.send(Qt::red);
         QCOMPARE(line(screen), QString());
-        press(Qt::Key_Escape);
     }));
 }
 
@@ -249,7 +238,6 @@ void CamTest::pulledOutItSaysSo()
         press(Qt::Key_F5);
         bench.send(Qt::blue);
         QCOMPARE(middle(screen), QColor(Qt::blue));
-        press(Qt::Key_Escape);
     }));
 }
 
@@ -262,7 +250,6 @@ void CamTest::aSilentCameraIsTold()
         QTRY_COMPARE_WITH_TIMEOUT(
             line(screen), u"The camera sends no picture. Perhaps another program is using it."_s, 8000);
         QVERIFY(!bench.isOn());
-        press(Qt::Key_Escape);
     });
 }
 
@@ -277,38 +264,28 @@ void CamTest::theCameraIsRemembered()
         QCOMPARE(GetSetting(17, u"-"_s), u"-"_s);
         press(Qt::Key_F5);
         QCOMPARE(GetSetting(17, u"-"_s), u"1"_s);
-        press(Qt::Key_Escape);
     });
     QCOMPARE(bench.opened, QList<int>({0, 1}));
     for (const auto &[stored, opens] : {std::pair(u"1"_s, 1), {u"7"_s, 0}, {u"-3"_s, 0}, {u"x"_s, 0}}) {
         SaveSetting(setting::Webcam, stored);
-        studio.snap([](QWidget &) { press(Qt::Key_Escape); });
+        studio.snap([](QWidget &) {});
         QCOMPARE(bench.opened.constLast(), opens);
         QCOMPARE(GetSetting(setting::Webcam), stored);
     }
 }
 
-void CamTest::itIsKeptHoweverTheListIsLeft_data()
-{
-    QTest::addColumn<Qt::Key>("key");
-    QTest::newRow("Tab") << Qt::Key_Tab;
-    QTest::newRow("Enter") << Qt::Key_Return;
-    QTest::newRow("Esc") << Qt::Key_Escape;
-}
-
 void CamTest::itIsKeptHoweverTheListIsLeft()
 {
-    QFETCH(Qt::Key, key);
-    const Studio studio;
-    const Bench bench;
-    studio.snap([key](QWidget &screen) {
-        control<kvComboBox>(screen, "cmbList").setFocus();
-        press(Qt::Key_Down);
-        press(key);
-        if (screen.isVisible())
-            press(Qt::Key_Escape);
-    });
-    QCOMPARE(GetSetting(17, u"-"_s), u"1"_s);
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Escape}) {
+        const Studio studio;
+        const Bench bench;
+        studio.snap([key](QWidget &screen) {
+            control<kvComboBox>(screen, "cmbList").setFocus();
+            press(Qt::Key_Down);
+            press(key);
+        });
+        QCOMPARE(GetSetting(17, u"-"_s), u"1"_s);
+    }
 }
 
 void CamTest::theSizeIsChosen()
@@ -326,7 +303,6 @@ void CamTest::theSizeIsChosen()
         });
         press(Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(bench.format, 0);
-        press(Qt::Key_Escape);
     });
 }
 
@@ -344,7 +320,6 @@ void CamTest::theClickComesFirst()
     const auto takes = [&](QWidget &) {
         bench.send(Qt::red);
         press(Qt::Key_F9);
-        press(Qt::Key_Escape);
     };
     QVERIFY(!studio.snap(takes));
     QCOMPARE(played, QStringList());
@@ -369,13 +344,13 @@ void CamTest::whatCannotBeWrittenLeavesTheCameraOn()
     ModalScript script;
     script.expect(u"frmCam"_s, [&](QWidget &screen) {
         bench.send(Qt::red);
-        QString told;
-        script.expect(u"QMessageBox"_s, [&told](QWidget &box) {
-            told = box.property("text").toString();
+        script.expect(u"QMessageBox"_s, [](QWidget &box) {
+            const QString told = box.property("text").toString();
+            QVERIFY2(told.contains(u"The file cannot be made: Not a directory."_s), qPrintable(told));
             press(Qt::Key_Return);
         });
         press(Qt::Key_F9);
-        QVERIFY2(told.contains(u"The file cannot be made: Not a directory."_s), qPrintable(told));
+        QVERIFY(script.isDone());
         QVERIFY(bench.isOn() && captureCommand(screen).isEnabled());
         QVERIFY(QFile::remove(studio.folder.filePath(u"images"_s)));
         press(Qt::Key_F9);
@@ -393,7 +368,6 @@ void CamTest::aMissingLibraryIsTold()
     const Studio studio;
     studio.snap([](QWidget &screen) {
         QCOMPARE(line(screen), u"The program's part for cameras is missing. Install the program again."_s);
-        press(Qt::Key_Escape);
     });
 }
 

@@ -39,10 +39,10 @@ private slots:
 namespace {
 
 /// Opens the note at `path` and does `work`; whether it was cancelled.
-bool note(const QString &path, const std::function<void(NoteCanvas &)> &work)
+bool note(const QString &path, const std::function<void(NoteCanvas &, ModalScript &)> &work)
 {
     ModalScript script;
-    script.expect(u"frmHandNote"_s, [&work](QWidget &screen) { work(control<NoteCanvas>(screen, "picCanvas")); });
+    script.expect(u"frmHandNote"_s, [&](QWidget &screen) { work(control<NoteCanvas>(screen, "picCanvas"), script); });
     bool cancelled = false;
     frmHandNote().TakeSnap(path, cancelled);
     return cancelled;
@@ -85,7 +85,7 @@ void HandNoteTest::penAndEraserDrawAsTold()
 {
     const TestShop shop;
     const QString path = shop.folder.filePath(u"images/n.bmp"_s);
-    const bool cancelled = note(path, [](NoteCanvas &canvas) {
+    const bool cancelled = note(path, [](NoteCanvas &canvas, ModalScript &) {
         QCOMPARE(canvas.picture().pixelColor(5, 5), QColor(Qt::white));
         stroke(canvas, {{100, 100}, {200, 100}, {300, 100}});
         stroke(canvas, {{400, 300}});
@@ -113,7 +113,7 @@ void HandNoteTest::whatIsDrawnCanBeTakenBack()
 {
     const TestShop shop;
     const QString path = shop.folder.filePath(u"n.bmp"_s);
-    note(path, [](NoteCanvas &canvas) {
+    note(path, [](NoteCanvas &canvas, ModalScript &) {
         auto &undo = control<QPushButton>(*canvas.window(), "cmdUndo");
         QVERIFY(!undo.isEnabled());
         press(Qt::Key_Z, Qt::ControlModifier);
@@ -146,7 +146,7 @@ void HandNoteTest::aStrokeInHandIsNotLost()
 {
     const TestShop shop;
     const QString path = shop.folder.filePath(u"n.bmp"_s);
-    note(path, [](NoteCanvas &canvas) {
+    note(path, [](NoteCanvas &canvas, ModalScript &) {
         draw(canvas, {{100, 100}, {200, 100}, {300, 100}});
         press(Qt::Key_Delete, Qt::ControlModifier);
         QTest::mouseMove(&canvas, canvas.rect().center());
@@ -168,7 +168,7 @@ void HandNoteTest::aNoteGoesOverThePictureThatIsThere()
     const TestShop shop;
     const QString path = shop.folder.filePath(u"n.bmp"_s);
     QVERIFY(sampleFiles::halves({3000, 1000}).save(path));
-    const auto drawAcross = [](NoteCanvas &canvas) {
+    const auto drawAcross = [](NoteCanvas &canvas, ModalScript &) {
         QVERIFY(canvas.place().width() <= canvas.width());
         stroke(canvas, {{1600, 500}, {2000, 500}, {2900, 500}});
         accessKey('o');
@@ -180,7 +180,7 @@ void HandNoteTest::aNoteGoesOverThePictureThatIsThere()
     QCOMPARE(kept.pixelColor(2000, 500), QColor(Qt::black));
     // As wide as told on the screen, where the picture is shown smaller.
     QCOMPARE(kept.pixelColor(2000, 502), QColor(Qt::black));
-    note(path, [](NoteCanvas &canvas) {
+    note(path, [](NoteCanvas &canvas, ModalScript &) {
         control<QPushButton>(*canvas.window(), "Command3").click();
         accessKey('o');
     });
@@ -191,7 +191,7 @@ void HandNoteTest::aNoteGoesOverThePictureThatIsThere()
 void HandNoteTest::linesFollowTheHandSmoothly()
 {
     const TestShop shop;
-    note(shop.folder.filePath(u"n.bmp"_s), [](NoteCanvas &canvas) {
+    note(shop.folder.filePath(u"n.bmp"_s), [](NoteCanvas &canvas, ModalScript &) {
         stroke(canvas, {{100, 100}, {200, 100}, {200, 200}});
         const QImage &drawn = canvas.picture();
         QCOMPARE(darkness(drawn, 199, 100), 0);
@@ -204,7 +204,7 @@ void HandNoteTest::linesFollowTheHandSmoothly()
 void HandNoteTest::aTabletDraws()
 {
     const TestShop shop;
-    note(shop.folder.filePath(u"n.bmp"_s), [](NoteCanvas &canvas) {
+    note(shop.folder.filePath(u"n.bmp"_s), [](NoteCanvas &canvas, ModalScript &) {
         const auto draw = [&canvas](QPointingDevice::PointerType kind, QPointF from, QPointF to) {
             const QPointingDevice stylus(u"stylus"_s, 1, QInputDevice::DeviceType::Stylus, kind,
                 QInputDevice::Capability::Position | QInputDevice::Capability::Pressure, 1, 1);
@@ -237,14 +237,12 @@ void HandNoteTest::leftWithoutOkNothingIsKept()
     const QString path = shop.folder.filePath(u"n.bmp"_s);
     QVERIFY(sampleFiles::halves({300, 100}).save(path));
     const QByteArray before = contentOf(path);
-    const auto leaves = [](bool byKey) {
-        return [byKey](NoteCanvas &canvas) {
+    for (const bool byKey : {true, false}) {
+        QVERIFY(note(path, [byKey](NoteCanvas &canvas, ModalScript &) {
             stroke(canvas, {{10, 10}, {30, 30}});
             byKey ? press(Qt::Key_Escape) : control<QPushButton>(*canvas.window(), "Command5").click();
-        };
-    };
-    QVERIFY(note(path, leaves(true)));
-    QVERIFY(note(path, leaves(false)));
+        }));
+    }
     QCOMPARE(contentOf(path), before);
 }
 
@@ -253,25 +251,19 @@ void HandNoteTest::whatCannotBeWrittenStaysOnTheSheet()
     const TestShop shop;
     const QString path = shop.folder.filePath(u"n.bmp"_s);
     QVERIFY(QDir().mkdir(path + u".new"_s));
-    ModalScript script;
-    script.expect(u"frmHandNote"_s, [&](QWidget &screen) {
-        auto &canvas = control<NoteCanvas>(screen, "picCanvas");
+    QVERIFY(!note(path, [&path](NoteCanvas &canvas, ModalScript &script) {
         stroke(canvas, {{100, 100}, {300, 100}});
-        QString told;
-        script.expect(u"QMessageBox"_s, [&told](QWidget &box) {
-            told = box.property("text").toString();
+        script.expect(u"QMessageBox"_s, [](QWidget &box) {
+            const QString told = box.property("text").toString();
+            QVERIFY2(told.contains(u"The file cannot be made: Is a directory."_s), qPrintable(told));
             press(Qt::Key_Return);
         });
         accessKey('o');
-        QVERIFY2(told.contains(u"The file cannot be made: Is a directory."_s), qPrintable(told));
-        QVERIFY(screen.isVisible());
+        QVERIFY(script.isDone() && canvas.isVisible());
         QCOMPARE(width(canvas.picture(), 200, 100), 2);
         QVERIFY(QDir().rmdir(path + u".new"_s));
         accessKey('o');
-    });
-    bool cancelled = true;
-    frmHandNote().TakeSnap(path, cancelled);
-    QVERIFY(!cancelled);
+    }));
     QCOMPARE(width(pictureFile::read(path).picture, 200, 100), 2);
 }
 

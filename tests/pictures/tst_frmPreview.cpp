@@ -10,11 +10,12 @@
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 
-#include <QLabel>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;
@@ -26,62 +27,52 @@ class PreviewTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aSmallPictureIsShownAtItsSize();
     void eachHasItsOwnSizeWhateverTheLastWasGiven();
     void aLargeOneFitsAndComesInFullByAKey();
     void itIsPrinted();
-    void whatIsNoPictureIsTold();
-    void oneThatIsGoneMeanwhileIsTold();
+    void theSystemOpensIt();
+    void whatIsNoPictureOrGoneIsTold();
 };
 
 namespace {
 
-void show(const QString &path, const std::function<void(QWidget &)> &work)
+struct Photo : TestShop {
+    explicit Photo(const QSize &size = {400, 300}) { sampleFiles::writePhoto(path, size); }
+
+    QString path = folder.filePath(u"p.jpg"_s);
+};
+
+/// Shows a picture, does `work` and leaves by Escape.
+void show(const QString &path, const std::function<void(QWidget &, ModalScript &)> &work)
 {
     ModalScript script;
-    script.expect(u"frmPreview"_s, work);
+    script.expect(u"frmPreview"_s, [&](QWidget &screen) {
+        work(screen, script);
+        press(Qt::Key_Escape);
+    });
     frmPreview().ShowImage(path);
 }
 
 } // namespace
 
-void PreviewTest::aSmallPictureIsShownAtItsSize()
-{
-    const TestShop shop;
-    const QString path = shop.folder.filePath(u"p.jpg"_s);
-    sampleFiles::writePhoto(path, {640, 420}, 6);
-    show(path, [](QWidget &screen) {
-        const auto &picture = control<PictureBox>(screen, "picture");
-        QCOMPARE(picture.pixmap().size(), QSize(420, 640));
-        QVERIFY(picture.height() >= 640 && picture.height() < 660);
-        press(Qt::Key_Escape);
-    });
-}
-
 void PreviewTest::eachHasItsOwnSizeWhateverTheLastWasGiven()
 {
-    const TestShop shop;
-    const QString wide = shop.folder.filePath(u"wide.jpg"_s);
-    const QString high = shop.folder.filePath(u"high.jpg"_s);
-    sampleFiles::writePhoto(wide, {600, 300});
-    sampleFiles::writePhoto(high, {300, 500});
-    show(wide, [](QWidget &screen) {
-        screen.resize(900, 350);
-        press(Qt::Key_Escape);
-    });
-    show(high, [](QWidget &screen) {
-        QCOMPARE(control<PictureBox>(screen, "picture").pixmap().size(), QSize(300, 500));
+    const Photo wide({600, 300});
+    const QString high = wide.folder.filePath(u"high.jpg"_s);
+    sampleFiles::writePhoto(high, {500, 300}, 6);
+    show(wide.path, [](QWidget &screen, ModalScript &) { screen.resize(900, 350); });
+    show(high, [](QWidget &screen, ModalScript &) {
+        const auto &picture = control<PictureBox>(screen, "picture");
+        QCOMPARE(picture.pixmap().size(), QSize(300, 500));
+        QVERIFY(picture.height() >= 500 && picture.height() < 520);
         QVERIFY(screen.width() < 900 && screen.height() > 500);
-        press(Qt::Key_Escape);
     });
 }
 
 void PreviewTest::aLargeOneFitsAndComesInFullByAKey()
 {
-    const TestShop shop;
-    const QString path = shop.folder.filePath(u"p.jpg"_s);
-    sampleFiles::writePhoto(path, {4000, 3000});
-    show(path, [](QWidget &screen) {
+    const Photo photo({4000, 3000});
+    show(photo.path, [](QWidget &screen, ModalScript &) {
         const auto &picture = control<PictureBox>(screen, "picture");
         const auto &full = control<QScrollArea>(screen, "full");
         QVERIFY(picture.isVisible());
@@ -97,54 +88,53 @@ void PreviewTest::aLargeOneFitsAndComesInFullByAKey()
         QVERIFY(picture.isVisible());
         accessKey('f');
         QVERIFY(full.isVisible());
-        press(Qt::Key_Escape);
     });
 }
 
 void PreviewTest::itIsPrinted()
 {
-    const TestShop shop;
-    const QString path = shop.folder.filePath(u"p.jpg"_s);
-    sampleFiles::writePhoto(path, {400, 300});
-    const PdfPrinter printer(shop.folder.filePath(u"paper.pdf"_s));
-    show(path, [](QWidget &) {
-        accessKey('p');
-        press(Qt::Key_Escape);
-    });
+    const Photo photo;
+    const PdfPrinter printer(photo.folder.filePath(u"paper.pdf"_s));
+    show(photo.path, [](QWidget &, ModalScript &) { accessKey('p'); });
     QCOMPARE(printer.jobs(), 1);
     QCOMPARE(printer.title(), u"p.jpg"_s);
 }
 
-void PreviewTest::whatIsNoPictureIsTold()
+void PreviewTest::theSystemOpensIt()
 {
-    const TestShop shop;
-    const QString path = shop.folder.filePath(u"p.jpg"_s);
-    writeContent(path, {});
-    ModalScript script;
-    script.expectBox(u"This picture can't be shown. The file is empty:\r\n"_s + path);
-    frmPreview().ShowImage(path);
+    const Photo photo;
+    const QString path = photo.folder.filePath(u"Asha's 100% é.jpg"_s);
+    QVERIFY(QFile::copy(photo.path, path));
+    // Stands in for the desktop's own command, and notes what it is asked to open.
+    const QString command = photo.folder.filePath(u"xdg-open"_s);
+    writeContent(command, "#!/bin/sh\nprintf %s \"$1\" > \"${0%/*}/asked\"\n");
+    QVERIFY(QFile::setPermissions(command, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    const QByteArray before = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(photo.folder.path()) + ':' + before);
+    const auto back = qScopeGuard([&before] { qputenv("PATH", before); });
+    show(path, [](QWidget &, ModalScript &) { accessKey('o'); });
+    QTRY_COMPARE(QUrl::fromEncoded(contentOf(photo.folder.filePath(u"asked"_s))).toLocalFile(), path);
 }
 
-void PreviewTest::oneThatIsGoneMeanwhileIsTold()
+void PreviewTest::whatIsNoPictureOrGoneIsTold()
 {
-    const TestShop shop;
-    const QString path = shop.folder.filePath(u"p.jpg"_s);
-    sampleFiles::writePhoto(path, {400, 300});
+    const Photo photo;
     QStringList opened;
     shell::replaceOpener([&opened](const QString &file) { opened += file; });
-    ModalScript script;
-    script.expect(u"frmPreview"_s, [&](QWidget &) {
+    show(photo.path, [&photo](QWidget &, ModalScript &script) {
         accessKey('o');
-        QVERIFY(QFile::remove(path));
-        script.expectBox(u"The picture is no longer there:\r\n"_s + path);
+        QVERIFY(QFile::remove(photo.path));
+        script.expectBox(u"The picture is no longer there:\r\n"_s + photo.path);
         accessKey('o');
         script.expectBox(u"No such file or directory"_s);
         accessKey('p');
-        press(Qt::Key_Escape);
     });
-    frmPreview().ShowImage(path);
     shell::replaceOpener({});
-    QCOMPARE(opened, QStringList{path});
+    QCOMPARE(opened, QStringList{photo.path});
+    writeContent(photo.path, {});
+    ModalScript script;
+    script.expectBox(u"This picture can't be shown. The file is empty:\r\n"_s + photo.path);
+    frmPreview().ShowImage(photo.path);
 }
 
 CORVANE_TEST(PreviewTest)

@@ -20,11 +20,8 @@ private slots:
 void TwoProgramsTest::whatTheOtherWroteIsSeen_data()
 {
     QTest::addColumn<QString>("occasion");
-    QTest::newRow("a screen comes to the front") << u"front"_s;
-    QTest::newRow("a list is filled") << u"list"_s;
-    QTest::newRow("a group writes") << u"group"_s;
-    QTest::newRow("a statement writes") << u"statement"_s;
-    QTest::newRow("a row is written back") << u"row"_s;
+    for (const char *occasion : {"front", "list", "group", "statement", "row"})
+        QTest::newRow(occasion) << QString::fromLatin1(occasion);
 }
 
 void TwoProgramsTest::whatTheOtherWroteIsSeen()

@@ -14,3 +14,15 @@
             QVERIFY2(error.fault() == (expected), qPrintable(error.report()));                                         \
         }                                                                                                              \
     } while (false)
+
+/// What `work` throws. A test whose work throws nothing fails and ends.
+template <typename Work>
+[[nodiscard]] RuntimeError failureOf(const Work &work)
+{
+    try {
+        work();
+    } catch (const RuntimeError &error) {
+        return error;
+    }
+    qFatal("no failure");
+}
