@@ -126,7 +126,8 @@ void PrintAssignmentTest::theCodeNamesTheGarment()
         constexpr int modules = 29;
         int differing = 0;
         for (int i = 0; i < modules * modules; ++i) {
-            const QPointF share((i % modules + 0.5) / modules, (i / modules + 0.5) / modules);
+            const int line = i / modules;
+            const QPointF share((i % modules + 0.5) / modules, (line + 0.5) / modules);
             const QPointF spot = QPointF(place.topLeft()) + share * place.width();
             const bool isPrinted = qGray(page.pixel((spot * resolution / 1440).toPoint())) < 128;
             const bool isGiven = qGray(code.pixel((share * code.width()).toPoint())) < 128;
