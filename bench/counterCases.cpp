@@ -115,7 +115,7 @@ Case cardKey(const QString &what, const QString &before, const QString &typed, s
         "select Jobs.Id, Date, Title, Mobile, AmountDue, JobFinished, Jobs.Status from Jobs join Accounts on "
         "Accounts.Id=ClintID where Title glob '"
         + std::string(glob) + "' order by Date desc, Jobs.Id desc limit 200");
-    Case work{what, 2.0};
+    Case work{what, 2.5};
     work.most = std::chrono::milliseconds(30);
     work.ours = [before, typed] {
         frmOpenJob screen;

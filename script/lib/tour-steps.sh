@@ -88,11 +88,11 @@ window "Clients"
 keys alt+a
 window "Add New Client"
 field "Nandini O'Brien"
+field "98290 12345"
 keys alt+g Return
 field "14, Lake View"
 field "Udaipur"
 field "Rajasthan"
-field "98290 12345"
 words "30/9/1984"
 picture new-client
 keys alt+s
@@ -173,7 +173,7 @@ for measurement in 43 40 36 42 18 25 16; do field "$measurement"; done
 picture item-measured
 keys alt+o
 window "Create New Job Card"
-keys alt+a
+keys Return
 window "Item"
 field "tro"
 for measurement in 42 34 40 24 18 16 11; do field "$measurement"; done
@@ -182,7 +182,7 @@ window "Create New Job Card"
 picture two-items
 
 echo "An advance is taken, and the card saved."
-keys Tab Tab Tab Tab
+keys Tab
 field 2500
 field cash
 words "Wedding on the 20th"
@@ -192,6 +192,21 @@ window "The Corvane"
 picture saved
 keys Return
 window "Edit JOB Card"
+keys Escape
+window "$main"
+
+echo "A card is found by its client; the keys are shown, and the guide at its chapter."
+keys F3
+window "Open Job Card"
+words "raj"
+picture found-by-client
+keys ctrl+slash
+picture keys
+keys F1
+window "Guide"
+picture guide
+keys Escape
+window "Open Job Card"
 keys Escape
 window "$main"
 

@@ -11,8 +11,9 @@ class Command;
 class QLabel;
 
 /// What the working day begins with, on the main screen: a command a line, by Alt and its number, that leads to its
-/// register. In a shop without a job card it begins with what leads to the first. It is shown once all lines have been read, each in a turn of the event loop of its own, so that a key
-/// waits for one line at most; a line is read anew when its tables were written to or the working date is another one.
+/// register. In a shop without a job card it begins with what leads to the first. It is shown once all lines have been
+/// read, each in a turn of the event loop of its own, so that a key waits for one line at most; a line is read anew
+/// when its tables were written to or the working date is another one.
 class MorningGlance : public QFrame {
     Q_OBJECT
 

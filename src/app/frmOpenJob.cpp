@@ -50,7 +50,7 @@ QString whyEmpty(const QString &text)
 {
     if (text.isEmpty())
         return u"A number and Enter open that card.\n"
-               "A part of a client's name or of a mobile number lists the cards, the newest first."_s;
+               "A part of a client's name, or six digits or more of a mobile number, lists the cards, the newest first."_s;
     if (isJobNumber(text))
         return u"Enter opens job card %1."_s.arg(text);
     return u"No job card of a client with \"%1\" in the name or mobile number."_s.arg(text);

@@ -17,6 +17,18 @@ QVariant alignment(const ListColumn &column)
     return static_cast<int>(column.numeric ? Qt::AlignRight : Qt::AlignLeft) | static_cast<int>(Qt::AlignVCenter);
 }
 
+/// What is read in a column: where a sign stands in a text's place, what a screen reader says of it.
+std::vector<QString> textsOf(const std::vector<ListRow> &rows, int column)
+{
+    std::vector<QString> texts;
+    texts.reserve(rows.size());
+    for (const ListRow &row : rows) {
+        const QString text = row.cells.value(column).trimmed();
+        texts.push_back(text.isEmpty() ? row.lookOf(column).said : text);
+    }
+    return texts;
+}
+
 } // namespace
 
 bool ListRow::hasTag() const
@@ -205,7 +217,8 @@ std::vector<int> ListModel::sortRows()
     std::iota(from.begin(), from.end(), 0);
     std::ranges::sort(from, {}, [this](int place) { return m_ownPlaces[static_cast<size_t>(place)]; });
     if (m_sortColumn >= 0)
-        listOrder::sort(from, m_rows, m_sortColumn, columns()[static_cast<size_t>(m_sortColumn)].numeric, m_sortOrder);
+        listOrder::sort(
+            from, textsOf(m_rows, m_sortColumn), columns()[static_cast<size_t>(m_sortColumn)].numeric, m_sortOrder);
     std::vector<ListRow> rows;
     std::vector<int> ownPlaces;
     rows.reserve(from.size());

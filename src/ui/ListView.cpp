@@ -11,14 +11,18 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int leastColumnWidth = 24;
 constexpr int emptyTextMargin = 24;
-/// As wide as a date in bold letters with a sign before it.
+constexpr int measuredRows = 32;
+/// As wide as a date in bold letters with a sign before it, and that with the days to it.
 const auto shortText = u"00-MMM-0000 MMMM"_s;
+const auto longDate = u"00-MMM-0000 (-000 D) MMM"_s;
 
 } // namespace
 
@@ -42,7 +46,7 @@ ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget
         [this](int column, int, int width) { keepUserWidth(column, width); });
     connect(header(), &QHeaderView::sectionMoved, this, &ListView::keepUserOrder);
     connect(m_list, &ListModel::modelReset, this, [this] {
-        measureFirstRow();
+        measureFirstRows();
         tellEmpty();
         emit currentRowChanged(-1);
     });
@@ -215,16 +219,27 @@ void ListView::readUserSort()
         setCurrentRow(0);
 }
 
-/// Once, so that the columns stand still from one filling to the next: dates, numbers and words of the first row tell
-/// what the column needs, long texts don't.
-void ListView::measureFirstRow()
+/// Once, so that the columns stand still from one filling to the next: dates and numbers of the first rows, about as
+/// many as are seen, and the words of the first one tell what the column needs; long texts don't.
+void ListView::measureFirstRows()
 {
     if (!m_neededWidths.empty() || m_list->rowCount() == 0)
         return;
-    const int most = QFontMetrics(header()->font()).horizontalAdvance(shortText);
+    const QFontMetrics letters(header()->font());
+    const int longest = letters.horizontalAdvance(longDate);
+    const int longestWords = letters.horizontalAdvance(shortText);
     for (int column = 0; column < m_list->columnCount(); ++column) {
-        const int width = sizeHintForIndex(m_list->index(0, column)).width();
-        m_neededWidths.push_back(width > most ? 0 : width);
+        int needed = 0;
+        for (int row = 0; row < std::min(measuredRows, m_list->rowCount()); ++row) {
+            const QString text = m_list->cell(row, column);
+            const bool isFigure = !text.isEmpty() && text.front().isDigit();
+            if (row > 0 && !isFigure)
+                continue;
+            const int width = sizeHintForIndex(m_list->index(row, column)).width();
+            if (width <= (isFigure ? longest : longestWords))
+                needed = std::max(needed, width);
+        }
+        m_neededWidths.push_back(needed);
     }
     shareWidth();
 }

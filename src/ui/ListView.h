@@ -56,7 +56,7 @@ private:
     void readUserSort();
     void sortNext(int column);
     void tellEmpty();
-    void measureFirstRow();
+    void measureFirstRows();
     void shareWidth();
     [[nodiscard]] double percentOf(int column) const;
     void keepUserWidth(int column, int width);
@@ -68,7 +68,7 @@ private:
 
     ListModel *m_list;
     QString m_emptyText;
-    /// What the texts of the first row need, by column; none before there was one.
+    /// What the texts of the first rows need, by column; none before there was one.
     std::vector<int> m_neededWidths;
     /// Widths that the user gave, by column; in pixels.
     std::map<int, int> m_userWidths;

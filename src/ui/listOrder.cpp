@@ -10,21 +10,6 @@
 
 namespace {
 
-QString textOf(const ListRow &row, int column)
-{
-    const QString text = row.cells.value(column).trimmed();
-    return text.isEmpty() ? row.lookOf(column).said : text;
-}
-
-std::vector<QString> textsOf(const std::vector<ListRow> &rows, int column)
-{
-    std::vector<QString> texts;
-    texts.reserve(rows.size());
-    for (const ListRow &row : rows)
-        texts.push_back(textOf(row, column));
-    return texts;
-}
-
 /// None where a text is no date. Few days make many rows: each is read once.
 std::optional<std::vector<qint64>> datesOf(const std::vector<QString> &texts)
 {
@@ -69,10 +54,8 @@ void sortBy(std::vector<int> &places, const Keys &keys, Qt::SortOrder order, Les
 
 } // namespace
 
-void listOrder::sort(
-    std::vector<int> &places, const std::vector<ListRow> &rows, int column, bool numeric, Qt::SortOrder order)
+void listOrder::sort(std::vector<int> &places, const std::vector<QString> &texts, bool numeric, Qt::SortOrder order)
 {
-    const std::vector<QString> texts = textsOf(rows, column);
     if (const auto dates = datesOf(texts))
         sortBy(places, *dates, order, std::less());
     else if (numeric)

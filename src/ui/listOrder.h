@@ -1,17 +1,16 @@
 #pragma once
 
-#include "ui/ListModel.h"
+#include <QString>
 
 #include <vector>
 
-/// The order of a list that its user sorts by a column. Of each cell its text counts or, where a sign stands in its
-/// place, what a screen reader says of it.
+/// The order of a list that its user sorts by a column.
 namespace listOrder {
 
-/// Brings `places`, which are indexes of `rows`, into the order of that column, and leaves those that read alike as
-/// they stand to each other, in descending order too. A column in which every text is a date goes by date, a `numeric`
-/// one by the number that each text shows, all others by text, whatever the case. Cells without a date or a number come
-/// before all others.
-void sort(std::vector<int> &places, const std::vector<ListRow> &rows, int column, bool numeric, Qt::SortOrder order);
+/// Brings `places`, which are indexes of `texts`, into the order of the texts, and leaves those that read alike as they
+/// stand to each other, in descending order too. Where every text is a date they go by date, where they are `numeric`
+/// by the number that each shows, else as texts, whatever the case. Those that are empty or show no number come before
+/// all others.
+void sort(std::vector<int> &places, const std::vector<QString> &texts, bool numeric, Qt::SortOrder order);
 
 } // namespace listOrder

@@ -6,6 +6,7 @@
 #include "jobcards/JobCardStore.h"
 #include "jobcards/clsJobCardData.h"
 #include "store/codes.h"
+#include "support/PdfPrinter.h"
 #include "support/screenDriver.h"
 #include "ui/ListView.h"
 #include "ui/theme.h"
@@ -112,10 +113,12 @@ QString lookOf(const ListView &list, int row, int column)
     return look.join(u' ');
 }
 
-void printPreview(ModalScript &script)
+void printPreview(ModalScript &script, const QString &file)
 {
-    script.expect(u"ReportPreview"_s, [](QWidget &preview) {
+    script.expect(u"ReportPreview"_s, [&script, file](QWidget &preview) {
         QCOMPARE(preview.windowTitle(), u"Print Preview"_s);
+        if (!file.isEmpty())
+            QCOMPARE(offeredPdf(script, preview), file);
         driver::accessKey('p');
         driver::press(Qt::Key_Escape);
     });

@@ -33,5 +33,5 @@ inline constexpr int mohan = 7;
 /// How a cell looks: "bold red" for a warning, "bold green", or nothing.
 [[nodiscard]] QString lookOf(const ListView &list, int row, int column);
 
-/// Prints what the preview shows that comes up next, and closes it.
-void printPreview(ModalScript &script);
+/// Prints what the preview shows that comes up next, and closes it. With a name, it is what a file of it is called.
+void printPreview(ModalScript &script, const QString &file = {});

@@ -83,11 +83,11 @@ void viewAsha(frmAccountBook &book)
     press(Qt::Key_Return);
 }
 
-void printStatement(Qt::Key withRemark)
+void printStatement(Qt::Key withRemark, const QString &file = {})
 {
     ModalScript script;
     script.expectMessage(u"Print Account Statement with Remark?"_s, withRemark);
-    printPreview(script);
+    printPreview(script, file);
     accessKey('p');
     QVERIFY(script.isDone());
 }
@@ -207,7 +207,7 @@ void BooksOnPaperTest::theLastFillPrintsUnderThePresentTitle()
     type(u"vik"_s);
     accessKey('t');
     type(u"3/5/2011"_s);
-    printStatement(Qt::Key_Escape);
+    printStatement(Qt::Key_Escape, u"Account Statement Vikram Mehta 01-Apr-2011 to 03-May-2011.pdf"_s);
     const QString text = desk.printer.printed().join(u' ');
     QVERIFY2(text.contains(u"Account : Vikram Mehta Report Period : 01-Apr-2011 To 03-May-2011 Opening Balance : "
                            "1250.5 Cr. Closing Balance : 249.5 Dr."_s),
@@ -264,7 +264,7 @@ void BooksOnPaperTest::theWagesRegisterIsTheListRowByRow()
     type(u"mohan"_s);
     press(Qt::Key_Return);
     ModalScript script;
-    printPreview(script);
+    printPreview(script, u"Wages Register Mohan 01-Apr-2011 to 01-May-2011.pdf"_s);
     accessKey('p');
     QStringList listed;
     for (const ListRow &row : control<ListView>(screen, "lvSummary").list().rows())
@@ -295,7 +295,7 @@ void BooksOnPaperTest::payrollDetailsPrintLikeIt()
     desk.connection.execute(u"Update Jobs_Detail set MarkAsPaid=1, PayrollID=5"_s);
     ModalScript script;
     script.expect(u"frmPayrollDetails"_s, [&script](QWidget &) {
-        printPreview(script);
+        printPreview(script, u"Payroll 5 Mohan Lal.pdf"_s);
         accessKey('p');
         press(Qt::Key_Escape);
     });

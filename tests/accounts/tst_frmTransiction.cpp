@@ -465,7 +465,7 @@ void TransictionTest::itPrintsWhatIsStored()
         type(u"rec"_s);
         accessKey('m');
         type(u"9"_s);
-        printPreview(script);
+        printPreview(script, u"Voucher 1 Receipt.pdf"_s);
         accessKey('p');
         QVERIFY(script.isDone());
     });

@@ -211,7 +211,10 @@ void PrintJobCardTest::theSettingDecidesTheWay()
             SaveSetting(setting::PrintPreview, entry.value);
         ModalScript script;
         if (entry.previewed)
-            script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
+            script.expect(u"ReportPreview"_s, [&script](QWidget &preview) {
+                QCOMPARE(offeredPdf(script, preview), u"Job Card 7 Asha Rao.pdf"_s);
+                press(Qt::Key_Escape);
+            });
         PrintJobCard(7);
         QVERIFY(script.isDone());
         QCOMPARE(desk.printer.jobs(), entry.jobs);

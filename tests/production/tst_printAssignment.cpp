@@ -38,8 +38,9 @@ struct PrintDesk : AssignmentDesk {
         onGarment([&](QWidget &, ModalScript &script) {
             if (!toldBefore.isEmpty())
                 script.expectMessage(toldBefore);
-            script.expect(u"ReportPreview"_s, [](QWidget &preview) {
+            script.expect(u"ReportPreview"_s, [&](QWidget &preview) {
                 QCOMPARE(preview.windowTitle(), u"Print Preview"_s);
+                file = offeredPdf(script, preview);
                 driver::accessKey('p');
                 driver::press(Qt::Key_Escape);
             });
@@ -51,6 +52,8 @@ struct PrintDesk : AssignmentDesk {
     QStringList label() { return print(Qt::Key_L, Qt::AltModifier); }
 
     PdfPrinter printer{folder.filePath(u"paper.pdf"_s)};
+    /// What the last one would be called as a file.
+    QString file;
 };
 
 void compareTexts(const QStringList &pages, const QStringList &texts)
@@ -72,6 +75,7 @@ void PrintAssignmentTest::theSlipTellsTheWorkerWhatToMake()
             u"Worker Name: Mohan"_s, u"Client Name: Asha Rao"_s, u"Item Name: Coat"_s, u"QNT: 2"_s,
             u"Specifications Chest 40 Waist 36 1/2"_s, u"Remark: Grey wool"_s, u"Client Note : Loose"_s});
     QCOMPARE(desk.printer.title(), u"Job Order"_s);
+    QCOMPARE(desk.file, u"Slip 321-2 Coat.pdf"_s);
     QCOMPARE(desk.printer.jobs(), 1);
 }
 
@@ -97,6 +101,7 @@ void PrintAssignmentTest::theLabelFitsItsPaper()
             u"Worker Name: Maharaja"_s, u"Item Name: Maharaja"_s,
             u"Remark: Maroon silk with cream lining, Maharaja"_s});
     QCOMPARE(desk.printer.title(), u"Print Label"_s);
+    QCOMPARE(desk.file, u"Label 321-2 Coat.pdf"_s);
     QProcess info;
     info.start(u"pdfinfo"_s, {desk.folder.filePath(u"paper.pdf"_s)});
     QVERIFY(info.waitForFinished());

@@ -1,9 +1,14 @@
 #include "support/PdfPrinter.h"
 
 #include "devices/printer.h"
+#include "support/ModalScript.h"
 #include "support/pdfText.h"
+#include "support/screenDriver.h"
 
+#include <QLineEdit>
 #include <QPdfWriter>
+
+using namespace Qt::StringLiterals;
 
 PdfPrinter::PdfPrinter(const QString &path) : m_path(path)
 {
@@ -27,4 +32,15 @@ QStringList PdfPrinter::printed() const
     for (QString &page : pages)
         page = page.simplified();
     return pages;
+}
+
+QString offeredPdf(ModalScript &script, QWidget &preview)
+{
+    QString name;
+    script.expect(u"QFileDialog"_s, [&name](QWidget &dialog) {
+        name = driver::control<QLineEdit>(dialog, "fileNameEdit").text();
+        driver::press(Qt::Key_Escape);
+    });
+    driver::accessKey('s');
+    return driver::waitActive(preview) ? name : QString();
 }

@@ -2,6 +2,9 @@
 
 #include <QStringList>
 
+class ModalScript;
+class QWidget;
+
 /// Takes the place of the machine's printers: what is printed goes into a PDF file, at once and nothing asked.
 class PdfPrinter {
 public:
@@ -20,3 +23,6 @@ private:
     QString m_title;
     int m_jobs = 0;
 };
+
+/// The name that "Save as PDF" offers in the preview, which is in front. Nothing is saved.
+[[nodiscard]] QString offeredPdf(ModalScript &script, QWidget &preview);
