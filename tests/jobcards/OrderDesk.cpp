@@ -2,11 +2,9 @@
 
 #include "base/session.h"
 #include "jobcards/frmEditJOB.h"
-#include "support/screenDriver.h"
 #include "ui/kvTextBox.h"
 
 #include <QApplication>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -59,10 +57,10 @@ clsJobCardData OrderDesk::rows(int count) const
     return rows;
 }
 
-JobCardStore OrderDesk::book(const QString &number)
+JobCardStore OrderDesk::book(const QString &number, int rowCount)
 {
     JobCardStore store;
-    clsJobCardData items = rows(1);
+    clsJobCardData items = rows(rowCount);
     store.SaveNew(card(number), items);
     return store;
 }
@@ -82,10 +80,11 @@ QString focused()
     return {};
 }
 
-void onCard(ModalScript &script, int jobID, const std::function<void(QWidget &)> &work)
+void onCard(int jobID, const std::function<void(QWidget &, ModalScript &)> &work)
 {
-    script.expect(u"frmEditJOB"_s, [&work](QWidget &screen) {
-        work(screen);
+    ModalScript script;
+    script.expect(u"frmEditJOB"_s, [&](QWidget &screen) {
+        work(screen, script);
         driver::press(Qt::Key_Escape);
     });
     bool deleted = true;
@@ -94,16 +93,33 @@ void onCard(ModalScript &script, int jobID, const std::function<void(QWidget &)>
         card.ShowEdit(jobID, deleted);
     else
         card.ShowAddNew();
+}
+
+void tells(ModalScript &script, char command, const QString &message)
+{
+    script.expectMessage(message);
+    driver::accessKey(command);
     QVERIFY(script.isDone());
 }
 
-void expectItem(ModalScript &script, const QString &item, const QString &quantity)
+void saveEdit(ModalScript &script)
+{
+    tells(script, 's', u"Job Edited."_s);
+}
+
+void addItem(ModalScript &script, const QString &item, int quantity)
+{
+    expectItem(script, item, quantity);
+    driver::accessKey('a');
+}
+
+void expectItem(ModalScript &script, const QString &item, int quantity)
 {
     script.expect(u"frmAddItem"_s, [item, quantity](QWidget &editor) {
         driver::type(item);
         driver::press(Qt::Key_Return);
         driver::control<kvTextBox>(editor, "txtQnt").setFocus();
-        driver::type(quantity);
+        driver::type(QString::number(quantity));
         driver::accessKey('o');
     });
 }

@@ -2,21 +2,14 @@
 
 #include "OrderDesk.h"
 #include "base/session.h"
-#include "jobcards/frmEditJOB.h"
 #include "reports/rptJOBCARD.h"
-#include "store/DataEnvironment.h"
 #include "store/settings.h"
-#include "support/ModalScript.h"
 #include "support/PdfPrinter.h"
 #include "support/expectFault.h"
-#include "support/screenDriver.h"
-#include "support/testRegistry.h"
 #include "ui/kvComboBox.h"
 
 #include <QImage>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;
@@ -31,14 +24,10 @@ private slots:
     void theScratchTablesHoldTheCard();
     void theSheetShowsCardAndShop();
     void aCardOverManyPagesIsPrintedWhole();
-    void anOverpaidCardPrintsInBrackets();
     void theLogoTakesItsPlace();
     void aLogoThatIsGoneFailsThePrint();
-    void aCardThatIsGoneFailsThePrint();
     void aPrintThatHasNoRoomTakesNothingFromTheCard();
-    void theSettingDecidesTheWay_data();
     void theSettingDecidesTheWay();
-    void theCommandPrintsASavedCardOnly();
     void aNewCardIsPrintedAfterItsSaveIfWanted();
 };
 
@@ -68,25 +57,26 @@ struct PrintDesk : OrderDesk {
 void PrintJobCardTest::theScratchTablesHoldTheCard()
 {
     PrintDesk desk;
-    clsJobCardData two = desk.rows(2);
-    JobCardStore().SaveNew(desk.card(u"7"_s), two);
+    desk.book(u"7"_s, 2);
     // The items print under the name that they have now.
-    DE().CN.execute(u"update Items set Name='Long Coat' where id=1"_s);
+    desk.connection.execute(u"update Items set Name='Long Coat' where id=1"_s);
     PrintJobCard(7);
     QCOMPARE(desk.lines(headStatement), QStringList{u"10-Apr-2011|7|Asha Rao|17-Apr-2011|12-Apr-2011|1600|100|1500"_s});
-    QCOMPARE(
-        desk.lines(bodyStatement), QStringList({u"7|2|Long Coat|Wool|400|800"_s, u"7|2|Long Coat|Wool|400|800"_s}));
+    QCOMPARE(desk.lines(bodyStatement), QStringList(2, u"7|2|Long Coat|Wool|400|800"_s));
 
-    DE().CN.execute(u"update Items set Name='Coat' where id=1"_s);
-    JobCardStore store;
+    // One that is overpaid prints in brackets.
+    desk.connection.execute(u"update Items set Name='Coat' where id=1"_s);
     JobCard other = desk.card(u"8"_s);
-    other.ReceivedText = u"0"_s;
+    other.TotalText = u"0.10"_s;
+    other.ReceivedText = u"1250.3"_s;
     clsJobCardData rows = desk.rows(1);
-    store.SaveNew(other, rows);
+    JobCardStore().SaveNew(other, rows);
     PrintJobCard(8);
     PrintJobCard(8);
-    QCOMPARE(desk.lines(headStatement), QStringList{u"10-Apr-2011|8|Asha Rao|17-Apr-2011|12-Apr-2011|1600|0|1600"_s});
+    QCOMPARE(
+        desk.lines(headStatement), QStringList{u"10-Apr-2011|8|Asha Rao|17-Apr-2011|12-Apr-2011|0.1|1250.3|-1250.2"_s});
     QCOMPARE(desk.lines(bodyStatement), QStringList{u"8|2|Coat|Wool|400|800"_s});
+    QVERIFY(desk.printer.printed().first().contains(u"Amount Due (1,250.20)"_s));
     QCOMPARE(desk.printer.jobs(), 3);
 }
 
@@ -95,7 +85,7 @@ void PrintJobCardTest::theSheetShowsCardAndShop()
     PrintDesk desk;
     SaveSetting(setting::TagLine, u"Made to measure"_s);
     SaveSetting(setting::FootNote, u"No return after 30 days"_s);
-    static_cast<void>(desk.book(u"7"_s));
+    desk.book(u"7"_s);
     PrintJobCard(7);
     const QStringList pages = desk.printer.printed();
     QCOMPARE(pages.size(), 1);
@@ -111,14 +101,10 @@ void PrintJobCardTest::theSheetShowsCardAndShop()
 void PrintJobCardTest::aCardOverManyPagesIsPrintedWhole()
 {
     PrintDesk desk;
-    clsJobCardData rows;
-    for (int i = 1; i <= 70; ++i) {
-        JobCardRow row = OrderDesk::row();
-        row.Remarks = i == 40 ? QString(u"Remark 40 "_s).repeated(60) : u"Remark %1"_s.arg(i);
-        rows.AddNewRow(row);
-    }
-    JobCardStore store;
-    store.SaveNew(desk.card(u"7"_s), rows);
+    clsJobCardData rows = desk.rows(70);
+    for (int i = 1; i <= 70; ++i)
+        rows.SetRemarks(i, i == 40 ? QString(u"Remark 40 "_s).repeated(60) : u"Remark %1"_s.arg(i));
+    JobCardStore().SaveNew(desk.card(u"7"_s), rows);
     PrintJobCard(7);
     const QStringList pages = desk.printer.printed();
     QVERIFY(pages.size() >= 3);
@@ -130,21 +116,8 @@ void PrintJobCardTest::aCardOverManyPagesIsPrintedWhole()
     const QString whole = pages.join(u' ');
     for (int i = 1; i <= 70; ++i)
         QVERIFY2(whole.contains(u"Remark %1 "_s.arg(i)), qPrintable(QString::number(i)));
-    QCOMPARE(whole.count(u"Remark 40"_s) + whole.count(u"40 Remark"_s) >= 60, true);
+    QVERIFY(whole.count(u"Remark 40"_s) + whole.count(u"40 Remark"_s) >= 60);
     QCOMPARE(whole.count(u"400.00 800.00"_s), 70);
-}
-
-void PrintJobCardTest::anOverpaidCardPrintsInBrackets()
-{
-    PrintDesk desk;
-    JobCard card = desk.card(u"7"_s);
-    card.TotalText = u"0.10"_s;
-    card.ReceivedText = u"1250.3"_s;
-    clsJobCardData rows = desk.rows(1);
-    JobCardStore().SaveNew(card, rows);
-    PrintJobCard(7);
-    QVERIFY(desk.lines(headStatement).first().endsWith(u"|-1250.2"_s));
-    QVERIFY(desk.printer.printed().first().contains(u"Amount Due (1,250.20)"_s));
 }
 
 void PrintJobCardTest::theLogoTakesItsPlace()
@@ -170,7 +143,7 @@ void PrintJobCardTest::theLogoTakesItsPlace()
         QCOMPARE(place.width(), 9360);
     }
 
-    static_cast<void>(desk.book(u"7"_s));
+    desk.book(u"7"_s);
     SaveSetting(setting::LogoFile, file);
     PrintJobCard(7);
     QCOMPARE(desk.printer.jobs(), 1);
@@ -179,20 +152,10 @@ void PrintJobCardTest::theLogoTakesItsPlace()
 void PrintJobCardTest::aLogoThatIsGoneFailsThePrint()
 {
     PrintDesk desk;
-    static_cast<void>(desk.book(u"7"_s));
+    desk.book(u"7"_s);
     SaveSetting(setting::LogoFile, desk.folder.filePath(u"gone.png"_s));
     EXPECT_FAULT(Fault::FileNotFound, PrintJobCard(7));
-    QCOMPARE(desk.printer.jobs(), 0);
-    QCOMPARE(desk.count(u"JOBS"_s), 1);
-    // The shop can print again as soon as the logo is set right.
-    SaveSetting(setting::LogoFile, {});
-    PrintJobCard(7);
-    QCOMPARE(desk.printer.jobs(), 1);
-}
-
-void PrintJobCardTest::aCardThatIsGoneFailsThePrint()
-{
-    PrintDesk desk;
+    // And a card that is gone, after which it can be gone on.
     try {
         PrintJobCard(9);
         QFAIL("it was printed");
@@ -201,18 +164,21 @@ void PrintJobCardTest::aCardThatIsGoneFailsThePrint()
         QVERIFY(error.canGoOn());
     }
     QCOMPARE(desk.printer.jobs(), 0);
+    QCOMPARE(desk.count(u"JOBS"_s), 1);
+    // The shop can print again as soon as the logo is set right.
+    SaveSetting(setting::LogoFile, {});
+    PrintJobCard(7);
+    QCOMPARE(desk.printer.jobs(), 1);
 }
 
 void PrintJobCardTest::aPrintThatHasNoRoomTakesNothingFromTheCard()
 {
     PrintDesk desk;
     SaveSetting(setting::PrintAfterSave, u"1"_s);
-    ModalScript script;
-    script.expect(u"frmEditJOB"_s, [&](QWidget &screen) {
+    onCard(0, [&desk](QWidget &screen, ModalScript &script) {
         control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
         script.expect(u"frmAddItem"_s, [](QWidget &item) {
-            driver::type(u"coat"_s);
-            press(Qt::Key_Return);
+            driver::type(u"coat\r"_s);
             control<QLineEdit>(item, "txtRemark").setText(QString(50000, u'x'));
             accessKey('o');
         });
@@ -224,98 +190,58 @@ void PrintJobCardTest::aPrintThatHasNoRoomTakesNothingFromTheCard()
         script.expectBox(u"There is not enough space on the disk.\n\n"_s + desk.path());
         accessKey('s');
         QCOMPARE(screen.windowTitle(), u"Edit JOB Card"_s);
-        press(Qt::Key_Escape);
     });
-    frmEditJOB().ShowAddNew();
-    QVERIFY(script.isDone());
     QCOMPARE(desk.printer.jobs(), 0);
     QCOMPARE(desk.count(u"JOBS"_s), 1);
 }
 
-void PrintJobCardTest::theSettingDecidesTheWay_data()
-{
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<bool>("previewed");
-    QTest::addColumn<int>("jobs");
-    QTest::newRow("never saved") << QString() << true << 0;
-    QTest::newRow("preview") << u"1"_s << true << 0;
-    QTest::newRow("at once") << u"0"_s << false << 1;
-    QTest::newRow("neither") << u"2"_s << false << 0;
-}
-
 void PrintJobCardTest::theSettingDecidesTheWay()
 {
-    QFETCH(QString, value);
-    QFETCH(bool, previewed);
-    QFETCH(int, jobs);
+    const struct {
+        /// None as long as it was never saved.
+        QString value;
+        bool previewed;
+        int jobs;
+    } cases[]{{{}, true, 0}, {u"1"_s, true, 0}, {u"0"_s, false, 1}, {u"2"_s, false, 1}};
     PrintDesk desk;
-    static_cast<void>(desk.book(u"7"_s));
-    if (value.isNull())
-        DE().CN.execute(u"Delete * from Settings where setting='15'"_s);
-    else
-        SaveSetting(setting::PrintPreview, value);
-    ModalScript script;
-    if (previewed)
-        script.expect(u"ReportPreview"_s, [&script](QWidget &preview) {
-            QCOMPARE(offeredPdf(script, preview), u"Job Card 7 Asha Rao.pdf"_s);
-            press(Qt::Key_Escape);
-        });
-    PrintJobCard(7);
-    QVERIFY(script.isDone());
-    QCOMPARE(desk.printer.jobs(), jobs);
-}
-
-void PrintJobCardTest::theCommandPrintsASavedCardOnly()
-{
-    PrintDesk desk;
-    static_cast<void>(desk.book(u"7"_s));
-    ModalScript script;
-    script.expect(u"frmEditJOB"_s, [&desk](QWidget &) {
-        accessKey('p');
-        QCOMPARE(desk.printer.jobs(), 0);
-        press(Qt::Key_Escape);
-    });
-    frmEditJOB().ShowAddNew();
-    script.expect(u"frmEditJOB"_s, [&desk](QWidget &) {
-        accessKey('p');
-        QCOMPARE(desk.printer.jobs(), 1);
-        press(Qt::Key_Escape);
-    });
-    bool deleted = false;
-    frmEditJOB().ShowEdit(7, deleted);
-    QCOMPARE(desk.lines(headStatement).size(), 1);
+    desk.book(u"7"_s);
+    desk.connection.execute(u"Delete * from Settings where setting='15'"_s);
+    for (const auto &entry : cases) {
+        if (!entry.value.isNull())
+            SaveSetting(setting::PrintPreview, entry.value);
+        ModalScript script;
+        if (entry.previewed)
+            script.expect(u"ReportPreview"_s, [&script](QWidget &preview) {
+                QCOMPARE(offeredPdf(script, preview), u"Job Card 7 Asha Rao.pdf"_s);
+                press(Qt::Key_Escape);
+            });
+        PrintJobCard(7);
+        QVERIFY(script.isDone());
+        QCOMPARE(desk.printer.jobs(), entry.jobs);
+    }
 }
 
 void PrintJobCardTest::aNewCardIsPrintedAfterItsSaveIfWanted()
 {
     PrintDesk desk;
-    static_cast<void>(desk.book(u"7"_s));
+    desk.book(u"7"_s);
     SaveSetting(setting::PrintAfterSave, u"1"_s);
-    ModalScript script;
-    script.expect(u"frmEditJOB"_s, [](QWidget &) {
-        accessKey('s');
-        press(Qt::Key_Escape);
+    onCard(7, [&desk](QWidget &, ModalScript &script) {
+        accessKey('p');
+        QCOMPARE(desk.printer.jobs(), 1);
+        // An edit never prints by itself.
+        saveEdit(script);
+        QCOMPARE(desk.printer.jobs(), 1);
     });
-    script.expectMessage(u"Job Edited."_s);
-    bool deleted = false;
-    frmEditJOB().ShowEdit(7, deleted);
-    // An edit never prints by itself.
-    QCOMPARE(desk.printer.jobs(), 0);
-
-    script.expect(u"frmEditJOB"_s, [](QWidget &screen) {
+    onCard(0, [&desk](QWidget &screen, ModalScript &script) {
+        // One that is not saved is not printed.
+        accessKey('p');
+        QCOMPARE(desk.printer.jobs(), 1);
         control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
-        accessKey('a');
-        accessKey('s');
-        press(Qt::Key_Escape);
+        addItem(script);
+        tells(script, 's', u"New Job Created."_s);
     });
-    script.expect(u"frmAddItem"_s, [](QWidget &) {
-        driver::type(u"coat"_s);
-        press(Qt::Key_Return);
-        accessKey('o');
-    });
-    script.expectMessage(u"New Job Created."_s);
-    frmEditJOB().ShowAddNew();
-    QCOMPARE(desk.printer.jobs(), 1);
+    QCOMPARE(desk.printer.jobs(), 2);
     QCOMPARE(desk.lines(u"Select JobID from tmpHead"_s), QStringList{u"8"_s});
 }
 

@@ -8,15 +8,13 @@
 #include "pictures/pictureFile.h"
 #include "store/settings.h"
 #include "support/fileContent.h"
-#include "support/screenDriver.h"
-#include "support/testRegistry.h"
 #include "ui/kvTextBox.h"
+#include "ui/kvTextBoxMultiLine.h"
 
 #include <QDir>
 #include <QImage>
 #include <QListView>
 #include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;
@@ -29,14 +27,11 @@ class ItemPicturesTest : public QObject {
 
 private slots:
     void photosGoIntoBothPlaces();
-    void enterGivesTheCommands();
-    void aPicturesNameFitsTheDisk_data();
     void aPicturesNameFitsTheDisk();
     void aNoteGoesOverTheFirstPicture();
     void aPickedFileIsTakenAsItIs();
     void whatIsCancelledChangesNothing();
-    void picturesAreShownAndOpenedByKeys();
-    void aPictureThatIsGoneSaysSo();
+    void picturesAreShownOpenedAndCleared();
 };
 
 namespace {
@@ -68,11 +63,12 @@ private:
 struct PictureDesk : OrderDesk {
     PictureDesk() { session::ProgramFolder = folder.path(); }
 
-    /// Opens the editor of the only row, does `work` and takes the row; dialogs that come up are expected before.
-    void edit(ModalScript &script, const std::function<void(QWidget &)> &work)
+    /// Opens the editor of the only row, does `work`, with dialogs expected on the script, and takes the row.
+    void edit(const std::function<void(QWidget &, ModalScript &)> &work)
     {
-        script.expect(u"frmAddItem"_s, [&work](QWidget &editor) {
-            work(editor);
+        ModalScript script;
+        script.expect(u"frmAddItem"_s, [&](QWidget &editor) {
+            work(editor, script);
             accessKey('o');
         });
         bool cancelled = true;
@@ -86,18 +82,24 @@ struct PictureDesk : OrderDesk {
     StillCamera camera;
 };
 
-void takePicture(QWidget &)
-{
-    QTRY_VERIFY(qobject_cast<QPushButton *>(QApplication::focusWidget()));
-    QTRY_COMPARE(QApplication::focusWidget()->objectName(), u"Command4"_s);
-    press(Qt::Key_Return);
-    press(Qt::Key_Escape);
-}
-
 void click(const QWidget &editor, const char *command)
 {
     control<QPushButton>(editor, command).click();
 }
+
+void takePicture(const QWidget &editor, ModalScript &script, const char *command = "Command3")
+{
+    script.expect(u"frmCam"_s, [](QWidget &) {
+        QTRY_COMPARE(focused(), u"Command4"_s);
+        press(Qt::Key_Return);
+        press(Qt::Key_Escape);
+    });
+    click(editor, command);
+}
+
+/// The commands of the editor that bring up something to make a picture with.
+const std::pair<const char *, QString> makers[]{{"Command3", u"frmCam"_s}, {"Command7", u"frmHandNote"_s},
+    {"Command4", u"frmCam"_s}, {"Command8", u"frmSelectFile"_s}};
 
 QColor colorOf(const QString &path)
 {
@@ -109,75 +111,45 @@ QColor colorOf(const QString &path)
 void ItemPicturesTest::photosGoIntoBothPlaces()
 {
     PictureDesk desk;
-    ModalScript script;
-    desk.edit(script, [&](QWidget &editor) {
-        script.expect(u"frmCam"_s, takePicture);
-        click(editor, "Command3");
-        QVERIFY(control<PictureBox>(editor, "pic1").hasPicture());
+    desk.row.SetImg1(1, desk.folder.filePath(u"gone.bmp"_s));
+    desk.edit([&desk](QWidget &editor, ModalScript &script) {
+        const auto &picture = control<PictureBox>(editor, "pic1");
+        QVERIFY(picture.text().contains(u"It is no longer there"_s));
+        QVERIFY(picture.toolTip().contains(u"gone.bmp"_s));
+        QCOMPARE(control<kvTextBox>(editor, "picPath1").text(), QString());
+        takePicture(editor, script);
+        QVERIFY(picture.hasPicture());
         desk.camera.color = Qt::blue;
-        script.expect(u"frmCam"_s, takePicture);
-        click(editor, "Command4");
+        takePicture(editor, script, "Command4");
     });
-    QCOMPARE(desk.row.img1(1), desk.image(u"Asha Rao_01_04_2011_10_0_00_1.bmp"_s));
+    const QString first = desk.image(u"Asha Rao_01_04_2011_10_0_00_1.bmp"_s);
+    QCOMPARE(desk.row.img1(1), first);
     QCOMPARE(desk.row.img2(1), desk.image(u"Asha Rao_01_04_2011_10_0_00_2.bmp"_s));
-    QCOMPARE(colorOf(desk.row.img1(1)), QColor(Qt::red));
+    QCOMPARE(colorOf(first), QColor(Qt::red));
     QCOMPARE(colorOf(desk.row.img2(1)), QColor(Qt::blue));
     // In the same second another one takes nobody's place.
-    desk.edit(script, [&](QWidget &editor) {
-        script.expect(u"frmCam"_s, takePicture);
-        click(editor, "Command3");
-    });
+    desk.edit([](QWidget &editor, ModalScript &script) { takePicture(editor, script); });
     QCOMPARE(desk.row.img1(1), desk.image(u"Asha Rao_01_04_2011_10_0_01_1.bmp"_s));
-    QCOMPARE(colorOf(desk.image(u"Asha Rao_01_04_2011_10_0_00_1.bmp"_s)), QColor(Qt::red));
-}
-
-void ItemPicturesTest::enterGivesTheCommands()
-{
-    PictureDesk desk;
-    ModalScript script;
-    desk.edit(script, [&](QWidget &editor) {
-        for (const auto &[command, dialog] : {std::pair("Command3", u"frmCam"_s), {"Command7", u"frmHandNote"_s},
-                 {"Command4", u"frmCam"_s}, {"Command8", u"frmSelectFile"_s}}) {
-            bool cameUp = false;
-            script.expect(dialog, [&cameUp](QWidget &) {
-                cameUp = true;
-                press(Qt::Key_Escape);
-            });
-            control<QPushButton>(editor, command).setFocus();
-            press(Qt::Key_Return);
-            QVERIFY2(cameUp, command);
-        }
-    });
-}
-
-void ItemPicturesTest::aPicturesNameFitsTheDisk_data()
-{
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("begins");
-    QTest::newRow("signs") << u"Rao/../Sons: \"50% & more\""_s << u"Rao_.._Sons: \"50% & more\"_01_04_2011_"_s;
-    QTest::newRow("place") << u"50%1 Tailors"_s << u"50%1 Tailors_01_04_2011_10_0_00_1.bmp"_s;
-    QTest::newRow("Hindi") << QString(100, QChar(0x0905)) << QString(60, QChar(0x0905)) + u"_01_04_2011_"_s;
-    QTest::newRow("pairs") << QString::fromUcs4(U"\U0001F9F5").repeated(60)
-                           << QString::fromUcs4(U"\U0001F9F5").repeated(45) + u"_01_04_2011_"_s;
+    QCOMPARE(colorOf(first), QColor(Qt::red));
 }
 
 void ItemPicturesTest::aPicturesNameFitsTheDisk()
 {
-    QFETCH(QString, title);
-    QFETCH(QString, begins);
-    PictureDesk desk;
-    QString quoted = title;
-    quoted.replace(u"'"_s, u"''"_s);
-    desk.connection.execute(u"update Accounts set Title='%1' where Id=5"_s.arg(quoted));
-    ModalScript script;
-    desk.edit(script, [&](QWidget &editor) {
-        script.expect(u"frmCam"_s, takePicture);
-        click(editor, "Command3");
-    });
-    const QStringList kept = QDir(desk.image({})).entryList(QDir::Files);
-    QCOMPARE(kept.size(), 1);
-    QVERIFY2(kept.constFirst().startsWith(begins), qPrintable(kept.constFirst()));
-    QCOMPARE(desk.row.img1(1), desk.image(kept.constFirst()));
+    const QString thread = QString::fromUcs4(U"\U0001F9F5");
+    const std::pair<QString, QString> cases[]{
+        {u"Rao/../Sons: \"50% & more\""_s, u"Rao_.._Sons: \"50% & more\"_01_04_2011_"_s},
+        {u"50%1 Tailors"_s, u"50%1 Tailors_01_04_2011_10_0_00_1.bmp"_s},
+        {QString(100, QChar(0x0905)), QString(60, QChar(0x0905)) + u"_01_04_2011_"_s},
+        {thread.repeated(60), thread.repeated(45) + u"_01_04_2011_"_s}};
+    for (const auto &[title, begins] : cases) {
+        PictureDesk desk;
+        desk.connection.execute(u"update Accounts set Title='%1' where Id=5"_s.arg(title));
+        desk.edit([](QWidget &editor, ModalScript &script) { takePicture(editor, script); });
+        const QStringList kept = QDir(desk.image({})).entryList(QDir::Files);
+        QCOMPARE(kept.size(), 1);
+        QVERIFY2(kept.constFirst().startsWith(begins), qPrintable(kept.constFirst()));
+        QCOMPARE(desk.row.img1(1), desk.image(kept.constFirst()));
+    }
 }
 
 void ItemPicturesTest::aNoteGoesOverTheFirstPicture()
@@ -189,8 +161,7 @@ void ItemPicturesTest::aNoteGoesOverTheFirstPicture()
         QTest::mouseRelease(&canvas, Qt::LeftButton, {}, canvas.rect().center());
         accessKey('o');
     };
-    ModalScript script;
-    desk.edit(script, [&](QWidget &editor) {
+    desk.edit([&draw](QWidget &editor, ModalScript &script) {
         script.expect(u"frmHandNote"_s, draw);
         click(editor, "Command7");
         QVERIFY(control<PictureBox>(editor, "pic1").hasPicture());
@@ -201,7 +172,7 @@ void ItemPicturesTest::aNoteGoesOverTheFirstPicture()
     // A picture of the camera is drawn on, under its own path.
     QVERIFY(pictureFile::read(path).picture.copy(0, 0, 31, 31).save(path, "BMP"));
     const QByteArray before = contentOf(path);
-    desk.edit(script, [&](QWidget &editor) {
+    desk.edit([&draw](QWidget &editor, ModalScript &script) {
         script.expect(u"frmHandNote"_s, draw);
         click(editor, "Command7");
     });
@@ -220,8 +191,7 @@ void ItemPicturesTest::aPickedFileIsTakenAsItIs()
     writeContent(broken, "no picture");
     SaveSetting(setting::PickerDrive, u"/"_s);
     SaveSetting(setting::PickerFolder, desk.folder.path());
-    ModalScript script;
-    desk.edit(script, [&](QWidget &editor) {
+    desk.edit([&](QWidget &editor, ModalScript &script) {
         const auto pick = [&](const QString &name) {
             script.expect(u"frmSelectFile"_s, [name](QWidget &picker) {
                 control<QListView>(picker, "files").setFocus();
@@ -252,12 +222,12 @@ void ItemPicturesTest::whatIsCancelledChangesNothing()
     desk.row.SetImg1(1, old);
     desk.row.SetImg2(1, old);
     const QByteArray before = contentOf(old);
-    ModalScript script;
-    desk.edit(script, [&](QWidget &editor) {
-        for (const auto &[command, dialog] : {std::pair("Command3", u"frmCam"_s), {"Command4", u"frmCam"_s},
-                 {"Command7", u"frmHandNote"_s}, {"Command8", u"frmSelectFile"_s}}) {
+    desk.edit([](QWidget &editor, ModalScript &script) {
+        for (const auto &[command, dialog] : makers) {
             script.expect(dialog, [](QWidget &) { press(Qt::Key_Escape); });
-            click(editor, command);
+            control<QPushButton>(editor, command).setFocus();
+            press(Qt::Key_Return);
+            QVERIFY2(script.isDone(), command);
         }
     });
     QCOMPARE(desk.row.img1(1), old);
@@ -265,49 +235,72 @@ void ItemPicturesTest::whatIsCancelledChangesNothing()
     QCOMPARE(contentOf(old), before);
 }
 
-void ItemPicturesTest::picturesAreShownAndOpenedByKeys()
+void ItemPicturesTest::picturesAreShownOpenedAndCleared()
 {
     PictureDesk desk;
     const QString first = desk.folder.filePath(u"1.bmp"_s);
+    const QString second = desk.folder.filePath(u"2.jpg"_s);
     QVERIFY(QImage(40, 30, QImage::Format_RGB32).save(first));
+    writeContent(second, "no picture");
     desk.row.SetImg1(1, first);
+    desk.row.SetImg2(1, second);
     QStringList opened;
     shell::replaceOpener([&opened](const QString &path) { opened += path; });
-    ModalScript script;
-    desk.edit(script, [&](QWidget &) {
+    desk.edit([&](QWidget &editor, ModalScript &script) {
+        auto &picture = control<PictureBox>(editor, "pic1");
+        QVERIFY(picture.hasPicture());
+        QVERIFY(!control<PictureBox>(editor, "pic2").hasPicture());
+        QCOMPARE(control<kvTextBox>(editor, "picPath2").text(), second);
         script.expect(u"frmPreview"_s, [](QWidget &shown) {
             QCOMPARE(control<PictureBox>(shown, "picture").pixmap().size(), QSize(40, 30));
             press(Qt::Key_Escape);
         });
         press(Qt::Key_1, Qt::AltModifier);
         press(Qt::Key_1, Qt::ControlModifier);
-        // There is no second one.
-        press(Qt::Key_2, Qt::AltModifier);
+        QTest::mouseDClick(&picture, Qt::LeftButton);
         press(Qt::Key_2, Qt::ControlModifier);
+        QCOMPARE(opened, QStringList({first, first, second}));
+        click(editor, "Command6");
+        QVERIFY(!picture.hasPicture());
+        QVERIFY(!QFile::exists(first));
+        QVERIFY(QFile::exists(second));
+        // There is none to open now.
+        QTest::mouseDClick(&picture, Qt::LeftButton);
+        press(Qt::Key_1, Qt::AltModifier);
+        press(Qt::Key_1, Qt::ControlModifier);
+    });
+    QCOMPARE(desk.row.img1(1), QString());
+    QCOMPARE(desk.row.img2(1), second);
+
+    // Cleaning takes the files at once, whatever becomes of the row, and brings the master's fields back.
+    QVERIFY(QImage(40, 30, QImage::Format_RGB32).save(first));
+    desk.row.SetImg1(1, first);
+    bool cancelled = false;
+    {
+        ModalScript script;
+        script.expect(u"frmAddItem"_s, [](QWidget &editor) {
+            click(editor, "Command2");
+            QCOMPARE(control<kvTextBoxMultiLine>(editor, "txtClientRemark").Text(), QString());
+            QCOMPARE(control<kvTextBox>(editor, "txtValue").text(), QString());
+            press(Qt::Key_Escape);
+        });
+        frmAddItem().EditItemDetails(desk.row, 5, 1, cancelled);
+    }
+    QVERIFY(cancelled);
+    QVERIFY(!QFile::exists(first) && !QFile::exists(second));
+    QCOMPARE(desk.row.img1(1), first);
+    QVERIFY(QImage(40, 30, QImage::Format_RGB32).save(first));
+    desk.edit([&](QWidget &editor, ModalScript &script) {
+        QCOMPARE(control<kvTextBox>(editor, "picPath2").text(), QString());
         QVERIFY(QFile::remove(first));
         for (const Qt::KeyboardModifier with : {Qt::AltModifier, Qt::ControlModifier}) {
             script.expectBox(u"The picture is no longer there:\r\n"_s + first);
             press(Qt::Key_1, with);
+            press(Qt::Key_2, with);
         }
     });
     shell::replaceOpener({});
-    QCOMPARE(opened, QStringList{first});
-}
-
-void ItemPicturesTest::aPictureThatIsGoneSaysSo()
-{
-    PictureDesk desk;
-    desk.row.SetImg1(1, desk.folder.filePath(u"gone.bmp"_s));
-    ModalScript script;
-    desk.edit(script, [&](QWidget &editor) {
-        const auto &picture = control<PictureBox>(editor, "pic1");
-        QVERIFY(picture.text().contains(u"It is no longer there"_s));
-        QVERIFY(picture.toolTip().contains(u"gone.bmp"_s));
-        QCOMPARE(control<kvTextBox>(editor, "picPath1").text(), QString());
-        script.expect(u"frmCam"_s, takePicture);
-        click(editor, "Command3");
-        QVERIFY(picture.hasPicture());
-    });
+    QCOMPARE(opened.size(), 3);
 }
 
 CORVANE_TEST(ItemPicturesTest)

@@ -1,5 +1,6 @@
 #include "OrderDesk.h"
 #include "jobcards/frmAddItem.h"
+#include "jobcards/frmEditJOB.h"
 #include "masters/MasterList.h"
 #include "masters/frmEditAccount.h"
 #include "masters/frmEditClients.h"
@@ -9,10 +10,6 @@
 #include "production/frmDDP.h"
 #include "production/frmEditWorkerAssign.h"
 #include "store/lookups.h"
-#include "support/screenDriver.h"
-#include "support/testRegistry.h"
-
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +18,6 @@ class LongNamesTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void noScreenIsWidenedByANameThatItShows_data();
     void noScreenIsWidenedByANameThatItShows();
 };
 
@@ -29,29 +25,19 @@ namespace {
 
 constexpr int client = 5;
 constexpr int worker = 6;
-constexpr int assignedRow = 2;
 
-using Opener = void (*)(ModalScript &script, const ModalScript::Action &look);
+struct Shown {
+    const char *screen;
+    void (*open)();
+};
 
 template <typename List>
-void showList(ModalScript &script, const ModalScript::Action &look)
+void exec()
 {
-    List list;
-    script.expect(QString::fromLatin1(List::staticMetaObject.className()), look);
-    list.exec();
+    List().exec();
 }
 
-template <typename Editor, int ID>
-void edit(ModalScript &script, const ModalScript::Action &look)
-{
-    script.expect(QString::fromLatin1(Editor::staticMetaObject.className()), look);
-    if constexpr (std::is_same_v<Editor, frmEditAccount>)
-        Editor().ShowEdit(ID);
-    else
-        Editor().Edit(ID);
-}
-
-void editRow(ModalScript &script, const ModalScript::Action &look)
+void editRow()
 {
     clsJobCardData rows;
     JobCardRow row = OrderDesk::row();
@@ -59,74 +45,59 @@ void editRow(ModalScript &script, const ModalScript::Action &look)
     row.ItemDetails = row.ItemName + u"\r\nWaist"_s;
     rows.AddNewRow(row);
     bool cancelled = false;
-    script.expect(u"frmAddItem"_s, look);
     frmAddItem().EditItemDetails(rows, client, 1, cancelled);
 }
 
-void assign(ModalScript &script, const ModalScript::Action &look)
+void editCard()
 {
-    script.expect(u"frmEditWorkerAssign"_s, look);
-    frmEditWorkerAssign().ShowEdit(assignedRow);
+    bool deleted = false;
+    frmEditJOB().ShowEdit(1, deleted);
 }
 
-void editCard(ModalScript &script, const ModalScript::Action &look)
+const Shown screens[]{{"frmClients", exec<frmClients>}, {"frmWorkers", exec<frmWorkers>}, {"frmItems", exec<frmItems>},
+    {"frmAccountsList", exec<frmAccountsList>}, {"frmEditClients", [] { frmEditClients().Edit(client); }},
+    {"frmEditWorker", [] { frmEditWorker().Edit(worker); }}, {"frmEditItem", [] { frmEditItem().Edit(1); }},
+    {"frmEditAccount", [] { frmEditAccount().ShowEdit(1); }}, {"frmSearchClient", exec<frmSearchClient>},
+    {"frmDDP", exec<frmDDP>}, {"frmAddItem", editRow}, {"frmEditJOB", editCard},
+    {"frmEditWorkerAssign", [] { frmEditWorkerAssign().ShowEdit(2); }}};
+
+/// The least size of a screen, and the one it asks for.
+std::pair<QSize, QSize> sizes(const Shown &shown)
 {
-    onCard(script, 1, look);
+    std::pair<QSize, QSize> sizes;
+    ModalScript script;
+    script.expect(QString::fromLatin1(shown.screen), [&sizes](QWidget &screen) {
+        sizes = {screen.minimumSizeHint(), screen.sizeHint()};
+        QVERIFY(screen.width() <= screen.screen()->availableGeometry().width());
+        driver::press(Qt::Key_Escape);
+    });
+    shown.open();
+    return sizes;
 }
 
 } // namespace
 
-void LongNamesTest::noScreenIsWidenedByANameThatItShows_data()
-{
-    QTest::addColumn<Opener>("open");
-    QTest::newRow("clients") << Opener(showList<frmClients>);
-    QTest::newRow("workers") << Opener(showList<frmWorkers>);
-    QTest::newRow("items") << Opener(showList<frmItems>);
-    QTest::newRow("accounts") << Opener(showList<frmAccountsList>);
-    QTest::newRow("client") << Opener(edit<frmEditClients, client>);
-    QTest::newRow("worker") << Opener(edit<frmEditWorker, worker>);
-    QTest::newRow("item") << Opener(edit<frmEditItem, 1>);
-    QTest::newRow("account") << Opener(edit<frmEditAccount, 1>);
-    QTest::newRow("search") << Opener(showList<frmSearchClient>);
-    QTest::newRow("forecast") << Opener(showList<frmDDP>);
-    QTest::newRow("row") << Opener(editRow);
-    QTest::newRow("card") << Opener(editCard);
-    QTest::newRow("assignment") << Opener(assign);
-}
-
 void LongNamesTest::noScreenIsWidenedByANameThatItShows()
 {
-    QFETCH(const Opener, open);
-    OrderDesk desk;
-    desk.addAccount(u"Mohan"_s, {}, 1);
-    desk.book(u"1"_s);
-    desk.addJobRow({.client = client, .worker = worker});
-    QSize least;
-    QSize wanted;
-    const auto look = [&](QWidget &screen) {
-        least = screen.minimumSizeHint();
-        wanted = screen.sizeHint();
-        QVERIFY(screen.width() <= screen.screen()->availableGeometry().width());
-        if (screen.objectName() != u"frmEditJOB"_s)
-            driver::press(Qt::Key_Escape);
-    };
-    ModalScript script;
-    open(script, look);
-    QVERIFY(wanted.width() > 0);
-    const QSize leastBefore = least;
-    const QSize wantedBefore = wanted;
-
-    const QString name = QString(140, u'W');
-    for (const QString &change :
-        {u"Update Accounts set Title='%1'"_s, u"Update Items set NAME='%1'"_s, u"Update Accounts set Address='%1'"_s})
-        desk.connection.execute(change.arg(name));
-    QCOMPARE(GetAccountTitle(client), name);
-    open(script, look);
-    // A measurement's caption has some room to grow.
-    QVERIFY(least.width() < leastBefore.width() * 5 / 4);
-    QVERIFY(wanted.width() < wantedBefore.width() * 5 / 4);
-    QCOMPARE(least.height(), leastBefore.height());
-    QCOMPARE(wanted.height(), wantedBefore.height());
+    const QString name(140, u'W');
+    for (const Shown &shown : screens) {
+        OrderDesk desk;
+        desk.addAccount(u"Mohan"_s, {}, 1);
+        desk.book(u"1"_s);
+        desk.addJobRow({.client = client, .worker = worker});
+        const auto [leastBefore, wantedBefore] = sizes(shown);
+        QVERIFY(wantedBefore.width() > 0);
+        for (const QString &change : {u"Update Accounts set Title='%1'"_s, u"Update Items set NAME='%1'"_s,
+                 u"Update Accounts set Address='%1'"_s})
+            desk.connection.execute(change.arg(name));
+        QCOMPARE(GetAccountTitle(client), name);
+        const auto [least, wanted] = sizes(shown);
+        // A measurement's caption has some room to grow.
+        QVERIFY2(least.width() < leastBefore.width() * 5 / 4, shown.screen);
+        QVERIFY2(wanted.width() < wantedBefore.width() * 5 / 4, shown.screen);
+        QCOMPARE(least.height(), leastBefore.height());
+        QCOMPARE(wanted.height(), wantedBefore.height());
+    }
 }
 
 CORVANE_TEST(LongNamesTest)

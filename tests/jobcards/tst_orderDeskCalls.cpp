@@ -1,18 +1,13 @@
 #include "jobcards/frmEditJOB.h"
 
 #include "OrderDesk.h"
-#include "store/DataEnvironment.h"
-#include "store/lookups.h"
 #include "store/settings.h"
 #include "support/PseudoTerminal.h"
-#include "support/screenDriver.h"
-#include "support/testRegistry.h"
 #include "ui/ListView.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
 
 #include <QLabel>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;
@@ -28,10 +23,8 @@ private slots:
     void quickFindBringsTheClient();
     void aNewClientIsAddedOnTheSpot();
     void theForecastOpensAndChangesNothing();
-    void theClientIsOfferedAMessage_data();
     void theClientIsOfferedAMessage();
     void theMessageTellsNumberAndBalance();
-    void aNewCardIsPrintedBeforeTheOffer();
 };
 
 namespace {
@@ -49,12 +42,8 @@ void OrderDeskCallsTest::quickFindBringsTheClient()
 {
     OrderDesk desk;
     desk.addAccount(u"Ravi Jain"_s);
-    ModalScript script;
-    onCard(script, 0, [&script](QWidget &screen) {
-        script.expect(u"frmSearchClient"_s, [](QWidget &) {
-            type(u"jain"_s);
-            press(Qt::Key_Return);
-        });
+    onCard(0, [](QWidget &screen, ModalScript &script) {
+        script.expect(u"frmSearchClient"_s, [](QWidget &) { type(u"jain\r"_s); });
         accessKey('q');
         QCOMPARE(client(screen), u"Ravi Jain"_s);
         QCOMPARE(focused(), u"cmbClient"_s);
@@ -73,8 +62,7 @@ void OrderDeskCallsTest::quickFindBringsTheClient()
 void OrderDeskCallsTest::aNewClientIsAddedOnTheSpot()
 {
     OrderDesk desk;
-    ModalScript script;
-    onCard(script, 0, [&script](QWidget &screen) {
+    onCard(0, [](QWidget &screen, ModalScript &script) {
         const auto addClient = [&script](const QString &name) {
             script.expect(u"frmEditClients"_s, [name](QWidget &) {
                 type(name);
@@ -93,10 +81,8 @@ void OrderDeskCallsTest::aNewClientIsAddedOnTheSpot()
         QCOMPARE(client(screen), u"Meera O'Brien"_s);
         QVERIFY(driver::entries(control<kvComboBox>(screen, "cmbClient")).contains(u"Meera O'Brien"_s));
         QCOMPARE(focused(), u"cmbClient"_s);
-        expectItem(script, u"co"_s, u"1"_s);
-        accessKey('a');
-        script.expectMessage(u"New Job Created."_s);
-        accessKey('s');
+        addItem(script);
+        tells(script, 's', u"New Job Created."_s);
 
         // Nothing saved: the name saved before stands again.
         control<kvComboBox>(screen, "cmbClient").setFocus();
@@ -114,61 +100,48 @@ void OrderDeskCallsTest::theForecastOpensAndChangesNothing()
     OrderDesk desk;
     desk.book(u"1"_s);
     desk.connection.execute(u"update Items set ProdcutionCap=1"_s);
-    ModalScript script;
-    onCard(script, 1, [&script](QWidget &screen) {
+    onCard(1, [](QWidget &screen, ModalScript &script) {
         script.expect(u"frmDDP"_s, [](QWidget &forecast) {
-            QCOMPARE(forecast.windowTitle(), u"Pending Orders Status"_s);
             const QStringList coat = driver::rows(control<ListView>(forecast, "lvSummary")).value(0);
             QCOMPARE(coat.join(u'|'), u"Coat|1|1|1|1 Days|12-Apr-2011"_s);
             press(Qt::Key_Escape);
         });
         QTest::mouseClick(&control<QWidget>(screen, "Command11"), Qt::LeftButton);
-        QVERIFY(script.isDone());
     });
-}
-
-void OrderDeskCallsTest::theClientIsOfferedAMessage_data()
-{
-    QTest::addColumn<QString>("wanted");
-    QTest::addColumn<QString>("mobile");
-    QTest::addColumn<QString>("port");
-    QTest::addColumn<Qt::Key>("answer");
-    QTest::addColumn<QString>("told");
-    const QString noNumber = u"Mobile Number Not Found!\r\nSMS Sending has been Failed."_s;
-    QTest::newRow("not wanted") << u"No"_s << u"98290"_s << u"3"_s << Qt::Key_unknown << QString();
-    QTest::newRow("declined") << u"Yes"_s << u"98290"_s << u"3"_s << Qt::Key_Escape << QString();
-    QTest::newRow("no number") << u"Yes"_s << u""_s << u""_s << Qt::Key_Return << noNumber;
-    QTest::newRow("no port") << u"Yes"_s << u"98290"_s << u""_s << Qt::Key_Return
-                             << u"Modem Com Port Error!\r\nSMS Sending has been Failed."_s;
-    // Anything but "No" makes the offer.
-    QTest::newRow("sent") << u"no"_s << u"98290"_s << u"3"_s << Qt::Key_Return << QString();
 }
 
 void OrderDeskCallsTest::theClientIsOfferedAMessage()
 {
-    QFETCH(QString, wanted);
-    QFETCH(QString, mobile);
-    QFETCH(QString, port);
-    QFETCH(Qt::Key, answer);
-    QFETCH(QString, told);
-    OrderDesk desk;
-    desk.book(u"1"_s);
-    SaveSetting(setting::SendJobNumber, wanted);
-    SaveSetting(setting::ModemPort, port);
-    desk.connection.execute(u"update Accounts set Mobile='%1' where id=5"_s.arg(mobile));
-    const PseudoTerminal modem;
-    ModalScript script;
-    onCard(script, 1, [&](QWidget &) {
-        script.expectMessage(u"Job Edited."_s);
-        if (answer != Qt::Key_unknown)
-            script.expectMessage(offer, answer);
-        if (!told.isEmpty())
-            script.expectMessage(told);
-        accessKey('s');
-        QVERIFY(script.isDone());
-    });
-    const bool sent = answer == Qt::Key_Return && told.isEmpty();
-    QCOMPARE(modem.received().contains("98290"), sent);
+    const QString failed = u"\r\nSMS Sending has been Failed."_s;
+    const struct {
+        QString wanted;
+        QString mobile;
+        QString port;
+        Qt::Key answer;
+        QString told;
+    } cases[]{{u"No"_s, u"98290"_s, u"3"_s, Qt::Key_unknown, {}}, {u"Yes"_s, u"98290"_s, u"3"_s, Qt::Key_Escape, {}},
+        {u"Yes"_s, {}, {}, Qt::Key_Return, u"Mobile Number Not Found!"_s + failed},
+        {u"Yes"_s, u"98290"_s, {}, Qt::Key_Return, u"Modem Com Port Error!"_s + failed},
+        // Anything but "No" makes the offer.
+        {u"no"_s, u"98290"_s, u"3"_s, Qt::Key_Return, {}}};
+    for (const auto &entry : cases) {
+        OrderDesk desk;
+        desk.book(u"1"_s);
+        SaveSetting(setting::SendJobNumber, entry.wanted);
+        SaveSetting(setting::ModemPort, entry.port);
+        desk.connection.execute(u"update Accounts set Mobile='%1' where id=5"_s.arg(entry.mobile));
+        const PseudoTerminal modem;
+        onCard(1, [&entry](QWidget &, ModalScript &script) {
+            script.expectMessage(u"Job Edited."_s);
+            if (entry.answer != Qt::Key_unknown)
+                script.expectMessage(offer, entry.answer);
+            if (!entry.told.isEmpty())
+                script.expectMessage(entry.told);
+            accessKey('s');
+            QVERIFY(script.isDone());
+        });
+        QCOMPARE(modem.received().contains("98290"), entry.answer == Qt::Key_Return && entry.told.isEmpty());
+    }
 }
 
 void OrderDeskCallsTest::theMessageTellsNumberAndBalance()
@@ -178,39 +151,21 @@ void OrderDeskCallsTest::theMessageTellsNumberAndBalance()
     SaveSetting(setting::ModemPort, u"1"_s);
     SaveSetting(setting::BookedSms, u"%eid%: %amount%"_s);
     SaveSetting(setting::SmsTitle, u"Kovrel"_s);
+    SaveSetting(setting::PrintAfterSave, u"1"_s);
     desk.connection.execute(u"update Accounts set Mobile='098290 12345' where id=5"_s);
     const PseudoTerminal modem;
-    ModalScript script;
-    onCard(script, 0, [&](QWidget &screen) {
+    onCard(0, [](QWidget &screen, ModalScript &script) {
         control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
-        expectItem(script, u"co"_s, u"2"_s);
-        accessKey('a');
+        addItem(script, u"co"_s, 2);
         control<kvTextBox>(screen, "txtAmountPaid").setFocus();
-        type(u"100.5"_s);
-        press(Qt::Key_Return);
-        type(u"cash"_s);
-        script.expectMessage(u"New Job Created."_s).expectMessage(offer);
+        type(u"100.5\rcash"_s);
+        // The card is printed before the offer.
+        script.expectMessage(u"New Job Created."_s);
+        script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        script.expectMessage(offer);
         accessKey('s');
     });
     QCOMPARE(modem.received(), QByteArray("AT+CMGF=1\rAT+CMGS=\"9829012345\"\r1: 699.5\rKovrel\x1a"));
-}
-
-void OrderDeskCallsTest::aNewCardIsPrintedBeforeTheOffer()
-{
-    OrderDesk desk;
-    SaveSetting(setting::SendJobNumber, u"Yes"_s);
-    SaveSetting(setting::PrintAfterSave, u"1"_s);
-    ModalScript script;
-    onCard(script, 0, [&](QWidget &screen) {
-        control<kvComboBox>(screen, "cmbClient").setText(u"Asha Rao"_s);
-        expectItem(script, u"co"_s, u"1"_s);
-        accessKey('a');
-        script.expectMessage(u"New Job Created."_s);
-        script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
-        script.expectMessage(offer, Qt::Key_Escape);
-        accessKey('s');
-        QVERIFY(script.isDone());
-    });
 }
 
 CORVANE_TEST(OrderDeskCallsTest)

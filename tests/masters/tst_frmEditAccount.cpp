@@ -1,16 +1,12 @@
 #include "masters/frmEditAccount.h"
 
 #include "MasterDesk.h"
-#include "support/screenDriver.h"
-#include "support/testRegistry.h"
 #include "ui/kvComboBox.h"
 #include "ui/kvTextBox.h"
 
 #include <QLabel>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
-using driver::accessKey;
 using driver::control;
 using driver::press;
 using driver::type;
@@ -22,7 +18,6 @@ class EditAccountTest : public QObject {
 private slots:
     void aNewAccountStaysOpenForChanges();
     void theTypeMustBeChosen();
-    void defaultAccountsStayAsTheyAre_data();
     void defaultAccountsStayAsTheyAre();
     void aChangeIsMeasuredByTheTitleOfTheOpening();
 };
@@ -31,11 +26,9 @@ namespace {
 
 const QString columns = u"Select Title, Type, Nature, readonly from Accounts where id="_s;
 
-void tells(ModalScript &script, char command, const QString &message)
+const Master &account()
 {
-    script.expectMessage(message);
-    accessKey(command);
-    QVERIFY(script.isDone());
+    return masters()[Account];
 }
 
 QString heading(const QWidget &editor)
@@ -48,23 +41,20 @@ QString heading(const QWidget &editor)
 void EditAccountTest::aNewAccountStaysOpenForChanges()
 {
     MasterDesk desk;
-    inScreen(u"frmEditAccount"_s, masters()[Account].add, [&desk](QWidget &editor, ModalScript &script) {
-        QCOMPARE(heading(editor), u"Add New Account"_s);
+    account().inNew([&desk](QWidget &editor, ModalScript &script) {
+        QCOMPARE(heading(editor), account().adding);
         // There is nothing to delete yet.
-        accessKey('d');
-        type(u"tea"_s);
-        press(Qt::Key_Return);
-        type(u"e"_s);
-        press(Qt::Key_Return);
-        tells(script, 's', u"New Account created."_s);
+        driver::accessKey('d');
+        type(u"tea\r"_s);
+        type(u"e\r"_s);
+        tells(script, 's', account().added);
         QCOMPARE(desk.lines(columns + u'8'), QStringList{u"Tea|2|1|0"_s});
-        QCOMPARE(heading(editor), u"Edit Account"_s);
+        QCOMPARE(heading(editor), account().editing);
         control<kvTextBox>(editor, "txtName").setText(u"TEA"_s);
         control<kvComboBox>(editor, "cmbType").setText(u"Income"_s);
-        tells(script, 's', u"Account information edited."_s);
+        tells(script, 's', account().changed);
         QCOMPARE(desk.lines(columns + u'8'), QStringList{u"TEA|2|0|0"_s});
-        script.expectMessage(u"Are you sure?"_s, Qt::Key_Y).expectMessage(u"Deleted."_s);
-        accessKey('d');
+        deleteIt(script);
     });
     QCOMPARE(desk.lines(columns + u'8'), QStringList());
 }
@@ -72,80 +62,64 @@ void EditAccountTest::aNewAccountStaysOpenForChanges()
 void EditAccountTest::theTypeMustBeChosen()
 {
     MasterDesk desk;
-    inScreen(u"frmEditAccount"_s, masters()[Account].add, [](QWidget &editor, ModalScript &script) {
+    account().inNew([](QWidget &editor, ModalScript &script) {
         auto &kind = control<kvComboBox>(editor, "cmbType");
-        QCOMPARE(driver::entries(kind), QStringList({u"Income"_s, u"Expenses"_s}));
         // A taken title comes up only after it.
         type(u"cash"_s);
         for (int i = 0; i < 2; ++i) {
             tells(script, 's', u"Please select account type"_s);
             QVERIFY(isEntered(kind));
             // Half an entry is none.
-            type(u"i"_s);
-            press(Qt::Key_Backspace);
+            type(u"i\b"_s);
         }
         press(Qt::Key_Backspace);
-        type(u"i"_s);
-        press(Qt::Key_Return);
+        type(u"i\r"_s);
         tells(script, 's', u"Duplicate!"_s);
         QVERIFY(isEntered(control<kvTextBox>(editor, "txtName")));
-        press(Qt::Key_Escape);
     });
     QCOMPARE(desk.count(u"Accounts"_s), 7);
 }
 
-void EditAccountTest::defaultAccountsStayAsTheyAre_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<QString>("row");
-    QTest::newRow("Wages") << 1 << u"Wages|2|1|1"_s;
-    QTest::newRow("Sales") << 2 << u"Sales|2|0|1"_s;
-    QTest::newRow("Purchase") << 3 << u"Purchase|2|1|1"_s;
-    QTest::newRow("Cash") << 4 << u"Cash|2|0|1"_s;
-}
-
 void EditAccountTest::defaultAccountsStayAsTheyAre()
 {
-    QFETCH(int, id);
-    QFETCH(QString, row);
+    const QStringList rows{u"Wages|2|1|1"_s, u"Sales|2|0|1"_s, u"Purchase|2|1|1"_s, u"Cash|2|0|1"_s};
     MasterDesk desk;
-    inScreen(
-        u"frmEditAccount"_s, [id] { frmEditAccount().ShowEdit(id); },
-        [&row](QWidget &editor, ModalScript &script) {
-            QCOMPARE(heading(editor), u"Edit Account"_s);
-            auto &name = control<kvTextBox>(editor, "txtName");
-            auto &kind = control<kvComboBox>(editor, "cmbType");
-            QCOMPARE(name.text(), row.section(u'|', 0, 0));
-            QCOMPARE(QString::number(kind.currentIndex()), row.section(u'|', 2, 2));
-            kind.setCurrentIndex(1 - kind.currentIndex());
-            tells(script, 's', u"Cant't Rename!"_s);
-            // Before it is looked whether the title is free, and after it is looked whether there is one.
-            name.setText(u"Rent"_s);
-            tells(script, 's', u"Cant't Rename!"_s);
-            name.setText({});
-            tells(script, 's', u"Please enter account title!"_s);
-            tells(script, 'd', u"Cant't Delete!"_s);
-            press(Qt::Key_Escape);
-        });
-    QCOMPARE(desk.lines(columns + QString::number(id)), QStringList{row});
+    for (int id = 1; id <= 4; ++id) {
+        const QString &row = rows.at(id - 1);
+        inScreen(
+            account().editor, [id] { account().edit(id); },
+            [&row](QWidget &editor, ModalScript &script) {
+                QCOMPARE(heading(editor), account().editing);
+                auto &name = control<kvTextBox>(editor, "txtName");
+                auto &kind = control<kvComboBox>(editor, "cmbType");
+                QCOMPARE(name.text(), row.section(u'|', 0, 0));
+                QCOMPARE(QString::number(kind.currentIndex()), row.section(u'|', 2, 2));
+                kind.setCurrentIndex(1 - kind.currentIndex());
+                tells(script, 's', u"Cant't Rename!"_s);
+                // Before it is looked whether the title is free, and after it is looked whether there is one.
+                name.setText(u"Rent"_s);
+                tells(script, 's', u"Cant't Rename!"_s);
+                name.setText({});
+                tells(script, 's', account().missing);
+                tells(script, 'd', u"Cant't Delete!"_s);
+            });
+        QCOMPARE(desk.lines(columns + QString::number(id)), QStringList{row});
+    }
 }
 
 void EditAccountTest::aChangeIsMeasuredByTheTitleOfTheOpening()
 {
     MasterDesk desk;
-    const auto inRent = [](const QString &title, const QStringList &messages) {
-        inScreen(
-            u"frmEditAccount"_s, [] { frmEditAccount().ShowEdit(7); },
-            [&](QWidget &editor, ModalScript &script) {
-                control<kvTextBox>(editor, "txtName").setText(title);
-                for (const QString &message : messages)
-                    tells(script, 's', message);
-                press(Qt::Key_Escape);
-            });
+    const auto rename = [](const QString &title, const QStringList &messages) {
+        account().inEdit([&](QWidget &editor, ModalScript &script) {
+            control<kvTextBox>(editor, "txtName").setText(title);
+            for (const QString &message : messages)
+                tells(script, 's', message);
+        });
     };
     // Renamed, it is known by its old title until it is opened anew.
-    inRent(u"Shop Rent"_s, {u"Account information edited."_s, u"Duplicate!"_s});
-    inRent(u"shop rent"_s, {u"Account information edited."_s, u"Account information edited."_s});
+    rename(u"Shop Rent"_s, {account().changed, u"Duplicate!"_s});
+    rename(u"shop rent"_s, {account().changed, account().changed});
     QCOMPARE(desk.lines(columns + u'7'), QStringList{u"shop rent|2|0|0"_s});
 }
 

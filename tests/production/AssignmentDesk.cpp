@@ -2,9 +2,6 @@
 
 #include "base/session.h"
 #include "production/frmEditWorkerAssign.h"
-#include "support/screenDriver.h"
-
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -32,12 +29,12 @@ QString AssignmentDesk::stored(const QString &columns, int row)
     return lines(u"Select %1 from Jobs_Detail where id=%2"_s.arg(columns).arg(row)).value(0);
 }
 
-void onGarment(ModalScript &script, const ModalScript::Action &work, int row)
+void onGarment(const std::function<void(QWidget &, ModalScript &)> &work)
 {
-    script.expect(u"frmEditWorkerAssign"_s, [&work](QWidget &screen) {
-        work(screen);
+    ModalScript script;
+    script.expect(u"frmEditWorkerAssign"_s, [&](QWidget &screen) {
+        work(screen, script);
         driver::press(Qt::Key_Escape);
     });
-    frmEditWorkerAssign().ShowEdit(row);
-    QVERIFY(script.isDone());
+    frmEditWorkerAssign().ShowEdit(1);
 }

@@ -2,6 +2,8 @@
 
 #include "support/ModalScript.h"
 #include "support/TestShop.h"
+#include "support/screenDriver.h"
+#include "support/testRegistry.h"
 
 /// A workshop on 11-Apr-2011, with the client Asha Rao (account 5), the workers Mohan (6), Mohini (7) and Sita (8), and
 /// on job card 321 one coat, its second row, with the number 1.
@@ -14,5 +16,6 @@ struct AssignmentDesk : TestShop {
     [[nodiscard]] QString stored(const QString &columns, int row = 1);
 };
 
-/// Opens the assignment of a row and does `work` on the screen; it is closed with Escape afterwards.
-void onGarment(ModalScript &script, const ModalScript::Action &work, int row = 1);
+/// Opens the assignment of the coat and does `work` on the screen, with messages expected on the script; it is closed
+/// with Escape afterwards.
+void onGarment(const std::function<void(QWidget &, ModalScript &)> &work);

@@ -1,7 +1,6 @@
 #include "production/frmDDP.h"
 
 #include "base/session.h"
-#include "store/DataEnvironment.h"
 #include "support/TestShop.h"
 #include "support/expectFault.h"
 #include "support/screenDriver.h"
@@ -18,11 +17,8 @@ class PendingOrdersTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void waitingIsRoundedToTheEvenDay_data();
     void waitingIsRoundedToTheEvenDay();
     void onlyOpenRowsCount();
-    void itemsWithoutACapacityAreLeftOut();
-    void whatWaitsIsRoundedAsAWhole();
     void aWaitBeyondAllDaysFails();
 };
 
@@ -57,27 +53,29 @@ struct Workshop : TestShop {
 
 } // namespace
 
-void PendingOrdersTest::waitingIsRoundedToTheEvenDay_data()
-{
-    QTest::addColumn<int>("pending");
-    QTest::addColumn<int>("capacity");
-    QTest::addColumn<QString>("line");
-    QTest::newRow("nothing") << 0 << 2 << u"Coat|2|0|0|0 Days|11-Apr-2011"_s;
-    QTest::newRow("less than half a day") << 1 << 10 << u"Coat|10|1|0|0 Days|11-Apr-2011"_s;
-    QTest::newRow("half a day") << 1 << 2 << u"Coat|2|1|0|0 Days|11-Apr-2011"_s;
-    QTest::newRow("two and a half") << 5 << 2 << u"Coat|2|5|0|2 Days|13-Apr-2011"_s;
-    QTest::newRow("three and a half") << 7 << 2 << u"Coat|2|7|0|4 Days|15-Apr-2011"_s;
-    QTest::newRow("into the next year") << 300 << 1 << u"Coat|1|300|0|300 Days|05-Feb-2012"_s;
-}
-
 void PendingOrdersTest::waitingIsRoundedToTheEvenDay()
 {
-    QFETCH(int, pending);
-    QFETCH(int, capacity);
-    QFETCH(QString, line);
     Workshop shop;
-    shop.plan(2, capacity, pending);
-    QCOMPARE(Workshop::shown(), QStringList{line});
+    // Items without a capacity are left out.
+    shop.plan(1, 0, 9);
+    QCOMPARE(Workshop::shown(), QStringList());
+    const struct {
+        int capacity;
+        int pending;
+        QString wait;
+    } cases[]{{2, 0, u"0 Days|11-Apr-2011"_s}, {10, 1, u"0 Days|11-Apr-2011"_s}, {2, 1, u"0 Days|11-Apr-2011"_s},
+        {2, 5, u"2 Days|13-Apr-2011"_s}, {2, 7, u"4 Days|15-Apr-2011"_s}, {1, 300, u"300 Days|05-Feb-2012"_s}};
+    for (const auto &entry : cases) {
+        shop.plan(2, entry.capacity, entry.pending);
+        QCOMPARE(Workshop::shown(),
+            QStringList{u"Coat|%1|%2|0|%3"_s.arg(entry.capacity).arg(entry.pending).arg(entry.wait)});
+    }
+    // What waits is rounded as a whole.
+    shop.connection.execute(u"update Items set ProdcutionCap='1', OpPendingOrders='2.5' where id=2"_s);
+    shop.addJobRow({.item = 2});
+    QCOMPARE(Workshop::shown(), QStringList{u"Coat|1|4|0|4 Days|15-Apr-2011"_s});
+    shop.connection.execute(u"Delete * from Items"_s);
+    QCOMPARE(Workshop::shown(), QStringList());
 }
 
 void PendingOrdersTest::onlyOpenRowsCount()
@@ -95,25 +93,6 @@ void PendingOrdersTest::onlyOpenRowsCount()
     QCOMPARE(frmDDP::GetPendingOrders(1), 3);
     QCOMPARE(frmDDP::GetOrdersToday(1, {2011, 4, 11}), 1);
     QCOMPARE(frmDDP::GetOrdersToday(2, {2011, 4, 10}), 0);
-}
-
-void PendingOrdersTest::itemsWithoutACapacityAreLeftOut()
-{
-    Workshop shop;
-    QCOMPARE(Workshop::shown(), QStringList());
-    shop.plan(1, 0, 9);
-    shop.plan(2, 3, 0);
-    QCOMPARE(Workshop::shown().size(), 1);
-    shop.connection.execute(u"Delete * from Items"_s);
-    QCOMPARE(Workshop::shown(), QStringList());
-}
-
-void PendingOrdersTest::whatWaitsIsRoundedAsAWhole()
-{
-    Workshop shop;
-    shop.connection.execute(u"update Items set ProdcutionCap='1', OpPendingOrders='2.5' where id=2"_s);
-    shop.addJobRow({.item = 2});
-    QCOMPARE(Workshop::shown(), QStringList{u"Coat|1|4|0|4 Days|15-Apr-2011"_s});
 }
 
 void PendingOrdersTest::aWaitBeyondAllDaysFails()

@@ -8,12 +8,9 @@
 #include "store/settings.h"
 #include "support/PdfPrinter.h"
 #include "support/languageFile.h"
-#include "support/screenDriver.h"
-#include "support/testRegistry.h"
 
 #include <QFile>
 #include <QProcess>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -25,11 +22,8 @@ private slots:
     void theSlipTellsTheWorkerWhatToMake();
     void measurementsStayBesideTheirNames();
     void theLabelFitsItsPaper();
-    void theCodeNamesTheGarment_data();
     void theCodeNamesTheGarment();
-    void theSlipIsInHindiWhereTheShopWantsIt_data();
     void theSlipIsInHindiWhereTheShopWantsIt();
-    void aTableOfTranslationsThatCannotBeReadIsTold_data();
     void aTableOfTranslationsThatCannotBeReadIsTold();
 };
 
@@ -41,8 +35,7 @@ struct PrintDesk : AssignmentDesk {
     /// Prints the garment by a key of its screen, through the preview, and returns the pages' texts.
     QStringList print(Qt::Key key, Qt::KeyboardModifier modifier, const QString &toldBefore = {})
     {
-        ModalScript script;
-        onGarment(script, [&](QWidget &) {
+        onGarment([&](QWidget &, ModalScript &script) {
             if (!toldBefore.isEmpty())
                 script.expectMessage(toldBefore);
             script.expect(u"ReportPreview"_s, [&](QWidget &preview) {
@@ -116,98 +109,79 @@ void PrintAssignmentTest::theLabelFitsItsPaper()
     QVERIFY(info.readAllStandardOutput().contains("Page size:       283 x 142 pts"));
 }
 
-void PrintAssignmentTest::theCodeNamesTheGarment_data()
-{
-    QTest::addColumn<bool>("isLabel");
-    QTest::newRow("slip") << false;
-    QTest::newRow("label") << true;
-}
-
 /// The paper is looked at dot by dot where the layout has the code.
 void PrintAssignmentTest::theCodeNamesTheGarment()
 {
-    QFETCH(const bool, isLabel);
-    PrintDesk desk;
-    isLabel ? desk.label() : desk.slip();
-    constexpr int resolution = 288;
-    const QString paper = desk.folder.filePath(u"paper.pdf"_s);
-    QProcess::execute(u"pdftoppm"_s, {u"-r"_s, QString::number(resolution), u"-png"_s, u"-singlefile"_s, paper, paper});
-    const QImage page(paper + u".png"_s);
+    for (const bool isLabel : {false, true}) {
+        PrintDesk desk;
+        isLabel ? desk.label() : desk.slip();
+        constexpr int resolution = 288;
+        const QString paper = desk.folder.filePath(u"paper.pdf"_s);
+        QProcess::execute(
+            u"pdftoppm"_s, {u"-r"_s, QString::number(resolution), u"-png"_s, u"-singlefile"_s, paper, paper});
+        const QImage page(paper + u".png"_s);
 
-    Report report = isLabel ? rptLabel() : rptWorkerJobCard();
-    const int headHeight = isLabel ? 0 : report.section(u"Section2").height();
-    const QRect place = report.section(u"Section1")
-                            .control(u"code")
-                            .place.translated(report.paper().left, report.paper().top + headHeight);
-    const QImage code = qrCode(u"321/2"_s);
-    // With the quiet margin of four modules around the 21 of so short a text.
-    constexpr int modules = 29;
-    int differing = 0;
-    for (int y = 0; y < modules; ++y) {
-        for (int x = 0; x < modules; ++x) {
-            const QPointF share((x + 0.5) / modules, (y + 0.5) / modules);
+        Report report = isLabel ? rptLabel() : rptWorkerJobCard();
+        const int headHeight = isLabel ? 0 : report.section(u"Section2").height();
+        const QRect place = report.section(u"Section1")
+                                .control(u"code")
+                                .place.translated(report.paper().left, report.paper().top + headHeight);
+        const QImage code = qrCode(u"321/2"_s);
+        // With the quiet margin of four modules around the 21 of so short a text.
+        constexpr int modules = 29;
+        int differing = 0;
+        for (int i = 0; i < modules * modules; ++i) {
+            const int line = i / modules;
+            const QPointF share((i % modules + 0.5) / modules, (line + 0.5) / modules);
             const QPointF spot = QPointF(place.topLeft()) + share * place.width();
             const bool isPrinted = qGray(page.pixel((spot * resolution / 1440).toPoint())) < 128;
             const bool isGiven = qGray(code.pixel((share * code.width()).toPoint())) < 128;
             differing += isPrinted != isGiven;
         }
+        QCOMPARE(differing, 0);
     }
-    QCOMPARE(differing, 0);
-}
-
-void PrintAssignmentTest::theSlipIsInHindiWhereTheShopWantsIt_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("wanted");
-    QTest::addColumn<bool>("isHindi");
-    QTest::newRow("Hindi") << u"Hindi"_s << u"Yes"_s << true;
-    QTest::newRow("Hindi, slips in English") << u"Hindi"_s << u"No"_s << false;
-    QTest::newRow("Hindi, asked for in another way") << u"Hindi"_s << u"1"_s << false;
-    QTest::newRow("Hindi, never asked for") << u"Hindi"_s << QString() << false;
-    QTest::newRow("English") << u"English"_s << u"Yes"_s << false;
 }
 
 void PrintAssignmentTest::theSlipIsInHindiWhereTheShopWantsIt()
 {
-    QFETCH(const QString, language);
-    QFETCH(const QString, wanted);
-    QFETCH(const bool, isHindi);
+    const struct {
+        QString language;
+        QString wanted;
+        bool isHindi;
+    } cases[]{{u"Hindi"_s, {}, false}, {u"Hindi"_s, u"No"_s, false}, {u"Hindi"_s, u"1"_s, false},
+        {u"English"_s, u"Yes"_s, false}, {u"Hindi"_s, u"Yes"_s, true}};
     PrintDesk desk;
-    SaveSetting(setting::Language, language);
-    if (!wanted.isNull())
-        SaveSetting(setting::HindiSlip, wanted);
     writeLanguageFile(desk.folder.path(),
         {{u"Worker Name:"_s, u"dkjhxj"_s}, {u"Remark:"_s, u"fVIi.kh"_s}, {u"Coat"_s, u"dksV"_s},
             {u"Client Name:"_s, u" "_s}});
-    // What the table lacks or leaves empty, and what is no caption, stays.
-    compareTexts(desk.slip(),
-        {(isHindi ? u"dkjhxj"_s : u"Worker Name:"_s) + u" Mohan"_s,
-            (isHindi ? u"fVIi.kh"_s : u"Remark:"_s) + u" Grey"_s, u"Client Name: Asha Rao"_s, u"Item Name: Coat"_s});
-}
-
-void PrintAssignmentTest::aTableOfTranslationsThatCannotBeReadIsTold_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("not there") << QByteArray() << u"File not found"_s;
-    QTest::newRow("a text") << QByteArray("no database ").repeated(100)
-                            << u"The file is not a database of this program, or its password differs."_s;
+    for (const auto &entry : cases) {
+        SaveSetting(setting::Language, entry.language);
+        // At first it was never asked for.
+        if (!entry.wanted.isNull())
+            SaveSetting(setting::HindiSlip, entry.wanted);
+        // What the table lacks or leaves empty, and what is no caption, stays.
+        compareTexts(desk.slip(),
+            {entry.isHindi ? u"dkjhxj Mohan"_s : u"Worker Name: Mohan"_s,
+                entry.isHindi ? u"fVIi.kh Grey"_s : u"Remark: Grey"_s, u"Client Name: Asha Rao"_s,
+                u"Item Name: Coat"_s});
+    }
 }
 
 void PrintAssignmentTest::aTableOfTranslationsThatCannotBeReadIsTold()
 {
-    QFETCH(const QByteArray, content);
-    QFETCH(const QString, told);
     PrintDesk desk;
     SaveSetting(setting::Language, u"Hindi"_s);
     SaveSetting(setting::HindiSlip, u"Yes"_s);
     QFile file(session::programPath(u"Lang.mdb"));
-    if (!content.isEmpty()) {
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        file.close();
+    const QString other = u"The file is not a database of this program, or its password differs."_s;
+    for (const QString &told : {u"File not found"_s, other}) {
+        if (told == other) {
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(QByteArray("no database ").repeated(100));
+            file.close();
+        }
+        compareTexts(desk.slip(told + u"\r\n"_s + file.fileName()), {u"Worker Name: Mohan"_s, u"Remark: Grey wool"_s});
     }
-    compareTexts(desk.slip(told + u"\r\n"_s + file.fileName()), {u"Worker Name: Mohan"_s, u"Remark: Grey wool"_s});
 }
 
 CORVANE_TEST(PrintAssignmentTest)
