@@ -176,8 +176,7 @@ void ListTest::enterAndDoubleClickOpenARow()
     list.list().setRows({{{u"Shirt"_s}, 7}, {{u"Coat"_s}, 8}, {{u"Suit"_s}, 9}});
     QCOMPARE(list.currentRow(), -1);
     list.setCurrentRow(0);
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
+    press({Qt::Key_Down, Qt::Key_Return});
     QCOMPARE(list.currentTag().toInt(), 8);
     const QPoint place = list.visualRect(list.model()->index(2, 1)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
