@@ -134,7 +134,7 @@ void EntryFieldsTest::amountsTakeDigitsAndOnePoint()
     for (const auto &[typed, text, left, digits] : {Amount{u""_s, u""_s, u"0.00"_s, u""_s},
              {u"12.5"_s, u"12.5"_s, u"12.50"_s, u"125"_s}, {u"1.2.3"_s, u"1.23"_s, u"1.23"_s, u"123"_s},
              {u"a-1 e2 "_s, u"12"_s, u"12.00"_s, u"12"_s}, {u".5"_s, u".5"_s, u"0.50"_s, u"5"_s}}) {
-        const auto enter = [&typed](auto &field) {
+        const auto enter = [&typed = typed](auto &field) {
             field.setFocus();
             press({Qt::CTRL | Qt::Key_A, Qt::Key_Backspace});
             type(typed);
@@ -148,6 +148,11 @@ void EntryFieldsTest::amountsTakeDigitsAndOnePoint()
         QCOMPARE(enter(screen.quantity), digits);
         QCOMPARE(screen.fees.Text(), text);
     }
+    // A key that types nothing is no cause for a tip.
+    screen.fees.setFocus();
+    press(Qt::Key_Space);
+    QCoreApplication::processEvents();
+    QVERIFY(!QToolTip::isVisible());
     screen.amount.setText(u"7"_s);
     QCOMPARE(screen.amount.Text(), u"7.00"_s);
     screen.amount.setFocus();
@@ -188,7 +193,7 @@ void EntryFieldsTest::whatIsPastedIsTheNumberThatItNames()
         FieldScreen screen;
         screen.combo.setBoxType(1);
         screen.lines.setBoxType(1);
-        const auto pasteInto = [&pasted](auto &field, const QString &standing) {
+        const auto pasteInto = [&pasted = pasted](auto &field, const QString &standing) {
             field.setText(standing);
             field.setFocus();
             driver::paste(pasted);
