@@ -7,6 +7,7 @@
 #include "store/DataEnvironment.h"
 #include "store/lookups.h"
 #include "store/settings.h"
+#include "support/fileContent.h"
 #include "support/screenDriver.h"
 
 #include <QApplication>
@@ -37,15 +38,12 @@ StartFolder::~StartFolder()
 
 QByteArray StartFolder::content(const QString &name) const
 {
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return contentOf(path(name));
 }
 
 void StartFolder::write(const QString &name, const QByteArray &content) const
 {
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
+    writeContent(path(name), content);
 }
 
 void StartFolder::configure(const QString &databasePath) const

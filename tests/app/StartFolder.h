@@ -14,6 +14,7 @@ struct StartFolder {
 
     [[nodiscard]] QString path(const QString &name) const { return folder.filePath(name); }
     [[nodiscard]] QByteArray content(const QString &name) const;
+    [[nodiscard]] QString config() const { return QString::fromUtf8(content(QStringLiteral("cv.ini"))); }
     void write(const QString &name, const QByteArray &content) const;
     void configure(const QString &databasePath) const;
     /// A shop's database of that version under that name, with the account "Asha".

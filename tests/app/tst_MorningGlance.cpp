@@ -23,24 +23,20 @@ using namespace Qt::StringLiterals;
 using driver::accessKey;
 using driver::control;
 using driver::press;
+using driver::type;
 
 /// What the working day begins with.
 class GlanceTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void nothingToBeSeenToIsSaid();
     void eachLineCounts();
     void eachLineOpensItsRegister();
-    void theListOfALineIsWhatItCounted();
-    void trialsThatAreDealtWithAreNotAwaited();
     void theLastGoodBackupIsTold();
     void itIsReadOnceTheScreenIsPainted();
     void itIsReadAnewWhenItMust();
     void itIsSwitchedOffForGood();
-    void anotherShopHasItsOwnChoice();
     void aLineThatCannotBeReadSaysSo();
-    void noDateLeadsNowhere();
     void anEmptyShopSaysWhereToBegin();
 };
 
@@ -92,6 +88,17 @@ struct MainScreen : frmMain {
     {
         return QTest::qWaitFor([this] { return glance() && glance()->isVisible(); });
     }
+    /// Goes to another screen by a key, does something there, and comes back.
+    void visit(
+        char key, const QString &name, const ModalScript::Action &work = [](QWidget &) {})
+    {
+        script.expect(name, [&work](QWidget &opened) {
+            work(opened);
+            press(Qt::Key_Escape);
+        });
+        accessKey(key);
+        QVERIFY(script.isDone());
+    }
     [[nodiscard]] QString line(int number) const
     {
         const QString text = control<Command>(*this, qPrintable(names.at(number - 1))).text();
@@ -104,29 +111,33 @@ struct MainScreen : frmMain {
             all += line(number);
         return all.join(u'\n');
     }
+
+    ModalScript script;
+};
+
+struct Glance : MainScreen {
+    Glance() { QVERIFY(isShown()); }
 };
 
 } // namespace
 
-void GlanceTest::nothingToBeSeenToIsSaid()
-{
-    Shop shop;
-    session::CurrentDate = {2011, 5, 1};
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
-    QCOMPARE(screen.lines(),
-        u"No delivery is overdue\nNo delivery is due today\nNo trial today\nNo client has a birthday\n"
-        "No client owes anything\nNo good backup is known"_s);
-    QCOMPARE(control<QLabel>(*screen.glance(), "lblDay").text(), u"Morning glance, 01-May-2011"_s);
-}
-
 void GlanceTest::eachLineCounts()
 {
     Shop shop;
+    shop.addJob({.number = 1, .client = asha, .date = {2011, 5, 1}, .appeared = trial::Canceled});
+    {
+        session::CurrentDate = {2011, 5, 1};
+        const Glance screen;
+        QCOMPARE(screen.lines(),
+            u"No delivery is overdue\nNo delivery is due today\n1 trial today, none awaited\nNo client has a birthday\n"
+            "No client owes anything\nNo good backup is known"_s);
+        QCOMPARE(control<QLabel>(*screen.glance(), "lblDay").text(), u"Morning glance, 01-May-2011"_s);
+    }
+    session::CurrentDate = {2011, 5, 2};
+    QVERIFY(Glance().line(3) == u"No trial today");
+    session::CurrentDate = today;
     shop.addADay();
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
-    QCOMPARE(screen.lines(),
+    QCOMPARE(Glance().lines(),
         u"4 deliveries are overdue\n3 deliveries are due today\n3 trials today, 1 awaited\n2 clients have a birthday\n"
         "1 client owes 1,200.50\nNo good backup is known"_s);
 }
@@ -134,63 +145,35 @@ void GlanceTest::eachLineCounts()
 void GlanceTest::eachLineOpensItsRegister()
 {
     Shop shop;
-    ModalScript script;
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
-    const QStringList screens{u"frmDeliveryRegister"_s, u"frmDeliveryRegister"_s, u"frmTrailDate"_s,
-        u"frmBirthDayRimenders"_s, u"frmDueRegister"_s, u"frmSettings"_s};
-    for (int line = 0; line < screens.size(); ++line) {
-        script.expect(screens.at(line), [](QWidget &opened) {
-            if (const auto *tabs = opened.findChild<QTabWidget *>())
-                QCOMPARE(tabs->tabText(tabs->currentIndex()), u"&Backup"_s);
-            press(Qt::Key_Escape);
-        });
-        accessKey(static_cast<char>('1' + line));
-        QVERIFY(script.isDone());
-        QCOMPARE(screen.focusWidget(), &screen);
-    }
-    // By Tab and Enter too.
-    control<Command>(screen, "cmdDueToday").setFocus(Qt::TabFocusReason);
-    press(Qt::Key_Tab);
-    script.expect(u"frmTrailDate"_s, [](QWidget &) { press(Qt::Key_Escape); });
-    press(Qt::Key_Return);
-    QVERIFY(script.isDone());
-}
-
-void GlanceTest::theListOfALineIsWhatItCounted()
-{
-    Shop shop;
     shop.addADay();
-    ModalScript script;
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
-    const auto lists = [&](char key, const QString &name, int rows, QDate from = {}, QDate to = {}) {
-        script.expect(name, [=](QWidget &opened) {
+    Glance screen;
+    const auto opens = [&screen](char key, const QString &name, int rows, QDate from = {}, QDate to = {}) {
+        screen.visit(key, name, [=](QWidget &opened) {
             if (from.isValid()) {
                 QCOMPARE(control<DateField>(opened, "DateFrom").date(), from);
                 QCOMPARE(control<DateField>(opened, "DateTo").date(), to);
             }
             QCOMPARE(control<ListView>(opened, "lvSummary").list().rowCount(), rows);
-            press(Qt::Key_Escape);
         });
-        accessKey(key);
-        QVERIFY(script.isDone());
+        QCOMPARE(screen.focusWidget(), &screen);
     };
+    // The list of a line is what it counted.
     const int closingRows = 2;
-    lists('1', u"frmDeliveryRegister"_s, 4 + closingRows, {2010, 1, 1}, yesterday);
-    lists('2', u"frmDeliveryRegister"_s, 3 + closingRows, today, today);
-    lists('3', u"frmTrailDate"_s, 3, today, today);
-    lists('4', u"frmBirthDayRimenders"_s, 2);
-    lists('5', u"frmDueRegister"_s, 1);
-}
-
-void GlanceTest::trialsThatAreDealtWithAreNotAwaited()
-{
-    Shop shop;
-    shop.addJob({.number = 1, .client = asha, .date = today, .appeared = trial::Canceled});
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
-    QCOMPARE(screen.line(3), u"1 trial today, none awaited"_s);
+    opens('1', u"frmDeliveryRegister"_s, 4 + closingRows, {2010, 1, 1}, yesterday);
+    opens('2', u"frmDeliveryRegister"_s, 3 + closingRows, today, today);
+    opens('3', u"frmTrailDate"_s, 3, today, today);
+    opens('4', u"frmBirthDayRimenders"_s, 2);
+    opens('5', u"frmDueRegister"_s, 1);
+    screen.visit('6', u"frmSettings"_s, [](QWidget &opened) {
+        const auto &tabs = *opened.findChild<QTabWidget *>();
+        QCOMPARE(tabs.tabText(tabs.currentIndex()), u"&Backup"_s);
+    });
+    // By Tab and Enter too.
+    control<Command>(screen, "cmdDueToday").setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Tab);
+    screen.script.expect(u"frmTrailDate"_s, [](QWidget &) { press(Qt::Key_Escape); });
+    press(Qt::Key_Return);
+    QVERIFY(screen.script.isDone());
 }
 
 void GlanceTest::theLastGoodBackupIsTold()
@@ -198,24 +181,17 @@ void GlanceTest::theLastGoodBackupIsTold()
     Shop shop;
     const QDateTime moment(QDate(2011, 4, 1), QTime(10, 0));
     backup::noteGood(moment);
-    ModalScript script;
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
+    Glance screen;
     const auto mark = [&screen] { return control<Command>(screen, "cmdBackup").icon().pixmap(16).toImage(); };
     const QImage none = mark();
     QCOMPARE(screen.line(6), u"Last good backup on 01-Apr-2011"_s);
     // No table was written to.
-    const auto comesBackAt = [&](const QDateTime &now) {
-        machineClock::replace([now] { return now; });
-        script.expect(u"frmAbout"_s, [](QWidget &) { press(Qt::Key_Escape); });
-        accessKey('a');
-        QVERIFY(script.isDone());
-    };
-    comesBackAt(moment.addDays(8));
+    machineClock::replace([now = moment.addDays(8)] { return now; });
+    screen.visit('a', u"frmAbout"_s);
     QTRY_COMPARE(screen.line(6), u"Last good backup on 01-Apr-2011, over a week ago"_s);
     QVERIFY(mark() != none);
     backup::noteGood(moment.addDays(8));
-    comesBackAt(moment.addDays(8));
+    screen.visit('a', u"frmAbout"_s);
     QTRY_COMPARE(screen.line(6), u"Last good backup on 09-Apr-2011"_s);
     QCOMPARE(mark(), none);
 }
@@ -236,43 +212,46 @@ void GlanceTest::itIsReadAnewWhenItMust()
 {
     Shop shop;
     shop.addADay();
-    ModalScript script;
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
+    Glance screen;
     // Something is written while another screen is in front; nothing is read meanwhile.
-    script.expect(u"frmAbout"_s, [&](QWidget &) {
+    screen.visit('a', u"frmAbout"_s, [&](QWidget &) {
         shop.addPosting(babu, today, -100);
         shop.addJobRow({.job = 3, .client = babu, .date = today});
         QCoreApplication::processEvents();
         QCOMPARE(screen.line(2), u"3 deliveries are due today"_s);
-        press(Qt::Key_Escape);
     });
-    accessKey('a');
     QTRY_COMPARE(screen.line(2), u"4 deliveries are due today"_s);
     QTRY_COMPARE(screen.line(5), u"2 clients owe 1,230.50"_s);
     // Another day.
     press(Qt::Key_F2);
-    driver::type(u"11/4"_s);
+    type(u"11/4"_s);
     press(Qt::Key_Tab);
     QTRY_COMPARE(screen.lines(),
         u"8 deliveries are overdue\n3 deliveries are due today\n1 trial today, 1 awaited\nNo client has a birthday\n"
         "2 clients owe 1,235.50\nNo good backup is known"_s);
+    // No date leads nowhere.
+    press(Qt::Key_F2);
+    type(u"31/6"_s);
+    screen.script.expectMessage(u"\"31/6\" is not a date!"_s);
+    accessKey('3');
+    QVERIFY(screen.script.isDone());
+    QVERIFY(control<DateField>(screen, "TodayDate").hasFocus());
 }
 
 void GlanceTest::itIsSwitchedOffForGood()
 {
     Shop shop;
+    const auto stored = [] { return GetSetting(setting::ShowMorningGlance, u"none"_s); };
     {
-        const MainScreen screen;
-        QVERIFY(screen.isShown());
+        const Glance screen;
         control<Command>(screen, "cmdOverdue").setFocus();
         press(Qt::Key_G, Qt::ControlModifier);
         QVERIFY(!screen.glance()->isVisible());
         QCOMPARE(screen.focusWidget(), &screen);
-        QCOMPARE(GetSetting(40, u"none"_s), u"0"_s);
+        QCOMPARE(stored(), u"0"_s);
     }
     shop.addADay();
-    const MainScreen screen;
+    MainScreen screen;
     QTRY_VERIFY(screen.glance());
     QTest::qWait(50);
     QVERIFY(!screen.glance()->isVisible());
@@ -280,27 +259,18 @@ void GlanceTest::itIsSwitchedOffForGood()
     press(Qt::Key_G, Qt::ControlModifier);
     QVERIFY(screen.isShown());
     QCOMPARE(screen.line(1), u"4 deliveries are overdue"_s);
-    QCOMPARE(GetSetting(40, u"none"_s), u"1"_s);
+    QCOMPARE(stored(), u"1"_s);
     control<Command>(screen, "cmdHide").click();
     QVERIFY(!screen.glance()->isVisible());
-}
-
-void GlanceTest::anotherShopHasItsOwnChoice()
-{
-    Shop shop;
-    ModalScript script;
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
-    // As where a restore has brought it.
-    script.expect(u"frmAbout"_s, [](QWidget &) {
-        SaveSetting(40, u"0"_s);
-        press(Qt::Key_Escape);
-    });
-    accessKey('a');
-    QTRY_VERIFY(!screen.glance()->isVisible());
+    // Another shop, as a restore brings it, has its own choice.
+    for (const bool isOn : {true, false}) {
+        screen.visit(
+            'a', u"frmAbout"_s, [isOn](QWidget &) { SaveSetting(setting::ShowMorningGlance, isOn ? u"1"_s : u"0"_s); });
+        QTRY_COMPARE(screen.glance()->isVisible(), isOn);
+    }
     press(Qt::Key_G, Qt::ControlModifier);
     QVERIFY(screen.isShown());
-    QCOMPARE(GetSetting(40, u"none"_s), u"1"_s);
+    QCOMPARE(stored(), u"1"_s);
 }
 
 void GlanceTest::aLineThatCannotBeReadSaysSo()
@@ -309,43 +279,22 @@ void GlanceTest::aLineThatCannotBeReadSaysSo()
     shop.addADay();
     // More accounts than a balance has numbers for.
     shop.connection.execute(u"Insert into Accounts (Id, Title, Type) values (40000, 'Zoya', 0)"_s);
-    ModalScript script;
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
+    Glance screen;
     const auto &dues = control<Command>(screen, "cmdDues");
     QVERIFY2(screen.line(5).startsWith(u"This cannot be read: Overflow"_s), qPrintable(screen.line(5)));
     QVERIFY(dues.toolTip().contains(u"Overflow"_s));
-    script.expect(u"frmMsg"_s, [](QWidget &) { press(Qt::Key_Return); });
-    accessKey('5');
-    QVERIFY(script.isDone());
+    screen.visit('5', u"frmMsg"_s);
     QCOMPARE(screen.line(1), u"4 deliveries are overdue"_s);
     shop.connection.execute(u"Delete * from Accounts where Id=40000"_s);
-    script.expect(u"frmAbout"_s, [&](QWidget &) { press(Qt::Key_Escape); });
-    accessKey('a');
+    screen.visit('a', u"frmAbout"_s);
     QTRY_COMPARE(screen.line(5), u"1 client owes 1,200.50"_s);
     QVERIFY(dues.toolTip().isEmpty());
-}
-
-void GlanceTest::noDateLeadsNowhere()
-{
-    Shop shop;
-    ModalScript script;
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
-    press(Qt::Key_F2);
-    driver::type(u"31/6"_s);
-    script.expectMessage(u"\"31/6\" is not a date!"_s);
-    accessKey('3');
-    QVERIFY(script.isDone());
-    QVERIFY(control<DateField>(screen, "TodayDate").hasFocus());
 }
 
 void GlanceTest::anEmptyShopSaysWhereToBegin()
 {
     TestShop shop;
-    ModalScript script;
-    const MainScreen screen;
-    QVERIFY(screen.isShown());
+    Glance screen;
     const auto shown = [&screen] {
         QStringList lines;
         for (const char *name : {"cmdBeginItems", "cmdBeginClients", "cmdBeginCard", "cmdOverdue"}) {
@@ -355,20 +304,12 @@ void GlanceTest::anEmptyShopSaysWhereToBegin()
         }
         return lines.join(u' ');
     };
-    const auto leadsTo = [&](char key, const QString &name, const std::function<void()> &work) {
-        script.expect(name, [&work](QWidget &) {
-            work();
-            press(Qt::Key_Escape);
-        });
-        accessKey(key);
-        QVERIFY(script.isDone());
-    };
     QCOMPARE(shown(), u"&1 BeginItems &2 BeginClients &3 BeginCard &4 Overdue"_s);
-    leadsTo('1', u"frmItems"_s, [&shop] { shop.addItem(u"Coat"_s, u"Chest"_s, 400, 150); });
+    screen.visit('1', u"frmItems"_s, [&shop](QWidget &) { shop.addItem(u"Coat"_s, u"Chest"_s, 400, 150); });
     QTRY_COMPARE(shown(), u"&1 BeginClients &2 BeginCard &3 Overdue"_s);
-    leadsTo('1', u"frmClients"_s, [&shop] { shop.addAccount(u"Asha Rao"_s, {1980, 4, 10}); });
+    screen.visit('1', u"frmClients"_s, [&shop](QWidget &) { shop.addAccount(u"Asha Rao"_s, {1980, 4, 10}); });
     QTRY_COMPARE(shown(), u"&1 BeginCard &2 Overdue"_s);
-    leadsTo('1', u"frmEditJOB"_s, [&shop] { shop.addJob({.number = 1, .client = asha, .date = today}); });
+    screen.visit('1', u"frmEditJOB"_s, [&shop](QWidget &) { shop.addJob({.client = asha, .date = today}); });
     QTRY_COMPARE(shown(), u"&1 Overdue"_s);
 }
 

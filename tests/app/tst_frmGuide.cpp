@@ -23,7 +23,6 @@ class GuideTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void everyScreenHasItsChapter_data();
     void everyScreenHasItsChapter();
     void itIsReadAndSearchedFromTheKeyboard();
     void itIsTheWholeGuideWithoutPictures();
@@ -45,32 +44,27 @@ QString topLine(const QWidget &guide)
 
 } // namespace
 
-void GuideTest::everyScreenHasItsChapter_data()
+void GuideTest::everyScreenHasItsChapter()
 {
-    QTest::addColumn<QString>("chapter");
     // These lead on, ask or tell; the guide opens at its beginning.
     const QStringList without{u"frmMenu"_s, u"frmAbout"_s, u"frmGuide"_s, u"frmMsg"_s, u"frmSetDate"_s};
     QStringList screens = QStringLiteral(CORVANE_ALL_SCREENS).split(u' ', Qt::SkipEmptyParts);
     QVERIFY(screens.size() > 35);
     screens += guideChapters().keys();
     screens.removeDuplicates();
-    for (const QString &screen : std::as_const(screens))
-        QTest::newRow(qPrintable(screen))
-            << (without.contains(screen) ? u"Corvane at the counter"_s : guideChapters().value(screen, u"none"_s));
-}
-
-void GuideTest::everyScreenHasItsChapter()
-{
-    QFETCH(const QString, chapter);
     const TestShop shop;
-    ModalScript script;
-    script.expect(u"frmGuide"_s, [&chapter](QWidget &guide) {
-        const QScrollBar &bar = *text(guide).verticalScrollBar();
-        QCOMPARE(control<QListWidget>(guide, "chapters").currentItem()->text(), chapter);
-        QVERIFY2(topLine(guide) == chapter || bar.value() == bar.maximum(), qPrintable(topLine(guide)));
-        press(Qt::Key_Escape);
-    });
-    frmGuide().ShowFor(QString::fromLatin1(QTest::currentDataTag()));
+    for (const QString &screen : std::as_const(screens)) {
+        const QString chapter = without.contains(screen) ? u"Corvane at the counter"_s
+                                                         : guideChapters().value(screen, u"none: "_s + screen);
+        ModalScript script;
+        script.expect(u"frmGuide"_s, [&chapter](QWidget &guide) {
+            const QScrollBar &bar = *text(guide).verticalScrollBar();
+            QCOMPARE(control<QListWidget>(guide, "chapters").currentItem()->text(), chapter);
+            QVERIFY2(topLine(guide) == chapter || bar.value() == bar.maximum(), qPrintable(topLine(guide)));
+            press(Qt::Key_Escape);
+        });
+        frmGuide().ShowFor(screen);
+    }
 }
 
 void GuideTest::itIsReadAndSearchedFromTheKeyboard()
@@ -84,25 +78,23 @@ void GuideTest::itIsReadAndSearchedFromTheKeyboard()
     press(Qt::Key_F1);
     QCOMPARE(bar.value(), 0);
     // Chapter by chapter.
-    press(Qt::Key_Tab);
-    press(Qt::Key_Down);
+    press({Qt::Key_Tab, Qt::Key_Down});
     QCOMPARE(topLine(guide), u"The first start"_s);
 
-    const auto found = [&guide] { return text(guide).textCursor().selectedText(); };
+    const auto placeAfter = [&guide](QKeyCombination key) {
+        press({key});
+        return text(guide).textCursor().position();
+    };
     press(Qt::Key_F, Qt::ControlModifier);
     driver::type(u"payroll"_s);
-    QCOMPARE(found().toLower(), u"payroll"_s);
+    QCOMPARE(text(guide).textCursor().selectedText().toLower(), u"payroll"_s);
     const int first = text(guide).textCursor().position();
-    press(Qt::Key_Return);
-    const int second = text(guide).textCursor().position();
+    const int second = placeAfter(Qt::Key_Return);
     QVERIFY(second > first);
-    press(Qt::Key_Return, Qt::ShiftModifier);
-    QCOMPARE(text(guide).textCursor().position(), first);
+    QCOMPARE(placeAfter(Qt::SHIFT | Qt::Key_Return), first);
     // Round the beginning, to the last one.
-    press(Qt::Key_Up);
-    QVERIFY(text(guide).textCursor().position() >= second);
-    press(Qt::Key_Down);
-    QCOMPARE(text(guide).textCursor().position(), first);
+    QVERIFY(placeAfter(Qt::Key_Up) >= second);
+    QCOMPARE(placeAfter(Qt::Key_Down), first);
     driver::type(u"zzz"_s);
     QCOMPARE(control<QLabel>(guide, "lblFound").text(), u"Not found"_s);
     press(Qt::Key_Escape);

@@ -26,10 +26,8 @@ private slots:
     void sevenDaysAndTwelveMonthsAreKept();
     void theDayGetsItsCopyAndOldOnesGo();
     void aDamagedFileDoesNotReplaceGoodCopies();
-    void aStoppedCopyIsNone();
     void theCopierMakesOneADay();
-    void theCopierWaitsForAGroup();
-    void whatFailsIsTold();
+    void whatIsStoppedOrHalfDoneIsNotCopied();
 };
 
 namespace {
@@ -103,14 +101,6 @@ void SafetyCopyTest::aDamagedFileDoesNotReplaceGoodCopies()
     QCOMPARE(contentOf(safetyCopy::pathOf(session::DBPath, today)), good);
 }
 
-void SafetyCopyTest::aStoppedCopyIsNone()
-{
-    TestShop shop;
-    const std::atomic_bool stop = true;
-    safetyCopy::make(shop.connection.content(), session::DBPath, today, stop);
-    QCOMPARE(copies(shop), QStringList());
-}
-
 void SafetyCopyTest::theCopierMakesOneADay()
 {
     TestShop shop;
@@ -131,9 +121,12 @@ void SafetyCopyTest::theCopierMakesOneADay()
     QCOMPARE(copies(shop).size(), 2);
 }
 
-void SafetyCopyTest::theCopierWaitsForAGroup()
+void SafetyCopyTest::whatIsStoppedOrHalfDoneIsNotCopied()
 {
     TestShop shop;
+    const std::atomic_bool stop = true;
+    safetyCopy::make(shop.connection.content(), session::DBPath, today, stop);
+    QCOMPARE(copies(shop), QStringList());
     SafetyCopier copier;
     WriteGroup::run(shop.connection, [&copier] {
         SaveSetting(setting::TagLine, u"half"_s);
@@ -145,17 +138,6 @@ void SafetyCopyTest::theCopierWaitsForAGroup()
     copier.look();
     QTest::qWait(100);
     QCOMPARE(copies(shop), QStringList());
-}
-
-void SafetyCopyTest::whatFailsIsTold()
-{
-    TestShop shop;
-    writeContent(shop.folder.filePath(u"copies"_s), "a file has the name");
-    SafetyCopier copier;
-    QSignalSpy failed(&copier, &SafetyCopier::failed);
-    copier.look();
-    QVERIFY(failed.wait());
-    QCOMPARE(failed.first().first().toString(), u"The folder for the copies cannot be made."_s);
 }
 
 CORVANE_TEST(SafetyCopyTest)

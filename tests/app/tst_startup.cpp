@@ -18,6 +18,7 @@
 #include <QProcess>
 #include <QTest>
 
+#include <optional>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -28,31 +29,21 @@ class StartupTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aFirstStartOffersTheChoice_data();
     void aFirstStartOffersTheChoice();
-    void theMarkerTellsAFirstRun_data();
     void theMarkerTellsAFirstRun();
-    void theLastLineNamesTheDatabase_data();
     void theLastLineNamesTheDatabase();
-    void theConfigurationIsWrittenAnew();
     void aFolderThatCannotBeWrittenEndsTheStart();
-    void aMissingDatabaseIsMade();
     void aMissingDemoStaysIdle();
     void anotherVersionIsLeftAlone();
-    void anotherVersionInTheDefaultPlaceStaysInUse();
     void theDefaultFileIsNotReplaced();
-    void aFileThatCannotBeOpenedIsShownAndAnotherOffered_data();
     void aFileThatCannotBeOpenedIsShownAndAnotherOffered();
     void theOfferIsRepeatedUntilADatabaseIsOpen();
     void aFileThatCannotBeMadeTellsWhy();
     void aDefaultFileThatIsGoneIsTheCause();
     void anUnfinishedSaveIsTold();
     void nobodyElseMayReadWhatTheProgramMakes();
-    void theWorkingDate_data();
     void theWorkingDate();
-    void aClockThatIsWrongIsAskedAbout_data();
     void aClockThatIsWrongIsAskedAbout();
-    void anImagesFolderThatIsThereDoesNoHarm();
     void aFileIsCheckedInTheTerminal();
 };
 
@@ -84,8 +75,7 @@ void chooseDefault(QWidget &)
 
 void chooseDemo(QWidget &)
 {
-    press(Qt::Key_Tab);
-    press(Qt::Key_Space);
+    press({Qt::Key_Tab, Qt::Key_Space});
 }
 
 void closeIt(QWidget &)
@@ -95,140 +85,92 @@ void closeIt(QWidget &)
 
 } // namespace
 
-void StartupTest::aFirstStartOffersTheChoice_data()
-{
-    QTest::addColumn<ModalScript::Action>("choice");
-    QTest::addColumn<QString>("database");
-    QTest::addColumn<QString>("marker");
-    QTest::addColumn<QStringList>("content");
-    QTest::newRow("default") << ModalScript::Action(chooseDefault) << u"data15.mdb"_s << u"1"_s << newShop;
-    QTest::newRow("demo") << ModalScript::Action(chooseDemo) << u"demo.mdb"_s << u"1"_s << ashasShop;
-    QTest::newRow("none") << ModalScript::Action(closeIt) << u"data15.mdb"_s << QString() << newShop;
-}
-
 void StartupTest::aFirstStartOffersTheChoice()
 {
-    QFETCH(ModalScript::Action, choice);
-    QFETCH(QString, database);
-    QFETCH(QStringList, content);
-    StartFolder start;
-    start.addDatabase(u"demo.mdb"_s);
-    ModalScript script;
-    script.expect(u"frmSelectDB"_s, choice);
-    QVERIFY(runProgram([&](frmMain &) {
-        QCOMPARE(session::DBPath, start.path(database));
-        QCOMPARE(session::CurrentDate, QDate(2011, 4, 1));
-        QCOMPARE(accounts(), content);
-    }));
-    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(start.path(database)));
-    QVERIFY(QFileInfo(start.path(u"images"_s)).isDir());
-    QTEST(storedMarker(), "marker");
-
-    // The next start asks only who never chose.
-    if (storedMarker().isEmpty())
-        script.expect(u"frmSelectDB"_s, closeIt);
-    QVERIFY(runProgram([](frmMain &) {}));
-}
-
-void StartupTest::theMarkerTellsAFirstRun_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<bool>("first");
-    QTest::newRow("nothing") << QString() << true;
-    QTest::newRow("0") << u"0"_s << true;
-    QTest::newRow("1") << u"1"_s << false;
-    QTest::newRow("2") << u"2"_s << false;
-    QTest::newRow("-1") << u"-1"_s << false;
+    struct Choice {
+        ModalScript::Action choose;
+        QString database;
+        QString marker;
+        QStringList content;
+    };
+    for (const auto &[choose, database, marker, content] : {Choice{chooseDefault, u"data15.mdb"_s, u"1"_s, newShop},
+             {chooseDemo, u"demo.mdb"_s, u"1"_s, ashasShop}, {closeIt, u"data15.mdb"_s, {}, newShop}}) {
+        StartFolder start;
+        start.addDatabase(u"demo.mdb"_s);
+        ModalScript script;
+        script.expect(u"frmSelectDB"_s, choose);
+        QVERIFY(runProgram([&, database = database, content = content](frmMain &) {
+            QCOMPARE(session::DBPath, start.path(database));
+            QCOMPARE(session::CurrentDate, QDate(2011, 4, 1));
+            QCOMPARE(accounts(), content);
+        }));
+        QCOMPARE(start.config(), configOf(start.path(database)));
+        QVERIFY(QFileInfo(start.path(u"images"_s)).isDir());
+        QCOMPARE(storedMarker(), marker);
+        // The next start asks only who never chose.
+        if (marker.isEmpty())
+            script.expect(u"frmSelectDB"_s, closeIt);
+        QVERIFY(runProgram([](frmMain &) {}));
+    }
 }
 
 void StartupTest::theMarkerTellsAFirstRun()
 {
-    QFETCH(QString, stored);
-    StartFolder start;
-    if (!stored.isNull())
-        storeMarker(stored);
-    QTEST(IsFirstRun(), "first");
-    endFirstRun();
-    QVERIFY(!IsFirstRun());
-}
-
-void StartupTest::theLastLineNamesTheDatabase_data()
-{
-    QTest::addColumn<QByteArray>("config");
-    QTest::addColumn<QString>("path");
-    const auto byDefault = u"data15.mdb"_s;
-    const auto fails = u"fails"_s;
-    QTest::newRow("alone") << "DBPATH=/shop/a.mdb"_ba << u"/shop/a.mdb"_s;
-    QTest::newRow("after others, lines ended") << "first\r\n\r\nDBPATH=/shop/a.mdb\r\n"_ba << u"/shop/a.mdb"_s;
-    QTest::newRow("lines ended by a feed alone") << "first\nDBPATH=/shop/a.mdb\n"_ba << u"/shop/a.mdb"_s;
-    QTest::newRow("lower case") << "dbpath=/shop/a.mdb"_ba << u"/shop/a.mdb"_s;
-    QTest::newRow("in the midst of a line") << "my DBPath here=/shop/a.mdb"_ba << u"/shop/a.mdb"_s;
-    QTest::newRow("blanks and letters beyond ASCII")
-        << u"DBPATH=/दुकान/my shop.mdb"_s.toUtf8() << u"/दुकान/my shop.mdb"_s;
-    QTest::newRow("cut at the second sign") << "DBPATH=/shop/a=b.mdb"_ba << u"/shop/a"_s;
-    QTest::newRow("empty") << "DBPATH="_ba << byDefault;
-    QTest::newRow("NONE") << "DBPATH=NONE"_ba << byDefault;
-    QTest::newRow("none is a path") << "DBPATH=none"_ba << u"none"_s;
-    QTest::newRow("two signs with nothing between") << "DBPATH==x"_ba << byDefault;
-    QTest::newRow("a line behind it") << "DBPATH=/shop/a.mdb\r\n\r\n"_ba << fails;
-    QTest::newRow("no sign") << "DBPATH /shop/a.mdb"_ba << fails;
-    QTest::newRow("another word") << "PATH=/shop/a.mdb"_ba << fails;
-    QTest::newRow("an empty file") << ""_ba << fails;
+    for (const auto &[stored, first] : {std::pair(QString(), true), std::pair(u"0"_s, true), std::pair(u"1"_s, false),
+             std::pair(u"2"_s, false), std::pair(u"-1"_s, false)}) {
+        StartFolder start;
+        if (!stored.isNull())
+            storeMarker(stored);
+        QCOMPARE(IsFirstRun(), first);
+        endFirstRun();
+        QVERIFY(!IsFirstRun());
+    }
 }
 
 void StartupTest::theLastLineNamesTheDatabase()
 {
-    QFETCH(QByteArray, config);
-    QFETCH(QString, path);
     StartFolder start;
-    start.write(u"cv.ini"_s, config);
+    const QString byDefault = start.path(u"data15.mdb"_s);
+    const std::pair<QByteArray, QString> configs[]{{"DBPATH=/shop/a.mdb", u"/shop/a.mdb"_s},
+        {"first\r\n\r\nDBPATH=/shop/a.mdb\r\n", u"/shop/a.mdb"_s}, {"first\nDBPATH=/shop/a.mdb\n", u"/shop/a.mdb"_s},
+        {"dbpath=/shop/a.mdb", u"/shop/a.mdb"_s}, {"my DBPath here=/shop/a.mdb", u"/shop/a.mdb"_s},
+        {"DBPATH=/दुकान/my shop.mdb", u"/दुकान/my shop.mdb"_s}, {"DBPATH=/shop/a=b.mdb", u"/shop/a"_s},
+        {"DBPATH=", byDefault}, {"DBPATH=NONE", byDefault}, {"DBPATH=none", u"none"_s}, {"DBPATH==x", byDefault}};
+    for (const auto &[config, path] : configs) {
+        start.write(u"cv.ini"_s, config);
+        ReadConfig();
+        QCOMPARE(session::DBPath, path);
+        QCOMPARE(start.content(u"cv.ini"_s), config);
+    }
     session::DBPath = u"before"_s;
-    if (path == u"fails") {
+    for (const QByteArray &config :
+        {"DBPATH=/shop/a.mdb\r\n\r\n"_ba, "DBPATH /shop/a.mdb"_ba, "PATH=/shop/a.mdb"_ba, ""_ba}) {
+        start.write(u"cv.ini"_s, config);
         EXPECT_FAULT(Fault::SubscriptOutOfRange, Main());
         QCOMPARE(session::DBPath, u"before"_s);
-    } else {
-        ReadConfig();
-        QCOMPARE(session::DBPath, path == u"data15.mdb" ? start.path(path) : path);
+        QCOMPARE(start.content(u"cv.ini"_s), config);
     }
-    QCOMPARE(start.content(u"cv.ini"_s), config);
-}
-
-void StartupTest::theConfigurationIsWrittenAnew()
-{
-    StartFolder start;
-    start.write(u"cv.ini"_s, QByteArray(1000, 'x'));
-    session::DBPath = u"/दुकान/my shop.mdb"_s;
-    WriteConfig();
-    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(session::DBPath));
-    WriteDefaultConfig();
-    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(start.path(u"data15.mdb"_s)));
-    QCOMPARE(session::DBPath, u"/दुकान/my shop.mdb"_s);
 }
 
 void StartupTest::aFolderThatCannotBeWrittenEndsTheStart()
 {
     StartFolder start;
     start.write(u"file"_s, "not a folder");
-    session::ProgramFolder = start.path(u"file"_s);
-    EXPECT_FAULT(Fault::FileFault, Main());
+    // A file, a folder that is not there, and one whose configuration is a folder.
+    QVERIFY(QDir(start.path({})).mkpath(u"odd/cv.ini"_s));
+    for (const QString &folder : {u"file"_s, u"missing"_s, u"odd"_s}) {
+        session::ProgramFolder = start.path(folder);
+        EXPECT_FAULT(Fault::FileFault, Main());
+    }
     QCOMPARE(start.content(u"file"_s), "not a folder"_ba);
-    session::ProgramFolder = start.path(u"missing"_s);
-    EXPECT_FAULT(Fault::FileFault, Main());
     QVERIFY(!QFileInfo::exists(start.path(u"missing"_s)));
-
-    session::ProgramFolder = start.path({});
-    QVERIFY(QDir(start.path({})).mkdir(u"cv.ini"_s));
-    EXPECT_FAULT(Fault::FileFault, Main());
-}
-
-void StartupTest::aMissingDatabaseIsMade()
-{
-    StartFolder start;
-    storeMarker(u"1"_s);
-    for (int run = 0; run < 2; ++run) {
-        QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
-        DE().CN.close();
-        QVERIFY(QFile::remove(start.path(u"data15.mdb"_s)));
+    // Pictures that are there stay, and a folder for them that cannot be made is none of the start's cares.
+    QVERIFY(QDir(start.path({})).mkdir(u"images"_s));
+    start.write(u"images/coat.jpg"_s, "cloth");
+    for (const QString &folder : {QString(), u"images/coat.jpg"_s}) {
+        session::ProgramFolder = start.path(folder);
+        MakeImagesFolder();
+        QCOMPARE(start.content(u"images/coat.jpg"_s), "cloth"_ba);
     }
 }
 
@@ -261,20 +203,15 @@ void StartupTest::anotherVersionIsLeftAlone()
     QCOMPARE(session::DBPath, start.path(u"data15.mdb"_s));
     QCOMPARE(accounts(), newShop);
     QCOMPARE(GetSetting(setting::DatabaseVersion), u"15"_s);
-    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(start.path(u"data15.mdb"_s)));
+    QCOMPARE(start.config(), configOf(start.path(u"data15.mdb"_s)));
     QCOMPARE(start.content(u"old.mdb"_s), before);
     RestartSession();
     QVERIFY(script.isDone());
-}
-
-void StartupTest::anotherVersionInTheDefaultPlaceStaysInUse()
-{
-    StartFolder start;
-    start.addDatabase(u"data15.mdb"_s, u"16"_s);
-    const QByteArray before = start.content(u"data15.mdb"_s);
-    ModalScript script;
+    // In the default place it stays in use.
+    DE().CN.close();
+    start.write(u"data15.mdb"_s, before);
     for (int run = 0; run < 2; ++run) {
-        script.expectBox(invalidDatabase(u"16"_s));
+        script.expectBox(invalidDatabase(u"14"_s));
         RestartSession();
         QVERIFY(script.isDone());
         QCOMPARE(accounts(), ashasShop);
@@ -304,47 +241,34 @@ void StartupTest::theDefaultFileIsNotReplaced()
     QVERIFY(script.isDone());
 }
 
-void StartupTest::aFileThatCannotBeOpenedIsShownAndAnotherOffered_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<int>("fault");
-    QTest::newRow("a text") << u"text"_s << static_cast<int>(Fault::NotADatabase);
-    QTest::newRow("empty") << u"empty"_s << static_cast<int>(Fault::NotADatabase);
-    QTest::newRow("cut short") << u"short"_s << static_cast<int>(Fault::Damaged);
-    QTest::newRow("in use") << u"locked"_s << static_cast<int>(Fault::Locked);
-}
-
 void StartupTest::aFileThatCannotBeOpenedIsShownAndAnotherOffered()
 {
-    QFETCH(QString, kind);
-    QFETCH(int, fault);
-    StartFolder start;
-    storeMarker(u"1"_s);
-    start.addDatabase(u"shop.mdb"_s);
-    const QByteArray sound = start.content(u"shop.mdb"_s);
-    if (kind == u"text")
-        start.write(u"shop.mdb"_s, QByteArray(8192, 'x'));
-    else if (kind == u"empty")
-        start.write(u"shop.mdb"_s, {});
-    else if (kind == u"short")
-        start.write(u"shop.mdb"_s, sound.left(sound.size() - 4096));
-    const QByteArray before = start.content(u"shop.mdb"_s);
-    start.configure(start.path(u"shop.mdb"_s));
-    Connection other;
-    if (kind == u"locked") {
-        other.open(start.path(u"shop.mdb"_s));
-        other.define(u"begin exclusive"_s);
+    StartFolder sound;
+    sound.addDatabase(u"shop.mdb"_s);
+    const QByteArray whole = sound.content(u"shop.mdb"_s);
+    for (const auto &[content, fault] :
+        {std::pair(QByteArray(8192, 'x'), Fault::NotADatabase), std::pair(QByteArray(), Fault::NotADatabase),
+            std::pair(whole.chopped(4096), Fault::Damaged), std::pair(whole, Fault::Locked)}) {
+        StartFolder start;
+        storeMarker(u"1"_s);
+        start.write(u"shop.mdb"_s, content);
+        start.configure(start.path(u"shop.mdb"_s));
+        Connection other;
+        if (fault == Fault::Locked) {
+            other.open(start.path(u"shop.mdb"_s));
+            other.define(u"begin exclusive"_s);
+        }
+        ModalScript script;
+        script.expectBox(fileError(fault, start.path(u"shop.mdb"_s)));
+        script.expect(u"frmSelectDB"_s, chooseDefault);
+        QVERIFY(runProgram([&](frmMain &) {
+            QCOMPARE(session::DBPath, start.path(u"data15.mdb"_s));
+            QCOMPARE(accounts(), newShop);
+        }));
+        other.close();
+        QCOMPARE(start.content(u"shop.mdb"_s), content);
+        QCOMPARE(start.config(), configOf(start.path(u"data15.mdb"_s)));
     }
-    ModalScript script;
-    script.expectBox(fileError(static_cast<Fault>(fault), start.path(u"shop.mdb"_s)));
-    script.expect(u"frmSelectDB"_s, chooseDefault);
-    QVERIFY(runProgram([&](frmMain &) {
-        QCOMPARE(session::DBPath, start.path(u"data15.mdb"_s));
-        QCOMPARE(accounts(), newShop);
-    }));
-    other.close();
-    QCOMPARE(start.content(u"shop.mdb"_s), before);
-    QCOMPARE(QString::fromUtf8(start.content(u"cv.ini"_s)), configOf(start.path(u"data15.mdb"_s)));
 }
 
 void StartupTest::theOfferIsRepeatedUntilADatabaseIsOpen()
@@ -466,78 +390,50 @@ void StartupTest::nobodyElseMayReadWhatTheProgramMakes()
     QCOMPARE(QFile::permissions(start.path(u"shop"_s)) & others, QFile::Permissions());
 }
 
-void StartupTest::theWorkingDate_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("follow");
-    QTest::addColumn<QDate>("date");
-    QTest::newRow("new shop") << QString() << QString() << QDate(2011, 4, 1);
-    QTest::newRow("last used") << u"17-Nov-2025"_s << u"0"_s << QDate(2025, 11, 17);
-    QTest::newRow("follows the machine") << u"17-Nov-2025"_s << u"1"_s << QDate(2026, 6, 1);
-    QTest::newRow("only 1 is on") << u"17-Nov-2025"_s << u"2"_s << QDate(2025, 11, 17);
-    QTest::newRow("no date") << u"soon"_s << u"1"_s << QDate();
-}
-
 void StartupTest::theWorkingDate()
 {
-    QFETCH(QString, stored);
-    QFETCH(QString, follow);
-    QFETCH(QDate, date);
-    StartFolder start;
-    RestartSession();
-    if (!stored.isNull())
-        SaveSetting(setting::WorkingDate, stored);
-    if (!follow.isNull())
-        SaveSetting(setting::FollowSystemDate, follow);
-    if (!date.isValid()) {
+    struct Stored {
+        QString date;
+        QString follow;
+        QDate expected;
+    };
+    for (const auto &[date, follow, expected] :
+        {Stored{{}, {}, {2011, 4, 1}}, {u"17-Nov-2025"_s, u"0"_s, {2025, 11, 17}},
+            {u"17-Nov-2025"_s, u"1"_s, {2026, 6, 1}}, {u"17-Nov-2025"_s, u"2"_s, {2025, 11, 17}}}) {
+        StartFolder start;
+        RestartSession();
+        if (!date.isNull())
+            SaveSetting(setting::WorkingDate, date);
+        if (!follow.isNull())
+            SaveSetting(setting::FollowSystemDate, follow);
+        RestartSession();
+        QCOMPARE(session::CurrentDate, expected);
+        QCOMPARE(GetSetting(setting::WorkingDate, {}), date);
+        SaveSetting(setting::WorkingDate, u"soon"_s);
         EXPECT_FAULT(Fault::TypeMismatch, InitCurrentDate());
-        return;
     }
-    RestartSession();
-    QCOMPARE(session::CurrentDate, date);
-    QCOMPARE(GetSetting(setting::WorkingDate, {}), stored);
-}
-
-void StartupTest::aClockThatIsWrongIsAskedAbout_data()
-{
-    QTest::addColumn<QDate>("today");
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QDate>("date");
-    const QDate lastUsed(2025, 11, 17);
-    QTest::newRow("not taken") << QDate(1970, 1, 1) << static_cast<int>(Qt::Key_N) << lastUsed;
-    QTest::newRow("taken") << QDate(1999, 12, 31) << static_cast<int>(Qt::Key_Y) << QDate(1999, 12, 31);
-    QTest::newRow("believable") << QDate(2000, 1, 1) << 0 << QDate(2000, 1, 1);
 }
 
 void StartupTest::aClockThatIsWrongIsAskedAbout()
 {
-    QFETCH(QDate, today);
-    QFETCH(int, answer);
     StartFolder start;
     RestartSession();
     SaveSetting(setting::WorkingDate, u"17-Nov-2025"_s);
     SaveSetting(setting::FollowSystemDate, u"1"_s);
-    machineClock::replace([today] { return QDateTime(today, QTime(0, 5)); });
     ModalScript script;
-    if (answer != 0)
-        script.expectMessage(u"The date of this computer is %1. Its clock seems to be wrong.\r\n"
-                             "Would you like to work with that date?"_s.arg(DayMonthYear(today)),
-            static_cast<Qt::Key>(answer));
-    RestartSession();
-    QTEST(session::CurrentDate, "date");
+    const auto startsOn = [&script](QDate today, std::optional<Qt::Key> answer) {
+        machineClock::replace([today] { return QDateTime(today, QTime(0, 5)); });
+        if (answer)
+            script.expectMessage(u"The date of this computer is %1. Its clock seems to be wrong.\r\n"
+                                 "Would you like to work with that date?"_s.arg(DayMonthYear(today)),
+                *answer);
+        RestartSession();
+        return session::CurrentDate;
+    };
+    QCOMPARE(startsOn({1970, 1, 1}, Qt::Key_N), QDate(2025, 11, 17));
+    QCOMPARE(startsOn({1999, 12, 31}, Qt::Key_Y), QDate(1999, 12, 31));
+    QCOMPARE(startsOn({2000, 1, 1}, {}), QDate(2000, 1, 1));
     QCOMPARE(GetSetting(setting::WorkingDate), u"17-Nov-2025"_s);
-}
-
-void StartupTest::anImagesFolderThatIsThereDoesNoHarm()
-{
-    StartFolder start;
-    QVERIFY(QDir(start.path({})).mkdir(u"images"_s));
-    start.write(u"images/coat.jpg"_s, "cloth");
-    MakeImagesFolder();
-    QCOMPARE(start.content(u"images/coat.jpg"_s), "cloth"_ba);
-    session::ProgramFolder = start.path(u"images/coat.jpg"_s);
-    MakeImagesFolder();
-    QCOMPARE(start.content(u"images/coat.jpg"_s), "cloth"_ba);
 }
 
 void StartupTest::aFileIsCheckedInTheTerminal()

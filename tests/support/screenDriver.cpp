@@ -2,9 +2,11 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
 
 namespace {
@@ -57,6 +59,12 @@ void driver::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     click(key, modifiers);
 }
 
+void driver::press(std::initializer_list<QKeyCombination> keys)
+{
+    for (const QKeyCombination key : keys)
+        click(key.key(), key.keyboardModifiers());
+}
+
 void driver::accessKey(char letter)
 {
     click(letter, Qt::AltModifier);
@@ -66,6 +74,19 @@ void driver::type(const QString &text)
 {
     for (const QChar character : text)
         click(character.toLatin1());
+}
+
+void driver::paste(const QString &text)
+{
+    QApplication::clipboard()->setText(text);
+    press(Qt::Key_V, Qt::ControlModifier);
+}
+
+void driver::turnWheel(QWidget &over)
+{
+    QWheelEvent turn(QPointF(5, 5), over.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+        Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&over, &turn);
 }
 
 QList<QStringList> driver::rows(const QAbstractItemView &list)

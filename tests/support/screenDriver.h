@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QKeyCombination>
 #include <QStringList>
 #include <QWidget>
+
+#include <initializer_list>
 
 class QAbstractItemView;
 class QComboBox;
@@ -17,9 +20,15 @@ namespace driver {
 [[nodiscard]] bool waitActive(QWidget &window);
 
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// One after the other.
+void press(std::initializer_list<QKeyCombination> keys);
 /// Alt and a letter.
 void accessKey(char letter);
 void type(const QString &text);
+/// Puts a text on the clipboard and presses Ctrl+V.
+void paste(const QString &text);
+/// One notch towards the user.
+void turnWheel(QWidget &over);
 
 /// A named control. A test that asks for one that isn't there fails and ends.
 template <typename Control>

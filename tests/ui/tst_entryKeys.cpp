@@ -14,67 +14,38 @@ class EntryKeysTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void eachFilterPassesItsCharacters_data();
     void eachFilterPassesItsCharacters();
-    void keysHaveTheirCodes_data();
     void keysHaveTheirCodes();
     void movingKeysAreSwallowedAndOthersPass();
     void searchBoxKeysMoveTheListAndStopAtItsEnds();
 };
 
-void EntryKeysTest::eachFilterPassesItsCharacters_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("asDigit");
-    QTest::addColumn<bool>("asDecimal");
-    QTest::newRow("below 0") << u""_s << int('0') - 1 << false << false;
-    QTest::newRow("0") << u""_s << int('0') << true << true;
-    QTest::newRow("9") << u""_s << int('9') << true << true;
-    QTest::newRow("above 9") << u""_s << int('9') + 1 << false << false;
-    QTest::newRow("backspace") << u""_s << 8 << true << true;
-    QTest::newRow("12") << u""_s << 12 << true << true;
-    QTest::newRow("enter") << u""_s << 13 << false << false;
-    QTest::newRow("first point") << u"12"_s << int('.') << false << true;
-    QTest::newRow("second point") << u"1.2"_s << int('.') << false << false;
-    QTest::newRow("minus") << u""_s << int('-') << false << false;
-    QTest::newRow("blank") << u""_s << 32 << false << false;
-    QTest::newRow("letter") << u""_s << int('e') << false << false;
-}
-
 void EntryKeysTest::eachFilterPassesItsCharacters()
 {
-    QFETCH(QString, text);
-    QFETCH(int, key);
-    QTEST(DigitKeysOnly(key) == key, "asDigit");
-    QTEST(DecimalKeysOnly(text, key) == key, "asDecimal");
-}
-
-void EntryKeysTest::keysHaveTheirCodes_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("keyCode");
-    QTest::addColumn<int>("characterCode");
-    QTest::newRow("up types nothing") << int(Qt::Key_Up) << 0 << u""_s << 38 << 0;
-    QTest::newRow("and sign") << int(Qt::Key_Ampersand) << int(Qt::ShiftModifier) << u"&"_s << 0 << 38;
-    QTest::newRow("enter") << int(Qt::Key_Return) << 0 << u"\r"_s << 13 << 13;
-    QTest::newRow("enter on the number pad") << int(Qt::Key_Enter) << int(Qt::KeypadModifier) << u"\r"_s << 13 << 13;
-    QTest::newRow("small letter") << int(Qt::Key_A) << 0 << u"a"_s << 65 << 97;
-    QTest::newRow("Ctrl+I") << int(Qt::Key_I) << int(Qt::ControlModifier) << u"\t"_s << 73 << 9;
-    QTest::newRow("F3") << int(Qt::Key_F3) << 0 << u""_s << 114 << 0;
-    QTest::newRow("delete") << int(Qt::Key_Delete) << 0 << u"\x7f"_s << 0 << 0;
+    for (int key = 1; key < 128; ++key) {
+        const int digit = (key >= '0' && key <= '9') || key == 8 || key == 12 ? key : 0;
+        QCOMPARE(DigitKeysOnly(key), digit);
+        QCOMPARE(DecimalKeysOnly(u"1.2"_s, key), digit);
+        QCOMPARE(DecimalKeysOnly(u"12"_s, key), key == '.' ? key : digit);
+    }
 }
 
 void EntryKeysTest::keysHaveTheirCodes()
 {
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    QFETCH(QString, text);
-    const QKeyEvent event(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers), text);
-    QTEST(keys::keyCode(event), "keyCode");
-    QTEST(keys::characterCode(event), "characterCode");
+    struct Stroke {
+        QKeyCombination key;
+        QString text;
+        int keyCode;
+        int characterCode;
+    };
+    for (const auto &[key, text, keyCode, characterCode] : {Stroke{Qt::Key_Up, u""_s, 38, 0},
+             {Qt::SHIFT | Qt::Key_Ampersand, u"&"_s, 0, 38}, {Qt::Key_Return, u"\r"_s, 13, 13},
+             {Qt::KeypadModifier | Qt::Key_Enter, u"\r"_s, 13, 13}, {Qt::Key_A, u"a"_s, 65, 97},
+             {Qt::CTRL | Qt::Key_I, u"\t"_s, 73, 9}, {Qt::Key_F3, u""_s, 114, 0}, {Qt::Key_Delete, u"\x7f"_s, 0, 0}}) {
+        const QKeyEvent event(QEvent::KeyPress, key.key(), key.keyboardModifiers(), text);
+        QCOMPARE(keys::keyCode(event), keyCode);
+        QCOMPARE(keys::characterCode(event), characterCode);
+    }
 }
 
 void EntryKeysTest::movingKeysAreSwallowedAndOthersPass()
@@ -83,16 +54,17 @@ void EntryKeysTest::movingKeysAreSwallowedAndOthersPass()
     QLineEdit fields[3]{QLineEdit(&window), QLineEdit(&window), QLineEdit(&window)};
     QVERIFY(driver::show(window));
     fields[0].setFocus();
-
-    QCOMPARE(EnterToTab(13), 0);
-    QVERIFY(fields[1].hasFocus());
-    QCOMPARE(PageKeysToTab(34), 0);
-    QVERIFY(fields[2].hasFocus());
-    QCOMPARE(PageKeysToTab(33), 0);
-    QVERIFY(fields[1].hasFocus());
-    QCOMPARE(EnterToTab(65), 65);
-    QCOMPARE(PageKeysToTab(35), 35);
-    QVERIFY(fields[1].hasFocus());
+    struct Move {
+        int (*move)(int key);
+        int key;
+        int left;
+        int field;
+    };
+    for (const auto &[move, key, left, field] : {Move{EnterToTab, 13, 0, 1}, {PageKeysToTab, 34, 0, 2},
+             {PageKeysToTab, 33, 0, 1}, {EnterToTab, 65, 65, 1}, {PageKeysToTab, 35, 35, 1}}) {
+        QCOMPARE(move(key), left);
+        QVERIFY(fields[field].hasFocus());
+    }
 }
 
 void EntryKeysTest::searchBoxKeysMoveTheListAndStopAtItsEnds()
@@ -103,22 +75,12 @@ void EntryKeysTest::searchBoxKeysMoveTheListAndStopAtItsEnds()
     QCOMPARE(list.currentRow(), -1);
 
     list.addItems({u"a"_s, u"b"_s, u"c"_s});
-    const auto after = [&list](int key) {
-        (void)ListNavKeys(list, key);
-        return list.currentRow();
-    };
     list.setCurrentRow(-1);
-    QCOMPARE(after(38), -1);
-    QCOMPARE(after(40), 0);
-    QCOMPARE(after(38), 0);
-    QCOMPARE(after(40), 1);
-    QCOMPARE(after(35), 2);
-    QCOMPARE(after(40), 2);
-    QCOMPARE(after(38), 1);
-    QCOMPARE(after(36), 0);
-    QCOMPARE(after(65), 0);
-    QCOMPARE(ListNavKeys(list, 38), 0);
-    QCOMPARE(ListNavKeys(list, 65), 65);
+    for (const auto &[key, row] : {std::pair(38, -1), std::pair(40, 0), std::pair(38, 0), std::pair(40, 1),
+             std::pair(35, 2), std::pair(40, 2), std::pair(38, 1), std::pair(36, 0), std::pair(65, 0)}) {
+        QCOMPARE(ListNavKeys(list, key), key == 38 ? 0 : key);
+        QCOMPARE(list.currentRow(), row);
+    }
 }
 
 CORVANE_TEST(EntryKeysTest)

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+using driver::press;
 
 class ListScreen : public Screen {
 public:
@@ -24,7 +25,10 @@ public:
         resize(640, 300);
         auto *form = new QVBoxLayout(this);
         form->addWidget(&list);
+        QVERIFY(driver::show(*this));
     }
+    /// Whether the columns fill the list, and no more.
+    [[nodiscard]] bool isFilled() const { return list.header()->length() == list.viewport()->width(); }
 
     ListView list;
 };
@@ -41,6 +45,7 @@ public:
         list.letSort();
         setRegister(&list);
         fill({u"900.00"_s, u"1,200.00"_s, u"85.50"_s});
+        QVERIFY(driver::show(*this));
     }
 
     /// In this order; each is tagged with its place in it.
@@ -57,12 +62,38 @@ public:
     ListView list{u"lvSummary"_s, {{u"Client"_s, 50}, {u"Due Amount"_s, 50, true}}};
 };
 
-void clickHead(const ListView &list, int column)
+namespace {
+
+QPoint headOf(const ListView &list, int column)
 {
     const QHeaderView &header = *list.header();
-    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
-        {header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2});
+    return {header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2};
 }
+
+void clickHead(const ListView &list, int column)
+{
+    QTest::mouseClick(list.header()->viewport(), Qt::LeftButton, {}, headOf(list, column));
+}
+
+void dragHead(const ListView &list, QPoint from, QPoint over, QPoint to)
+{
+    QWidget *const head = list.header()->viewport();
+    QTest::mousePress(head, Qt::LeftButton, {}, from);
+    QTest::mouseMove(head, over);
+    QTest::mouseMove(head, to);
+    QTest::mouseRelease(head, Qt::LeftButton, {}, to);
+}
+
+/// One column of the rows as the model has them now.
+QString told(const ListModel &model, size_t column)
+{
+    QStringList texts;
+    for (const ListRow &row : model.rows())
+        texts += row.cells.at(static_cast<qsizetype>(column));
+    return texts.join(u'|');
+}
+
+} // namespace
 
 /// Lists and the rows behind them.
 class ListTest : public QObject {
@@ -77,13 +108,11 @@ private slots:
     void aWidthGivenByHandStays();
     void aColumnStaysWhereItWasDragged();
     void aFullShopIsOneReset();
-    void eachColumnSortsAsItReads_data();
     void eachColumnSortsAsItReads();
     void sortedRowsCanBeChanged();
     void clicksOnAHeadSortAndBringTheOwnOrderBack();
     void theMenuOfColumnsDoesWhatClicksDo();
     void theOrderIsKeptForTheNextTime();
-    void onlyAListThatLetsItIsSorted();
     void aFullShopIsSortedAtOnce();
     void anEmptyListSaysWhy();
 };
@@ -99,15 +128,12 @@ void ListTest::rowsCanBeChangedOneByOne()
     QVERIFY(model.removeRow(2));
     QVERIFY(!model.removeRow(2));
     model.setRow(0, {{u"Kurta"_s, u"3"_s}, 11});
-    QCOMPARE(model.rowCount(), 2);
-    QCOMPARE(model.cell(0, 0), u"Kurta"_s);
+    QCOMPARE(told(model, 0), u"Kurta|Coat"_s);
     QCOMPARE(model.index(1, 1).data().toString(), u"5"_s);
     QCOMPARE(model.index(0, 0).data(Qt::UserRole).toInt(), 11);
     QVERIFY(!model.index(0, 1).data(Qt::UserRole).isValid());
-    QCOMPARE(model.rowOfTag(8), 1);
-    QCOMPARE(model.rowOfTag(9), -1);
-    QCOMPARE(model.rowOfText(1, u"5"_s), 1);
-    QCOMPARE(model.rowOfText(0, u"5"_s), -1);
+    QCOMPARE(QList({model.rowOfTag(8), model.rowOfTag(9)}), QList({1, -1}));
+    QCOMPARE(QList({model.rowOfText(1, u"5"_s), model.rowOfText(0, u"5"_s)}), QList({1, -1}));
     model.setTitle(0, u"Kind"_s);
     QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), u"Kind"_s);
     model.clear();
@@ -123,18 +149,18 @@ void ListTest::rowsLookAsTold()
     model.setToolTips(
         [](const ListRow &of, int column) { return column == 1 ? of.cells.value(1) + u" of them"_s : QString(); });
     model.setRows({row, {{u"Coat"_s}}});
-    QVERIFY(model.index(0, 0).data(Qt::FontRole).value<QFont>().bold());
-    QVERIFY(!model.index(0, 1).data(Qt::FontRole).isValid());
-    QCOMPARE(model.index(0, 0).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::red));
-    QCOMPARE(model.index(0, 1).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::green));
-    QCOMPARE(model.index(0, 1).data(Qt::ToolTipRole).toString(), u"2 of them"_s);
-    QCOMPARE(model.index(0, 0).data(Qt::ToolTipRole).toString(), QString());
-    QVERIFY(!model.index(1, 0).data(Qt::ForegroundRole).isValid());
-    QCOMPARE(model.index(1, 1).data().toString(), QString());
-    const auto alignment = [](const QVariant &value) { return Qt::Alignment(value.toInt()); };
-    QCOMPARE(alignment(model.index(0, 1).data(Qt::TextAlignmentRole)), Qt::AlignRight | Qt::AlignVCenter);
-    QCOMPARE(alignment(model.headerData(1, Qt::Horizontal, Qt::TextAlignmentRole)), Qt::AlignRight | Qt::AlignVCenter);
-    QCOMPARE(alignment(model.index(0, 0).data(Qt::TextAlignmentRole)), Qt::AlignLeft | Qt::AlignVCenter);
+    const auto seen = [&model](int line, int column, int role) { return model.index(line, column).data(role); };
+    QVERIFY(seen(0, 0, Qt::FontRole).value<QFont>().bold());
+    QVERIFY(!seen(0, 1, Qt::FontRole).isValid());
+    QCOMPARE(seen(0, 0, Qt::ForegroundRole).value<QColor>(), QColor(Qt::red));
+    QCOMPARE(seen(0, 1, Qt::ForegroundRole).value<QColor>(), QColor(Qt::green));
+    QVERIFY(!seen(1, 0, Qt::ForegroundRole).isValid());
+    QCOMPARE(seen(0, 1, Qt::ToolTipRole).toString(), u"2 of them"_s);
+    QCOMPARE(seen(0, 0, Qt::ToolTipRole).toString() + seen(1, 1, Qt::DisplayRole).toString(), QString());
+    const int right = Qt::AlignRight | Qt::AlignVCenter;
+    QCOMPARE(seen(0, 0, Qt::TextAlignmentRole).toInt(), int(Qt::AlignLeft | Qt::AlignVCenter));
+    QCOMPARE(seen(0, 1, Qt::TextAlignmentRole).toInt(), right);
+    QCOMPARE(model.headerData(1, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), right);
 }
 
 void ListTest::enterAndDoubleClickOpenARow()
@@ -145,13 +171,12 @@ void ListTest::enterAndDoubleClickOpenARow()
     QSignalSpy opened(&list, &ListView::opened);
     QVERIFY(driver::show(screen));
     list.setFocus();
-    driver::press(Qt::Key_Return);
+    press(Qt::Key_Return);
     QCOMPARE(opened.count(), 0);
     list.list().setRows({{{u"Shirt"_s}, 7}, {{u"Coat"_s}, 8}, {{u"Suit"_s}, 9}});
     QCOMPARE(list.currentRow(), -1);
     list.setCurrentRow(0);
-    driver::press(Qt::Key_Down);
-    driver::press(Qt::Key_Return);
+    press({Qt::Key_Down, Qt::Key_Return});
     QCOMPARE(list.currentTag().toInt(), 8);
     const QPoint place = list.visualRect(list.model()->index(2, 1)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
@@ -166,11 +191,10 @@ void ListTest::columnsShareTheWidth()
 {
     const TestShop shop;
     ListScreen screen;
-    QVERIFY(driver::show(screen));
     for (const int width : {640, 900}) {
         screen.resize(width, 300);
         QTRY_COMPARE(screen.width(), width);
-        QTRY_COMPARE(screen.list.header()->length(), screen.list.viewport()->width());
+        QTRY_VERIFY(screen.isFilled());
         QVERIFY(qAbs(screen.list.columnWidth(0) * 2 - screen.list.viewport()->width()) < 4);
         QVERIFY(qAbs(screen.list.columnWidth(2) * 5 - screen.list.viewport()->width()) < 10);
     }
@@ -205,19 +229,14 @@ void ListTest::aWidthGivenByHandStays()
     const TestShop shop;
     for (const bool again : {false, true}) {
         ListScreen screen;
-        QVERIFY(driver::show(screen));
         QHeaderView &header = *screen.list.header();
-        if (!again) {
-            const QPoint edge(header.sectionSize(0) - 1, header.height() / 2);
-            QTest::mousePress(header.viewport(), Qt::LeftButton, {}, edge);
-            QTest::mouseMove(header.viewport(), edge + QPoint(-20, 0));
-            QTest::mouseMove(header.viewport(), edge + QPoint(-100, 0));
-            QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, edge + QPoint(-100, 0));
-        }
+        const QPoint edge(header.sectionSize(0) - 1, header.height() / 2);
+        if (!again)
+            dragHead(screen.list, edge, edge + QPoint(-20, 0), edge + QPoint(-100, 0));
         const int width = header.sectionSize(0);
         QVERIFY2(width > 180 && width < 230, qPrintable(QString::number(width)));
         screen.resize(900, 300);
-        QTRY_COMPARE(header.length(), screen.list.viewport()->width());
+        QTRY_VERIFY(screen.isFilled());
         QCOMPARE(header.sectionSize(0), width);
     }
 }
@@ -234,32 +253,21 @@ void ListTest::aColumnStaysWhereItWasDragged()
     };
     for (const QString &expected : {u"Item Remark Amount"_s, u"Remark Amount Item"_s, u"Remark Amount Item"_s}) {
         ListScreen screen;
-        QVERIFY(driver::show(screen));
         QCOMPARE(heads(screen), expected);
-        QHeaderView &header = *screen.list.header();
-        QCOMPARE(header.length(), screen.list.viewport()->width());
-        if (header.visualIndex(0) > 0)
-            continue;
-        const auto middle = [&header](int column) {
-            return QPoint(header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2);
-        };
-        QTest::mousePress(header.viewport(), Qt::LeftButton, {}, middle(0));
-        QTest::mouseMove(header.viewport(), middle(1));
-        QTest::mouseMove(header.viewport(), middle(2) + QPoint(20, 0));
-        QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, middle(2) + QPoint(20, 0));
+        QVERIFY(screen.isFilled());
+        if (expected.startsWith(u"Item"_s))
+            dragHead(
+                screen.list, headOf(screen.list, 0), headOf(screen.list, 1), headOf(screen.list, 2) + QPoint(20, 0));
     }
     // Of a list with fewer columns.
     userValues().setValue(u"Lists/ListScreen.lvSummary.order"_s, QVariantList{1, 0});
-    ListScreen screen;
-    QVERIFY(driver::show(screen));
-    QCOMPARE(heads(screen), u"Item Remark Amount"_s);
+    QCOMPARE(heads(ListScreen()), u"Item Remark Amount"_s);
 }
 
 void ListTest::aFullShopIsOneReset()
 {
     const TestShop shop;
     ListScreen screen;
-    QVERIFY(driver::show(screen));
     QSignalSpy resets(&screen.list.list(), &QAbstractItemModel::modelReset);
     QSignalSpy inserts(&screen.list.list(), &QAbstractItemModel::rowsInserted);
     std::vector<ListRow> rows;
@@ -273,83 +281,66 @@ void ListTest::aFullShopIsOneReset()
     QVERIFY2(time.elapsed() < 1000, qPrintable(QString::number(time.elapsed())));
     QCOMPARE(resets.count(), 1);
     QCOMPARE(inserts.count(), 0);
+    // Only a list that lets it is sorted.
+    clickHead(screen.list, 0);
     QCOMPARE(driver::column(screen.list, 0).last(), u"Item 32766"_s);
-}
-
-void ListTest::eachColumnSortsAsItReads_data()
-{
-    QTest::addColumn<bool>("numeric");
-    QTest::addColumn<QString>("told");
-    QTest::addColumn<QString>("ascending");
-    QTest::addColumn<QString>("descending");
-    QTest::newRow("money") << true << u"900.00|1,200.00|(75.00)|-80.00|1,10,000.00"_s
-                           << u"-80.00|(75.00)|900.00|1,200.00|1,10,000.00"_s
-                           << u"1,10,000.00|1,200.00|900.00|(75.00)|-80.00"_s;
-    QTest::newRow("numbers with words") << true << u"12 Days|3 Days|-2 Days| "_s << u" |-2 Days|3 Days|12 Days"_s
-                                        << u"12 Days|3 Days|-2 Days| "_s;
-    QTest::newRow("dates") << false << u"02-Mar-2011|31-Jan-2011||01-Apr-2010"_s
-                           << u"|01-Apr-2010|31-Jan-2011|02-Mar-2011"_s << u"02-Mar-2011|31-Jan-2011|01-Apr-2010|"_s;
-    QTest::newRow("dates aligned as numbers")
-        << true << u"02-Mar-2011|31-Jan-2011"_s << u"31-Jan-2011|02-Mar-2011"_s << u"02-Mar-2011|31-Jan-2011"_s;
-    QTest::newRow("texts") << false << u"mohan|Asha|BABU|अमित"_s << u"Asha|BABU|mohan|अमित"_s
-                           << u"अमित|mohan|BABU|Asha"_s;
-    QTest::newRow("a date among texts") << false << u"Suit|01-Apr-2010|coat"_s << u"01-Apr-2010|coat|Suit"_s
-                                        << u"Suit|coat|01-Apr-2010"_s;
-    // Those that read alike stay as they are told.
-    QTest::newRow("alike") << false << u"b|A|a|B"_s << u"A|a|b|B"_s << u"b|B|A|a"_s;
 }
 
 void ListTest::eachColumnSortsAsItReads()
 {
-    QFETCH(bool, numeric);
-    QFETCH(QString, told);
-    ListModel model({{u"Nr"_s}, {u"Column"_s, 10, numeric}});
-    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    const auto read = [&model] {
-        QStringList texts;
-        for (const ListRow &row : model.rows())
-            texts += row.cells.at(1);
-        return texts.join(u'|');
+    struct Column {
+        bool numeric;
+        QString told;
+        QString ascending;
+        QString descending;
     };
-    std::vector<ListRow> rows;
-    for (const QString &text : told.split(u'|'))
-        rows.push_back({{QString::number(rows.size()), text}});
-    model.setRows(std::move(rows));
-    model.sort(1, Qt::DescendingOrder);
-    QTEST(read(), "descending");
-    model.sort(1, Qt::AscendingOrder);
-    QTEST(read(), "ascending");
-    model.sort(-1);
-    QCOMPARE(read(), told);
+    const Column columns[]{
+        {true, u"900.00|1,200.00|(75.00)|-80.00|1,10,000.00"_s, u"-80.00|(75.00)|900.00|1,200.00|1,10,000.00"_s,
+            u"1,10,000.00|1,200.00|900.00|(75.00)|-80.00"_s},
+        {true, u"12 Days|3 Days|-2 Days| "_s, u" |-2 Days|3 Days|12 Days"_s, u"12 Days|3 Days|-2 Days| "_s},
+        {false, u"02-Mar-2011|31-Jan-2011||01-Apr-2010"_s, u"|01-Apr-2010|31-Jan-2011|02-Mar-2011"_s,
+            u"02-Mar-2011|31-Jan-2011|01-Apr-2010|"_s},
+        {true, u"02-Mar-2011|31-Jan-2011"_s, u"31-Jan-2011|02-Mar-2011"_s, u"02-Mar-2011|31-Jan-2011"_s},
+        {false, u"mohan|Asha|BABU|अमित"_s, u"Asha|BABU|mohan|अमित"_s, u"अमित|mohan|BABU|Asha"_s},
+        {false, u"Suit|01-Apr-2010|coat"_s, u"01-Apr-2010|coat|Suit"_s, u"Suit|coat|01-Apr-2010"_s},
+        // Those that read alike stay as they are told.
+        {false, u"b|A|a|B"_s, u"A|a|b|B"_s, u"b|B|A|a"_s}};
+    for (const auto &[numeric, asTold, ascending, descending] : columns) {
+        ListModel model({{u"Nr"_s}, {u"Column"_s, 10, numeric}});
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        std::vector<ListRow> rows;
+        for (const QString &text : asTold.split(u'|'))
+            rows.push_back({{QString::number(rows.size()), text}});
+        model.setRows(std::move(rows));
+        model.sort(1, Qt::DescendingOrder);
+        QCOMPARE(told(model, 1), descending);
+        model.sort(1, Qt::AscendingOrder);
+        QCOMPARE(told(model, 1), ascending);
+        model.sort(-1);
+        QCOMPARE(told(model, 1), asTold);
+    }
 }
 
 void ListTest::sortedRowsCanBeChanged()
 {
     ListModel model({{u"Rating"_s}, {u"Item"_s}});
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    const auto starred = [](const QString &stars, const QString &item) {
-        return ListRow{.cells = {{}, item}, .looks = {{0, {.said = stars}}}};
-    };
-    const auto items = [&model] {
-        QStringList texts;
-        for (const ListRow &row : model.rows())
-            texts += row.cells.at(1);
-        return texts.join(u' ');
+    const auto starred = [](int stars, const QString &item) {
+        return ListRow{.cells = {{}, item}, .looks = {{0, {.said = u"%1 of 5 stars"_s.arg(stars)}}}};
     };
     // Where a sign stands in a text's place, its words count.
     model.sort(0);
-    model.setRows({starred(u"3 of 5 stars"_s, u"Suit"_s), starred(u"5 of 5 stars"_s, u"Coat"_s),
-        starred(u"1 of 5 stars"_s, u"Kurta"_s)});
-    QCOMPARE(items(), u"Kurta Suit Coat"_s);
+    model.setRows({starred(3, u"Suit"_s), starred(5, u"Coat"_s), starred(1, u"Kurta"_s)});
+    QCOMPARE(told(model, 1), u"Kurta|Suit|Coat"_s);
     const QPersistentModelIndex suit = model.index(1, 1);
-    QCOMPARE(model.appendRow(starred(u"2 of 5 stars"_s, u"Shirt"_s)), 3);
+    QCOMPARE(model.appendRow(starred(2, u"Shirt"_s)), 3);
     QVERIFY(model.removeRow(0));
-    QCOMPARE(items(), u"Suit Coat Shirt"_s);
+    QCOMPARE(told(model, 1), u"Suit|Coat|Shirt"_s);
     model.sort(0);
-    QCOMPARE(items(), u"Shirt Suit Coat"_s);
+    QCOMPARE(told(model, 1), u"Shirt|Suit|Coat"_s);
     QCOMPARE(suit.row(), 1);
     model.sort(-1);
-    QCOMPARE(items(), u"Suit Coat Shirt"_s);
+    QCOMPARE(told(model, 1), u"Suit|Coat|Shirt"_s);
     QCOMPARE(suit.row(), 0);
 }
 
@@ -357,31 +348,27 @@ void ListTest::clicksOnAHeadSortAndBringTheOwnOrderBack()
 {
     const TestShop shop;
     DuesScreen screen;
-    QVERIFY(driver::show(screen));
-    const ListView &list = screen.list;
+    ListView &list = screen.list;
     QStringList many;
     for (int i = 0; i < 200; ++i)
         many += QString::number((i * 37) % 200);
     screen.fill(many);
-    screen.list.setCurrentRow(199);
-    const QString current = list.currentTag().toString();
-    const auto isInView = [&list] {
-        return list.currentTag() == u"200"_s
-            && list.viewport()->rect().contains(list.visualRect(list.currentIndex()).center());
+    list.setCurrentRow(199);
+    struct Click {
+        QString head;
+        QString spoken;
+        QString first;
     };
-    QCOMPARE(current, u"200"_s);
-    const auto head = [&list](int role) { return list.list().headerData(1, Qt::Horizontal, role).toString(); };
-    const QStringList heads{u"\u25b2 Due Amount"_s, u"\u25bc Due Amount"_s, u"Due Amount"_s};
-    const QStringList spoken{u"Due Amount, ascending"_s, u"Due Amount, descending"_s, QString()};
-    int clicks = 0;
-    for (const QString &first : {u"0 1 2 "_s, u"199 198 197 "_s, u"0 37 74 "_s}) {
+    for (const auto &[head, spoken, first] : {Click{u"\u25b2 Due Amount"_s, u"Due Amount, ascending"_s, u"0 1 2 "_s},
+             {u"\u25bc Due Amount"_s, u"Due Amount, descending"_s, u"199 198 197 "_s},
+             {u"Due Amount"_s, {}, u"0 37 74 "_s}}) {
         clickHead(list, 1);
-        QCOMPARE(head(Qt::DisplayRole), heads.at(clicks));
-        QCOMPARE(head(Qt::AccessibleTextRole), spoken.at(clicks));
+        QCOMPARE(list.list().headerData(1, Qt::Horizontal).toString(), head);
+        QCOMPARE(list.list().headerData(1, Qt::Horizontal, Qt::AccessibleTextRole).toString(), spoken);
         QVERIFY(list.columnWidth(1) >= list.header()->sectionSizeHint(1));
-        ++clicks;
         QVERIFY2(screen.amounts().startsWith(first), qPrintable(screen.amounts().left(20)));
-        QVERIFY(isInView());
+        QCOMPARE(list.currentTag().toInt(), 200);
+        QVERIFY(list.viewport()->rect().contains(list.visualRect(list.currentIndex()).center()));
     }
     clickHead(list, 1);
     screen.fill({u"900.00"_s, u"1,200.00"_s, u"85.50"_s});
@@ -393,26 +380,21 @@ void ListTest::theMenuOfColumnsDoesWhatClicksDo()
 {
     const TestShop shop;
     DuesScreen screen;
-    QVERIFY(driver::show(screen));
-    const auto choose = [](Qt::Key key) {
-        driver::press(Qt::Key_O, Qt::ControlModifier);
-        QTRY_VERIFY(qobject_cast<QMenu *>(QApplication::activePopupWidget()));
-        QTest::keyClick(QApplication::activePopupWidget(), key);
-        QTRY_VERIFY(!QApplication::activePopupWidget());
-    };
     const QString told = screen.amounts();
+    const auto choose = [&screen](Qt::Key key) {
+        press(Qt::Key_O, Qt::ControlModifier);
+        [] { QTRY_VERIFY(qobject_cast<QMenu *>(QApplication::activePopupWidget())); }();
+        QTest::keyClick(QApplication::activePopupWidget(), key);
+        [] { QTRY_VERIFY(!QApplication::activePopupWidget()); }();
+        return screen.amounts();
+    };
+    QCOMPARE(choose(Qt::Key_2), u"85.50 900.00 1,200.00"_s);
+    QCOMPARE(choose(Qt::Key_2), u"1,200.00 900.00 85.50"_s);
+    QCOMPARE(choose(Qt::Key_2), told);
     choose(Qt::Key_2);
-    QCOMPARE(screen.amounts(), u"85.50 900.00 1,200.00"_s);
-    choose(Qt::Key_2);
-    QCOMPARE(screen.amounts(), u"1,200.00 900.00 85.50"_s);
-    choose(Qt::Key_2);
-    QCOMPARE(screen.amounts(), told);
-    choose(Qt::Key_2);
-    choose(Qt::Key_0);
-    QCOMPARE(screen.amounts(), told);
-    const auto &keys = screen.keys();
+    QCOMPARE(choose(Qt::Key_0), told);
     QVERIFY(std::ranges::any_of(
-        keys, [](const Screen::Key &key) { return key.key == QKeyCombination(Qt::CTRL | Qt::Key_O); }));
+        screen.keys(), [](const Screen::Key &key) { return key.key == QKeyCombination(Qt::CTRL | Qt::Key_O); }));
 }
 
 void ListTest::theOrderIsKeptForTheNextTime()
@@ -421,7 +403,6 @@ void ListTest::theOrderIsKeptForTheNextTime()
     const QString told = u"900.00 1,200.00 85.50"_s;
     for (const QString &expected : {told, u"85.50 900.00 1,200.00"_s, u"1,200.00 900.00 85.50"_s, told}) {
         DuesScreen screen;
-        QVERIFY(driver::show(screen));
         QCOMPARE(screen.amounts(), expected);
         // A list begins with its first row, whichever that is.
         QCOMPARE(screen.list.currentRow(), 0);
@@ -429,26 +410,13 @@ void ListTest::theOrderIsKeptForTheNextTime()
     }
     // Of a list with more columns.
     userValues().setValue(u"Lists/DuesScreen.lvSummary.sort"_s, QVariantList{7, false});
-    DuesScreen screen;
-    QVERIFY(driver::show(screen));
-    QCOMPARE(screen.amounts(), told);
-}
-
-void ListTest::onlyAListThatLetsItIsSorted()
-{
-    const TestShop shop;
-    ListScreen screen;
-    screen.list.list().setRows({{{u"Suit"_s}, 1}, {{u"Coat"_s}, 2}});
-    QVERIFY(driver::show(screen));
-    clickHead(screen.list, 0);
-    QCOMPARE(driver::column(screen.list, 0), (QStringList{u"Suit"_s, u"Coat"_s}));
+    QCOMPARE(DuesScreen().amounts(), told);
 }
 
 void ListTest::aFullShopIsSortedAtOnce()
 {
     const TestShop shop;
     DuesScreen screen;
-    QVERIFY(driver::show(screen));
     std::vector<ListRow> rows;
     for (int i = 0; i < 32767; ++i)
         rows.push_back({{u"Client %1"_s.arg((i * 7919) % 32767), QString::number((i * 4099) % 32767) + u".00"_s}, i});
@@ -468,15 +436,13 @@ void ListTest::anEmptyListSaysWhy()
 {
     const TestShop shop;
     ListScreen screen;
-    QVERIFY(driver::show(screen));
     ListView &list = screen.list;
     const QString why = u"No items yet.\nAdd puts in the first."_s;
     const auto isSaid = [&list, &why](bool said) {
         const QImage seen = list.viewport()->grab().toImage();
-        const QRect below = seen.rect().adjusted(0, seen.height() / 3, 0, -seen.height() / 4);
         bool isDrawn = false;
-        for (int y = below.top(); y <= below.bottom(); ++y) {
-            for (int x = below.left(); x <= below.right(); ++x)
+        for (int y = seen.height() / 3; y < seen.height() * 3 / 4; ++y) {
+            for (int x = 0; x < seen.width(); ++x)
                 isDrawn = isDrawn || seen.pixelColor(x, y).lightness() < 160;
         }
         return isDrawn == said && list.accessibleDescription() == (said ? why : QString());
