@@ -195,12 +195,12 @@ void DayBookAndDuesTest::withoutDocumentsOrDebtorsNothingOpens()
     QVERIFY(book.show());
     QCOMPARE(joined(book.list), QStringList{u" | | |Total Vouchers : 0| | "_s});
     press(Qt::Key_Return);
-    QVERIFY(book.isActiveWindow());
+    QTRY_VERIFY(book.isActiveWindow());
     Dues dues;
     QVERIFY(dues.show());
     QVERIFY(joined(dues.list).isEmpty());
     press(Qt::Key_Return);
-    QVERIFY(dues.isActiveWindow());
+    QTRY_VERIFY(dues.isActiveWindow());
 }
 
 CORVANE_TEST(DayBookAndDuesTest)

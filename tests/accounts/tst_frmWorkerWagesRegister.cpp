@@ -129,7 +129,7 @@ void WagesRegisterTest::eachViewListsItsRows()
     QVERIFY(!pieces.isVisible());
     control<QAbstractButton>(screen, "cmdDetails").setFocus();
     press(Qt::Key_Return);
-    QVERIFY(pieces.isVisible());
+    QTRY_VERIFY(pieces.isVisible());
     control<QAbstractButton>(screen, "Image1").setFocus();
     press(Qt::Key_Return);
     QVERIFY(!pieces.isVisible());
@@ -185,7 +185,7 @@ void WagesRegisterTest::aPayrollIsRefusedInOrder()
     refuses(u"No job found to make payroll for this worker!"_s);
     clearWorker();
     refuses(u"Please select Worker!"_s);
-    QVERIFY(control<kvComboBox>(screen, "cmbClient").hasFocus());
+    QTRY_VERIFY(control<kvComboBox>(screen, "cmbClient").hasFocus());
     screen.setPeriod(u"2/5/2011"_s, u"1/5/2011"_s);
     refuses(u"Invalid date selection!"_s);
     screen.setPeriod(u"1/4/2011"_s, u"1/5/2011"_s);
