@@ -222,7 +222,7 @@ void TransictionTest::anyAmountEndsWell()
              Amount{u"1000000000"_s, saved, u"1000000000"_s}, Amount{u"1000000000.01"_s, high},
              Amount{u"922337203685477"_s, high}, Amount{u"922337203685478"_s, high}}) {
         BooksDesk desk;
-        onNew([&](QWidget &screen, ModalScript &script) {
+        onNew([&saved, pasted = pasted, told = told](QWidget &screen, ModalScript &script) {
             fill(u"pay"_s, u"cash"_s, u""_s);
             press(Qt::Key_Delete);
             QApplication::clipboard()->setText(pasted);
@@ -374,7 +374,7 @@ void TransictionTest::whatIsGoneMeanwhileIsToldAndNothingWritten()
             std::pair{u"Delete * from Postings where sr=2"_s, damaged}}) {
         BooksDesk desk;
         desk.addVoucher(u"Receipt"_s, u"Asha Rao"_s, u"Cash"_s, u"500"_s);
-        QVERIFY(!onVoucher(1, [&](QWidget &screen, ModalScript &script) {
+        QVERIFY(!onVoucher(1, [&desk, meanwhile = meanwhile, told = told](QWidget &screen, ModalScript &script) {
             desk.connection.execute(meanwhile);
             const QStringList before = desk.legs();
             accessKey('m');
