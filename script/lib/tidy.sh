@@ -17,7 +17,7 @@ tidy_files()
     local file
     sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' build/lint/compile_commands.json | sort -u | while read -r file; do
         case ${file#"${top:?}/"} in
-            src/* | tests/* | demo/* | bench/* | faults/*) echo "${file#"$top/"}" ;;
+            src/* | tests/* | demo/* | bench/* | faults/* | mutants/*) echo "${file#"$top/"}" ;;
         esac
     done
 }
