@@ -154,13 +154,13 @@ void frmTrailDate::openRow(const ListRow &row)
 
 void frmTrailDate::afterMark(const QString &what, const ListRow &row, const std::optional<MarkedRows> &marked)
 {
+    const QString name = what + u", "_s + row.tag.toString();
     if (!marked)
         ShowMessage(u"Job Card not found!"_s);
     else
-        keepForUndo(
-            what + u", "_s + row.tag.toString(), [this, name = what + u", "_s + row.tag.toString(), marked = *marked] {
-                undoMark(name, marked);
-                showTrials();
-            });
+        keepForUndo(name, [this, name, marked = *marked] {
+            undoMark(name, marked);
+            showTrials();
+        });
     showTrials();
 }
