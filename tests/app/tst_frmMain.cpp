@@ -9,6 +9,7 @@
 #include "store/DataEnvironment.h"
 #include "store/settings.h"
 #include "support/ModalScript.h"
+#include "support/contrast.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/Command.h"
@@ -21,6 +22,8 @@
 #include <QPointer>
 #include <QTest>
 #include <QToolTip>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;
@@ -67,6 +70,17 @@ struct LockedShop : ReadyShop {
         SaveSetting(setting::LoginPassword, u"needle 7"_s);
     }
 };
+
+/// Of a name against its ground as they are seen, whatever lies behind them.
+double contrastOf(const QLabel &name)
+{
+    const QImage seen = name.window()->grab({name.mapTo(name.window(), QPoint()), name.size()}).toImage();
+    const QColor ground = seen.pixelColor(seen.width() - 2, 1);
+    double most = 1;
+    for (int x = 0; x < seen.width(); ++x)
+        most = std::max(most, contrast::between(seen.pixelColor(x, seen.height() / 2), ground));
+    return most;
+}
 
 /// Goes to another screen and comes back.
 void leaveAndReturn(ModalScript &script)
@@ -260,6 +274,7 @@ void MainTest::closingAsksByEscapeAlone()
 void MainTest::theWallpaperIsShownInItsSize()
 {
     ReadyShop shop;
+    DE().CN.execute(u"Insert into Shop (Name) values ('MMMMMMMM')"_s);
     ModalScript script;
     for (const QSize size : {QSize(301, 201), QSize(2000, 1500)}) {
         QImage picture(size, QImage::Format_RGB32);
@@ -269,6 +284,7 @@ void MainTest::theWallpaperIsShownInItsSize()
         QVERIFY(runProgram([&](frmMain &screen) {
             const auto &area = control<QWidget>(screen, "Picture1");
             const auto &wall = control<QLabel>(screen, "MyWall");
+            QVERIFY(contrastOf(control<QLabel>(screen, "lblShopName")) >= contrast::enoughForText);
             QCOMPARE(wall.size(), size);
             QCOMPARE(wall.pos(), QPoint((area.width() - size.width()) / 2, (area.height() - size.height()) / 2));
             // A change shows from the next start on.

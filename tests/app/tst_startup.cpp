@@ -16,12 +16,14 @@
 #include "support/testRegistry.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QProcess>
 #include <QScopeGuard>
 #include <QTest>
 
 #include <optional>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 using driver::press;
@@ -41,6 +43,7 @@ private slots:
     void theOfferIsRepeatedUntilADatabaseIsOpen();
     void aFileThatCannotBeMadeTellsWhy();
     void anUnfinishedSaveIsTold();
+    void nobodyElseMayReadWhatTheProgramMakes();
     void theWorkingDate();
     void aClockThatIsWrongIsAskedAbout();
     void aFileIsCheckedInTheTerminal();
@@ -303,6 +306,35 @@ void StartupTest::anUnfinishedSaveIsTold()
     });
     RestartSession();
     QCOMPARE(accounts(), newShop);
+}
+
+void StartupTest::nobodyElseMayReadWhatTheProgramMakes()
+{
+    StartFolder start;
+    storeMarker(u"1"_s);
+    QProcess program;
+    program.setChildProcessModifier([] { umask(0); });
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"XDG_CONFIG_HOME"_s, start.path(u"user"_s));
+    program.setProcessEnvironment(environment);
+    program.start(QCoreApplication::applicationDirPath() + u"/../corvane"_s, {u"--folder"_s, start.path(u"shop"_s)});
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(start.path(u"shop/images"_s)), 20000);
+    program.kill();
+    QVERIFY(program.waitForFinished());
+    constexpr auto others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QStringList found;
+    QDirIterator made(start.path(u"shop"_s), QDirIterator::Subdirectories);
+    while (made.hasNext()) {
+        const QString path = made.next();
+        if (made.fileName() == u".." || made.fileName() == u"." || path.endsWith(u"-journal"_s))
+            continue;
+        found += made.fileName();
+        QVERIFY2((QFile::permissions(path) & others) == QFile::Permissions(), qPrintable(path));
+    }
+    found.sort();
+    QCOMPARE(found, QStringList({u"cv.ini"_s, u"data15.mdb"_s, u"demo.mdb"_s, u"images"_s}));
+    QCOMPARE(QFile::permissions(start.path(u"shop"_s)) & others, QFile::Permissions());
 }
 
 void StartupTest::theWorkingDate()
