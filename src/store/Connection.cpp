@@ -3,7 +3,9 @@
 #include "base/FileLock.h"
 #include "base/RuntimeError.h"
 #include "base/safeFile.h"
+#include "store/engineFaults.h"
 #include "store/leftBehind.h"
+#include "store/sqlDialect.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,7 +15,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -51,94 +52,6 @@ quint64 nextStamp()
     return ++stamp;
 }
 
-std::string_view textOf(sqlite3_value *value)
-{
-    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(value));
-    return {text ? text : "", static_cast<size_t>(sqlite3_value_bytes(value))};
-}
-
-int folded(void *, int sizeA, const void *a, int sizeB, const void *b)
-{
-    return jetsql::compareFolded({static_cast<const char *>(a), static_cast<size_t>(sizeA)},
-        {static_cast<const char *>(b), static_cast<size_t>(sizeB)});
-}
-
-void like(sqlite3_context *context, int, sqlite3_value **arguments)
-{
-    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
-        return sqlite3_result_null(context);
-    sqlite3_result_int(context, jetsql::isLike(textOf(arguments[1]), textOf(arguments[0])) ? 1 : 0);
-}
-
-/// month(..), day(..), year(..): the two or four digits at the place that the stored form gives them.
-void datePart(sqlite3_context *context, int, sqlite3_value **arguments)
-{
-    const auto *place = static_cast<const std::pair<int, int> *>(sqlite3_user_data(context));
-    const auto text = textOf(arguments[0]);
-    if (text.size() < 10)
-        return sqlite3_result_null(context);
-    int number = 0;
-    for (const char c : text.substr(static_cast<size_t>(place->first), static_cast<size_t>(place->second)))
-        number = number * 10 + (c - '0');
-    sqlite3_result_int(context, number);
-}
-
-constexpr std::pair yearPlace{0, 4};
-constexpr std::pair monthPlace{5, 2};
-constexpr std::pair dayPlace{8, 2};
-
-/// sum(..) that is exact for money: adds ten-thousandths as whole numbers as long as every value is one.
-struct Sum {
-    qint64 exact;
-    double plain;
-    qint64 count;
-    bool inexact;
-    bool fractional;
-};
-
-void sumStep(sqlite3_context *context, int, sqlite3_value **arguments)
-{
-    auto *sum = static_cast<Sum *>(sqlite3_aggregate_context(context, sizeof(Sum)));
-    if (!sum || sqlite3_value_type(arguments[0]) == SQLITE_NULL)
-        return;
-    const double value = sqlite3_value_double(arguments[0]);
-    sum->plain += value;
-    ++sum->count;
-    sum->fractional = sum->fractional || sqlite3_value_numeric_type(arguments[0]) != SQLITE_INTEGER;
-    const double units = std::nearbyint(value * Currency::Scale);
-    const bool money = std::fabs(units) < 9e18 && units / Currency::Scale == value;
-    if (!money || qAddOverflow(sum->exact, static_cast<qint64>(units), &sum->exact))
-        sum->inexact = true;
-}
-
-void sumResult(sqlite3_context *context)
-{
-    const auto *sum = static_cast<Sum *>(sqlite3_aggregate_context(context, 0));
-    if (!sum || sum->count == 0)
-        sqlite3_result_null(context);
-    else if (sum->inexact)
-        sqlite3_result_double(context, sum->plain);
-    else if (sum->fractional)
-        sqlite3_result_double(context, Currency::fromTenThousandths(sum->exact).toDouble());
-    else
-        sqlite3_result_int64(context, sum->exact / Currency::Scale);
-}
-
-void addDialect(sqlite3 *database)
-{
-    constexpr int pure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    const auto part = [database](const char *name, const std::pair<int, int> &place) {
-        sqlite3_create_function_v2(
-            database, name, 1, pure, const_cast<std::pair<int, int> *>(&place), datePart, nullptr, nullptr, nullptr);
-    };
-    sqlite3_create_collation_v2(database, "FOLDED", SQLITE_UTF8, nullptr, folded, nullptr);
-    sqlite3_create_function_v2(database, "like", 2, pure, nullptr, like, nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(database, "sum", 1, pure, nullptr, nullptr, sumStep, sumResult, nullptr);
-    part("year", yearPlace);
-    part("month", monthPlace);
-    part("day", dayPlace);
-}
-
 /// The engine's word, while it prepares a statement, on each thing that the statement does: notes the tables written
 /// to.
 int noteWritten(void *tables, int action, const char *table, const char *, const char *, const char *)
@@ -147,77 +60,6 @@ int noteWritten(void *tables, int action, const char *table, const char *, const
         static_cast<QByteArrayList *>(tables)->append(QByteArray(table).toLower());
     // Does not refuse it: the rows are then deleted one by one, and each is told, also where all of them go.
     return action == SQLITE_DELETE && placeOfFollowed(table) >= 0 ? SQLITE_IGNORE : SQLITE_OK;
-}
-
-Fault faultOf(int code, bool proven)
-{
-    if (code == SQLITE_READONLY_ROLLBACK)
-        return Fault::CannotOpen;
-    switch (code & 0xff) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED: return Fault::Locked;
-    case SQLITE_CORRUPT: return Fault::Damaged;
-    case SQLITE_NOTADB: return proven ? Fault::Damaged : Fault::NotADatabase;
-    case SQLITE_FULL: return Fault::DiskFull;
-    case SQLITE_CANTOPEN: return Fault::CannotOpen;
-    case SQLITE_READONLY:
-    case SQLITE_IOERR:
-    case SQLITE_PERM: return Fault::FileFault;
-    case SQLITE_CONSTRAINT: return Fault::MissingValue;
-    case SQLITE_ERROR: return Fault::Syntax;
-    default: return Fault::Engine;
-    }
-}
-
-/// Faults that a statement brings on by itself; all others come from the file and what it lies on.
-bool isOfTheStatement(int code)
-{
-    switch (code & 0xff) {
-    case SQLITE_ERROR:
-    case SQLITE_CONSTRAINT:
-    case SQLITE_MISMATCH:
-    case SQLITE_TOOBIG:
-    case SQLITE_RANGE:
-    case SQLITE_MISUSE: return true;
-    default: return false;
-    }
-}
-
-/// The one failure of a commit after which it stands in the file: the journal is removed, but that may not be on the
-/// disk.
-bool standsAfter(int code)
-{
-    return code == SQLITE_IOERR_DIR_FSYNC;
-}
-
-/// The words for a fault of the disk; empty where those of the fault itself say it all.
-QString wordsOf(int code)
-{
-    if (code == SQLITE_READONLY_DBMOVED)
-        return u"The file was moved, removed or replaced while it was in use."_s;
-    if (code == SQLITE_READONLY_ROLLBACK)
-        return u"A write was cut short. The program must open the file, and take that write back, before it can be looked at."_s;
-    switch (code & 0xff) {
-    case SQLITE_READONLY: return u"The file, or the folder that it lies in, may only be read."_s;
-    case SQLITE_PERM: return u"The system does not let the program work on this file."_s;
-    case SQLITE_CANTOPEN: return u"The disk failed: the file, or the journal beside it, cannot be opened."_s;
-    case SQLITE_IOERR: return u"The disk failed: the file cannot be read or written."_s;
-    case SQLITE_NOMEM: return u"There is not enough memory."_s;
-    default: return {};
-    }
-}
-
-QString aftermath(Written written)
-{
-    switch (written) {
-    case Written::UpToTheFault:
-    case Written::NotTried: return {};
-    case Written::Nothing:
-        return u"\n\nNothing of this entry was written. When the cause is mended, it can be entered again."_s;
-    case Written::AllOrNothing:
-        return u"\n\nIt is not known whether this entry was written. Look before you enter it again."_s;
-    }
-    return {};
 }
 
 int bindValue(sqlite3_stmt *statement, int place, const Value &value)
@@ -343,7 +185,7 @@ void Connection::openHandle(const QString &path, int flags)
     // For as long as the file is open: a change of it makes the engine prepare all statements anew.
     sqlite3_set_authorizer(handle, noteWritten, &m_writtenByPrepared);
     sqlite3_update_hook(handle, noteRow, this);
-    addDialect(handle);
+    sqlDialect::addTo(handle);
 }
 
 /// A journal that is over does no harm, but the file is to lie there alone.
@@ -549,8 +391,8 @@ void Connection::lookAtDataVersion()
 
 void Connection::fail(int code, const QString &source, bool writes)
 {
-    const Fault fault = faultOf(code, m_proven);
-    if (isOfTheStatement(code)) {
+    const Fault fault = engineFaults::faultOf(code, m_proven);
+    if (engineFaults::isOfTheStatement(code)) {
         const QString said = QString::fromUtf8(sqlite3_errmsg(m_database));
         throw RuntimeError(fault, said, source);
     }
@@ -563,15 +405,15 @@ void Connection::fail(int code, const QString &source, bool writes)
 
 RuntimeError Connection::diskFault(int code, Written written) const
 {
-    const Fault fault = faultOf(code, m_proven);
-    const QString words = wordsOf(code);
-    return RuntimeError(
-        fault, (words.isEmpty() ? RuntimeError(fault).text() : words) + aftermath(written), m_path, written);
+    const Fault fault = engineFaults::faultOf(code, m_proven);
+    const QString words = engineFaults::wordsOf(code);
+    return RuntimeError(fault,
+        (words.isEmpty() ? RuntimeError(fault).text() : words) + engineFaults::aftermath(written), m_path, written);
 }
 
 Written Connection::afterFailedWrite(int code)
 {
-    if (standsAfter(code))
+    if (engineFaults::standsAfter(code))
         return Written::AllOrNothing;
     if ((code & 0xff) == SQLITE_BUSY)
         return Written::Nothing;
@@ -614,7 +456,7 @@ bool Connection::Statement::step()
     const int code = sqlite3_step(m_handle);
     if (code == SQLITE_ROW || code == SQLITE_DONE)
         return code == SQLITE_ROW;
-    if (isOfTheStatement(code))
+    if (engineFaults::isOfTheStatement(code))
         m_connection.fail(code, m_source, m_writes);
     // The engine ends the write, and takes it back, when its statement is reset.
     sqlite3_reset(m_handle);
@@ -649,10 +491,10 @@ void Connection::endGroup(const TakenBack &takenBack)
     sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr);
     noteAnyWrite();
     // Scratch rows that stand there need not outlast a power cut.
-    if (m_groupLost == Written::NotTried && standsAfter(code))
+    if (m_groupLost == Written::NotTried && engineFaults::standsAfter(code))
         return;
     const Written written = m_groupLost == Written::Nothing ? afterFailedWrite(code) : m_groupLost;
-    if (takenBack && !standsAfter(code))
+    if (takenBack && !engineFaults::standsAfter(code))
         takenBack(written);
     throw diskFault(code, written);
 }
