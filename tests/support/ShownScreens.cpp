@@ -159,8 +159,8 @@ bool ShownScreens::eventFilter(QObject *watched, QEvent *event)
         return false;
     if (event->type() == QEvent::Paint) {
         // Once a text that has just changed got its room.
-        QTimer::singleShot(0, widget, [widget, screen] {
-            if (widget->isVisible() && isCut(*widget))
+        QTimer::singleShot(0, widget, [widget, screen, isCutYet = isCut(*widget)] {
+            if (isCutYet && widget->isVisible() && isCut(*widget))
                 warn(*screen, "cuts", *widget);
             const auto *caption = qobject_cast<QLabel *>(widget);
             if (const QWidget *const other = caption && isSeen(*caption) ? under(*screen, *caption) : nullptr)

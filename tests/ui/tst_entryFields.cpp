@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
+#include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -85,6 +86,7 @@ private slots:
     void whatIsComposedOrDroppedGoesTheWayOfKeys();
     void enterLeavesASingleLineAndMakesOneInABox();
     void theScreenMayChangeAndSwallowKeys();
+    void searchBoxKeysMoveTheListAndStopAtItsEnds();
     void theFocusShowsWhiteOnBlack();
     void aFieldIsLeftBeforeACommandActs();
     void aMessageAboveLeavesTheFieldAlone();
@@ -318,6 +320,18 @@ void EntryFieldsTest::theScreenMayChangeAndSwallowKeys()
     type(u"&"_s);
     QCOMPARE(screen.name.Text(), u"Ab.c&"_s);
     QCOMPARE(down, QList<int>({'A', 'X', 'B', 'C', keys::Home, keys::Up, 114}));
+}
+
+void EntryFieldsTest::searchBoxKeysMoveTheListAndStopAtItsEnds()
+{
+    QListWidget list;
+    list.addItems({u"a"_s, u"b"_s, u"c"_s});
+    list.setCurrentRow(-1);
+    for (const auto &[key, row] : {std::pair(38, -1), std::pair(40, 0), std::pair(38, 0), std::pair(40, 1),
+             std::pair(35, 2), std::pair(40, 2), std::pair(38, 1), std::pair(36, 0), std::pair(65, 0)}) {
+        QCOMPARE(ListNavKeys(list, key), key == 38 ? 0 : key);
+        QCOMPARE(list.currentRow(), row);
+    }
 }
 
 void EntryFieldsTest::theFocusShowsWhiteOnBlack()
