@@ -15,11 +15,8 @@
 #include "support/testRegistry.h"
 #include "ui/kvComboBox.h"
 
-#include <QDir>
-#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using driver::control;

@@ -13,7 +13,6 @@
 #include <QPointingDevice>
 #include <QPushButton>
 #include <QTabletEvent>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;

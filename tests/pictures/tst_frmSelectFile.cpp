@@ -28,7 +28,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;

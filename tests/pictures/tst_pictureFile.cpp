@@ -6,7 +6,6 @@
 #include "support/testRegistry.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <sys/stat.h>

@@ -13,9 +13,7 @@
 #include <QFile>
 #include <QFontMetricsF>
 #include <QPageLayout>
-#include <QPainter>
 #include <QRegularExpression>
-#include <QTest>
 
 #include <algorithm>
 

@@ -20,7 +20,6 @@
 #include <QScopeGuard>
 #include <QScrollBar>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;

@@ -4,8 +4,6 @@
 #include "support/expectFault.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
 /// What stands in the file, and what the caller is told, when the disk fails or another program keeps the file.

@@ -8,8 +8,6 @@
 #include "support/fileContent.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;

@@ -4,8 +4,6 @@
 #include "support/StoreFile.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
 /// The dialect in which the program's statements are written.

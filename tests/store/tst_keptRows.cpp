@@ -6,7 +6,6 @@
 #include "support/testRegistry.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

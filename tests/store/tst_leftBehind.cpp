@@ -5,7 +5,6 @@
 #include "support/testRegistry.h"
 
 #include <QDir>
-#include <QTest>
 
 #include <fcntl.h>
 #include <sys/wait.h>

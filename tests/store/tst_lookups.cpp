@@ -8,8 +8,6 @@
 #include "support/expectFault.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
 /// Lookups, list fills, balances and ratings, also of what another program wrote; and the period of a register.

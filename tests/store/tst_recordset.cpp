@@ -5,8 +5,6 @@
 #include "support/expectFault.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
 /// Reading and writing rows.

@@ -127,14 +127,12 @@ void warn(const Screen &screen, const char *what, const QWidget &widget)
 
 void lookAtKeys(const Screen &screen)
 {
-    const auto &keys = screen.keys();
-    for (auto key = keys.begin(); key != keys.end(); ++key) {
-        const bool isTwice = !key->applies && std::any_of(keys.begin(), key, [key](const Screen::Key &other) {
-            return other.key == key->key && !other.applies;
-        });
-        if (isTwice || key->what.isEmpty())
+    for (const Screen::Key &key : screen.keys()) {
+        const auto isSame = [&key](const Screen::Key &other) { return other.key == key.key && !other.applies; };
+        const bool isTwice = !key.applies && std::ranges::count_if(screen.keys(), isSame) > 1;
+        if (isTwice || key.what.isEmpty())
             qWarning("%s has a key for nothing or two things: %s", qPrintable(screen.objectName()),
-                qPrintable(QKeySequence(key->key).toString()));
+                qPrintable(QKeySequence(key.key).toString()));
     }
 }
 

@@ -12,7 +12,6 @@
 #include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOption>
-#include <QTest>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
