@@ -92,17 +92,18 @@ void MessageTest::hindiIsLookedUpByTheEnglishText()
         script.expect(u"frmMsg"_s, [&told](QWidget &window) {
             const auto &label = driver::control<QLabel>(window, "lblMsg");
             QCOMPARE(label.textFormat(), Qt::PlainText);
-            told = label.text() + u'|' + label.font().family() + driver::control<Command>(window, "cmdOK").text();
+            const QString ok = driver::control<Command>(window, "cmdOK").text();
+            told = QStringList{label.text(), label.font().family(), ok}.join(u'|');
             press(Qt::Key_Return);
         });
         show();
         return told;
     };
     const auto inHindi = [&](const QString &text) { return shown([&] { frmMsg().ShowHindiMessage(text, result); }); };
-    QCOMPARE(inHindi(u"Cant't Delete!"_s), u"gVk;k ugha tk ldrk|Kruti Dev 010Bhd gS"_s);
+    QCOMPARE(inHindi(u"Cant't Delete!"_s), u"gVk;k ugha tk ldrk|Kruti Dev 010|Bhd gS"_s);
     QCOMPARE(result, 1);
-    QCOMPARE(inHindi(u"It's new"_s), u"It's new|MS Sans SerifOk"_s);
-    QCOMPARE(shown([] { ShowMessage(u"<b>A & B</b>"_s); }), u"<b>A & B</b>|MS Sans SerifOk"_s);
+    QCOMPARE(inHindi(u"It's new"_s), u"It's new|MS Sans Serif|Ok"_s);
+    QCOMPARE(shown([] { ShowMessage(u"<b>A & B</b>"_s); }), u"<b>A & B</b>|MS Sans Serif|Ok"_s);
 }
 
 CORVANE_TEST(MessageTest)
