@@ -108,7 +108,7 @@ QString status(const QWidget &picker)
 
 bool isThrough(const QWidget &picker)
 {
-    return QTest::qWaitFor([&picker] { return !control<QProgressBar>(picker, "progress").isVisible(); });
+    return QTest::qWaitFor([&picker] { return !control<QProgressBar>(picker, "progress").isVisible(); }, 20000);
 }
 
 void chooseDrive(const QWidget &picker, const QString &name)
@@ -299,30 +299,30 @@ void SelectFileTest::aRememberedLocationThatIsGoneIsTold()
 void SelectFileTest::aTypedNameMustBeThereAndIsLeftAlone()
 {
     const Album album;
-    album.manyPhotos(60, 2);
+    album.manyPhotos(150, 3);
     const QString chosen = album.pick([&album](QWidget &picker) {
         control<QListView>(picker, "preview").setFocus();
         press(Qt::Key_Home);
-        QCOMPARE(chosenName(picker), u"00.jpg"_s);
+        QCOMPARE(chosenName(picker), u"000.jpg"_s);
         auto &name = control<kvTextBox>(picker, "txtfilename");
         const auto enter = [&name](const QString &text) {
             name.setFocus();
             name.selectAll();
             type(text);
         };
-        enter(u"07.jpg"_s);
+        enter(u"007.jpg"_s);
         QVERIFY(control<QProgressBar>(picker, "progress").isVisible());
         QVERIFY(isThrough(picker));
-        QCOMPARE(chosenName(picker), u"07.jpg"_s);
-        for (const QString &missing : {u"07"_s, u"old"_s}) {
+        QCOMPARE(chosenName(picker), u"007.jpg"_s);
+        for (const QString &missing : {u"007"_s, u"old"_s}) {
             enter(missing);
             album.script.expectMessage(u"There is no such picture in this folder!"_s);
             press(Qt::Key_Return);
             QVERIFY(album.script.isDone() && name.hasFocus());
         }
-        enter(u"07.jpg\r"_s);
+        enter(u"007.jpg\r"_s);
     });
-    QCOMPARE(chosen, album.file(u"07.jpg"_s));
+    QCOMPARE(chosen, album.file(u"007.jpg"_s));
 }
 
 void SelectFileTest::itIsOpenedAndShownFromTheList()
@@ -383,10 +383,10 @@ void SelectFileTest::whatIsLookedAtComesNext()
     thumbnails.list(album.folder.filePath(u"Pictures"_s), names);
     QTRY_VERIFY(order.size() >= 2);
     thumbnails.lookAt(150);
-    const qsizetype before = order.size();
-    QTRY_VERIFY(order.size() >= before + 20);
     const auto isLookedAt = [](int row) { return row >= 150 && row < 180; };
-    QVERIFY(std::count_if(order.begin() + before, order.end(), isLookedAt) >= 15);
+    QTRY_VERIFY(std::ranges::count_if(order, isLookedAt) >= 15);
+    // In their own turn all before them would be there.
+    QVERIFY(order.size() < 150);
     // Another list drops what was begun.
     thumbnails.list(album.folder.filePath(u"Pictures"_s), names.first(3));
     progress.clear();
@@ -454,9 +454,9 @@ void SelectFileTest::itIsPrintedAndOpenedWhileItIsThere()
     const QString asked = photo.folder.filePath(u"asked"_s);
     writeContent(command, "#!/bin/sh\nprintf %s \"$1\" > \"${0%/*}/asked\"\n");
     QVERIFY(QFile::setPermissions(command, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    const QByteArray before = qgetenv("PATH");
-    qputenv("PATH", QFile::encodeName(photo.folder.path()) + ':' + before);
-    const auto back = qScopeGuard([&before] { qputenv("PATH", before); });
+    const auto back = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
+    qputenv("PATH", QFile::encodeName(photo.folder.path()) + ':' + qgetenv("PATH"));
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(photo.folder.path()));
     const PdfPrinter printer(photo.folder.filePath(u"paper.pdf"_s));
     show(path, [&](QWidget &, ModalScript &script) {
         accessKey('p');
