@@ -51,14 +51,3 @@ void sampleFiles::writeHeader(const QString &path, const QByteArray &kind, const
     }
     writeContent(path, content);
 }
-
-void sampleFiles::writeAnimation(const QString &path)
-{
-    // Two frames of one point each, from a table of the two colours.
-    static const char head[] = "GIF89a\x01\0\x01\0\x80\0\0\xff\0\0\0\0\xff";
-    static const char first[] = "\x21\xf9\x04\0\x05\0\0\0,\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0";
-    static const char second[] = "\x21\xf9\x04\0\x05\0\0\0,\0\0\0\0\x01\0\x01\0\0\x02\x02\x4c\x01\0";
-    writeContent(path,
-        QByteArray(head, sizeof head - 1) + QByteArray(first, sizeof first - 1) + QByteArray(second, sizeof second - 1)
-            + ';');
-}

@@ -12,7 +12,5 @@ namespace sampleFiles {
 void writePhoto(const QString &path, const QSize &size, int orientation = 1);
 /// The beginning of a picture of that kind, "BMP" or "GIF", that says to be that large.
 void writeHeader(const QString &path, const QByteArray &kind, const QSize &size);
-/// Two pictures in one file, a red and a blue one.
-void writeAnimation(const QString &path);
 
 } // namespace sampleFiles

@@ -7,7 +7,7 @@
 #include "reports/rptWorkerJobCard.h"
 #include "store/settings.h"
 #include "support/PdfPrinter.h"
-#include "support/languageFile.h"
+#include "support/fileContent.h"
 
 #include <QFile>
 #include <QProcess>

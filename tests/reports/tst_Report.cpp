@@ -13,9 +13,7 @@
 #include <QFile>
 #include <QFontMetricsF>
 #include <QPageLayout>
-#include <QPainter>
 #include <QRegularExpression>
-#include <QTest>
 
 #include <algorithm>
 
@@ -34,7 +32,6 @@ private slots:
     void groupsPrintTheirHeadOnEachPage();
     void eachGroupHasItsHeadItsRowsAndItsFoot();
     void withoutRowsHeadsAndFeetStillPrint();
-    void onlyPageSectionsAreNumbered();
     void aTextLongerThanAPageLosesNothing();
     void aHeadTallerThanHalfAPageIsNotRepeated();
     void aLineTooWideIsSetSmaller();
@@ -111,7 +108,9 @@ void ReportTest::fieldsAreShownInTheirFormat()
             {u"-1250"_s, Format::MoneyGrouped, u"(1,250.00)"_s}, {u"free"_s, Format::MoneyGrouped, u"free"_s},
             {u"2011-04-01"_s, Format::DayMonthYear, u"01-Apr-2011"_s}, {u"soon"_s, Format::DayMonthYear, u"soon"_s},
             {moment, Format::DayMonthShortYear, u"01-Apr-11"_s},
-            {moment, Format::ShortDayMonthShortYear, u"1-Apr-11"_s}, {u"0042 x"_s, Format::Plain, u"0042 x"_s}}) {
+            {moment, Format::ShortDayMonthShortYear, u"1-Apr-11"_s}, {u"0042 x"_s, Format::Plain, u"0042 x"_s},
+            // Only page sections are numbered.
+            {u"50%pure, 100%Pure"_s, Format::Plain, u"50%pure, 100%Pure"_s}}) {
         Desk desk;
         desk.addAccount(stored);
         Report report(u"Test"_s, {});
@@ -224,41 +223,39 @@ void ReportTest::withoutRowsHeadsAndFeetStillPrint()
     QCOMPARE(texts(pages.page(0)), QStringList({u"Statement"_s, u"Total"_s}));
 }
 
-void ReportTest::onlyPageSectionsAreNumbered()
-{
-    Desk desk;
-    desk.addAccount(u"50%pure, 100%Pure"_s);
-    Report report(u"Test"_s, {});
-    report.add(Kind::Detail, u"row"_s, 300).field(u"f"_s, u"Title"_s, wholeWidth);
-    desk.source.open(u"Select * from Accounts where Type=0"_s);
-    QCOMPARE(texts(layOut(report, desk.source)->page(0)), QStringList{u"50%pure, 100%Pure"_s});
-}
-
 void ReportTest::aTextLongerThanAPageLosesNothing()
 {
-    Desk desk;
     QStringList words;
     for (int i = 0; i < 3000; ++i)
         words += u"word%1"_s.arg(i);
-    desk.addAccount(words.join(u' '));
-    desk.addAccount(u"Next"_s);
-    Report report(u"Test"_s, {});
-    report.add(Kind::PageHead, u"top"_s, 300).caption(u"Top"_s, wholeWidth);
-    ReportSection &row = report.add(Kind::Detail, u"row"_s, 300);
-    row.field(u"f"_s, u"Title"_s, {0, 0, 2500, 300}).wrapped();
-    row.field(u"n"_s, u"Id"_s, {3000, 0, 900, 300});
-    const ReportPages pages = desk.laidOut(report);
-    QVERIFY(pages.count() > 3);
-
-    QStringList printed;
-    for (int i = 0; i < pages.count(); ++i) {
-        for (const Item &item : pages.page(i)) {
-            QVERIFY(item.place.bottom() <= 16838 - 600);
-            if (item.place.x() < 3000 + 1129 && item.text != u"Top")
-                printed += item.text.split(u' ');
+    // In a row, and in the report's head, which then stands below that of each page.
+    for (const bool inHead : {false, true}) {
+        Desk desk;
+        Report report(u"Test"_s, {});
+        report.add(Kind::PageHead, u"top"_s, 300).caption(u"Top"_s, wholeWidth);
+        if (inHead)
+            report.add(Kind::ReportHead, u"title"_s, 300).caption(words.join(u' '), {0, 0, 2500, 300});
+        else
+            desk.addAccount(words.join(u' '));
+        desk.addAccount(u"Next"_s);
+        ReportSection &row = report.add(Kind::Detail, u"row"_s, 300);
+        row.field(u"f"_s, u"Title"_s, {0, 0, 2500, 300}).wrapped();
+        row.field(u"n"_s, u"Id"_s, {3000, 0, 900, 300});
+        const ReportPages pages = desk.laidOut(report);
+        QVERIFY(pages.count() > 3);
+        QStringList printed;
+        for (int i = 0; i < pages.count(); ++i) {
+            const ReportPages::Page page = pages.page(i);
+            QCOMPARE(page.front().text, u"Top"_s);
+            for (const Item &item : page) {
+                QVERIFY(item.place.bottom() <= 16838 - 600);
+                QVERIFY(item.text == u"Top" || item.place.y() >= page.front().place.bottom());
+                if (item.place.x() < 3000 + 1129 && item.text != u"Top")
+                    printed += item.text.split(u' ');
+            }
         }
+        QCOMPARE(printed, words + QStringList{u"Next"_s});
     }
-    QCOMPARE(printed, words + QStringList{u"Next"_s});
 }
 
 void ReportTest::aHeadTallerThanHalfAPageIsNotRepeated()

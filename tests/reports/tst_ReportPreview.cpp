@@ -5,6 +5,7 @@
 #include "reports/PageView.h"
 #include "reports/reportOutput.h"
 #include "support/ModalScript.h"
+#include "support/PdfPrinter.h"
 #include "support/pdfText.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
@@ -19,7 +20,6 @@
 #include <QScopeGuard>
 #include <QScrollBar>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using driver::accessKey;
@@ -37,10 +37,8 @@ private slots:
     void aPageIsReadToItsEndBeforeItIsTurned();
     void thePrinterGetsAllPages();
     void aPrintThatIsBrokenOffIsNotBegun();
-    void whatStopsAPrintIsTold_data();
     void whatStopsAPrintIsTold();
     void aPdfIsSavedWhereTheUserSays();
-    void aPdfIsCalledWhatItIs_data();
     void aPdfIsCalledWhatItIs();
     void aPdfGoesWhereTheLastOneWent();
 };
@@ -158,26 +156,14 @@ void ReportPreviewTest::aPageIsReadToItsEndBeforeItIsTurned()
 void ReportPreviewTest::thePrinterGetsAllPages()
 {
     const QTemporaryDir folder;
-    const QString paper = folder.filePath(u"paper.pdf"_s);
-    QStringList titles;
-    printer::replace([&](const printer::Job &job) {
-        titles += job.title;
-        QPdfWriter device(paper);
-        device.setPageLayout(job.layout);
-        return job.draw(device, 1, job.pageCount);
-    });
-    const auto putBack = qScopeGuard([] { printer::replace({}); });
-
+    const PdfPrinter printer(folder.filePath(u"paper.pdf"_s));
     ReportPreview preview(threePages());
     QVERIFY(driver::show(preview));
     accessKey('p');
-    QCOMPARE(titles, QStringList{u"Three Pages"_s});
-    const QStringList read = pdfText(paper);
-    QCOMPARE(read.size(), 3);
-    QVERIFY(read.at(2).contains(u"This is page 3"_s));
-
+    QCOMPARE(printer.title(), u"Three Pages"_s);
+    QCOMPARE(printer.printed(), (QStringList{u"This is page 1"_s, u"This is page 2"_s, u"This is page 3"_s}));
     reportOutput::print(threePages());
-    QCOMPARE(titles.size(), 2);
+    QCOMPARE(printer.jobs(), 2);
 }
 
 void ReportPreviewTest::aPrintThatIsBrokenOffIsNotBegun()
@@ -205,35 +191,25 @@ void ReportPreviewTest::aPrintThatIsBrokenOffIsNotBegun()
     QCOMPARE(pdfText(paper).size(), 42);
 }
 
-void ReportPreviewTest::whatStopsAPrintIsTold_data()
-{
-    QTest::addColumn<int>("outcome");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("no printer") << static_cast<int>(printer::Outcome::NoPrinter)
-                                << u"No Printer Found!\r\nPlease set up a printer on this computer and print again."_s;
-    QTest::newRow("failed") << static_cast<int>(printer::Outcome::Failed)
-                            << u"Printing has been Failed.\r\nPlease check the printer and print again."_s;
-    QTest::newRow("cancelled") << static_cast<int>(printer::Outcome::Cancelled) << QString();
-}
-
 void ReportPreviewTest::whatStopsAPrintIsTold()
 {
-    QFETCH(int, outcome);
-    QFETCH(QString, told);
-    printer::replace([outcome](const printer::Job &) { return static_cast<printer::Outcome>(outcome); });
     const auto putBack = qScopeGuard([] { printer::replace({}); });
-    for (const bool atOnce : {true, false}) {
+    for (const auto &[outcome, told] :
+        {std::pair{printer::Outcome::NoPrinter,
+             u"No Printer Found!\r\nPlease set up a printer on this computer and print again."_s},
+            {printer::Outcome::Failed, u"Printing has been Failed.\r\nPlease check the printer and print again."_s},
+            {printer::Outcome::Cancelled, QString()}}) {
+        printer::replace([outcome = outcome](const printer::Job &) { return outcome; });
         ReportPreview preview(threePages());
         QVERIFY(driver::show(preview));
-        ModalScript script;
-        if (!told.isEmpty())
-            script.expectMessage(told);
-        if (atOnce)
-            reportOutput::print(threePages());
-        else
-            accessKey('p');
-        QTRY_VERIFY(script.isDone());
-        QVERIFY(preview.isVisible());
+        for (const bool atOnce : {true, false}) {
+            ModalScript script;
+            if (!told.isEmpty())
+                script.expectMessage(told);
+            atOnce ? reportOutput::print(threePages()) : accessKey('p');
+            QTRY_VERIFY(script.isDone());
+            QVERIFY(preview.isVisible());
+        }
     }
 }
 
@@ -283,31 +259,18 @@ void ReportPreviewTest::aPdfIsSavedWhereTheUserSays()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), (QStringList{u"card.pdf"_s, u"free.pdf"_s}));
 }
 
-void ReportPreviewTest::aPdfIsCalledWhatItIs_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("file");
-    QTest::newRow("plain") << u"Job Card 322 Asha Rao"_s << u"Job Card 322 Asha Rao.pdf"_s;
-    QTest::newRow("not allowed") << u"Slip 1/2 <A:B>\\\"C\" *?|\n"_s << u"Slip 1_2 _A_B___C_ ____.pdf"_s;
-    QTest::newRow("no name") << QString() << u"Three Pages.pdf"_s;
-    QTest::newRow("Hindi") << u"Job Card 1 \u0905"_s + QString(300, QChar(0x0905))
-                           << u"Job Card 1 "_s + QString(63, QChar(0x0905)) + u".pdf"_s;
-}
-
 void ReportPreviewTest::aPdfIsCalledWhatItIs()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, file);
-    ReportPreview preview(ReportPages(
-        u"Three Pages"_s, {11906, 16838}, 1, [](int) { return ReportPages::Page(); }, name));
-    QVERIFY(driver::show(preview));
-    ModalScript script;
-    script.expect(u"QFileDialog"_s, [&file](QWidget &dialog) {
-        QCOMPARE(control<QLineEdit>(dialog, "fileNameEdit").text(), file);
-        press(Qt::Key_Escape);
-    });
-    accessKey('s');
-    QVERIFY(script.isDone());
+    for (const auto &[name, file] : {std::pair{u"Job Card 322 Asha Rao"_s, u"Job Card 322 Asha Rao.pdf"_s},
+             {u"Slip 1/2 <A:B>\\\"C\" *?|\n"_s, u"Slip 1_2 _A_B___C_ ____.pdf"_s}, {QString(), u"Three Pages.pdf"_s},
+             {u"Job Card 1 \u0905"_s + QString(300, QChar(0x0905)),
+                 u"Job Card 1 "_s + QString(63, QChar(0x0905)) + u".pdf"_s}}) {
+        ReportPreview preview(ReportPages(
+            u"Three Pages"_s, {11906, 16838}, 1, [](int) { return ReportPages::Page(); }, name));
+        QVERIFY(driver::show(preview));
+        ModalScript script;
+        QCOMPARE(offeredPdf(script, preview), file);
+    }
 }
 
 void ReportPreviewTest::aPdfGoesWhereTheLastOneWent()

@@ -3,8 +3,6 @@
 #include "support/expectFault.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
 /// Codes for scanners.

@@ -7,8 +7,6 @@
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 #include <array>
 
 using namespace Qt::StringLiterals;

@@ -8,8 +8,6 @@
 #include "support/fileContent.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -20,28 +18,20 @@ class FilesTest : public QObject {
 
 private slots:
     void aNewFileHoldsItsTablesItsVersionAndFourAccounts();
-    void anExistingFileIsLeftAlone();
-    void aFolderThatCannotTakeTheFileChangesNothing();
+    void whereNoFileCanBeMadeNothingChanges();
     void aShopThatCannotBeOpenedIsWholeAllTheSame();
     void onlyTheOwnerMayReadItAndOnlyWithItsPassword();
     void aFileElsewhereStaysIdleAndTheDefaultFileIsUsed();
     void badFilesAreToldApartAndNotTouched();
-    void aLockedFileIsToldAsSuch();
-    void writesWaitForTheDisk();
+    void writesWaitForTheDiskAndOpeningForNobody();
     void aSettingIsStoredOnce();
-    void settingsHaveDefaults();
 };
 
 namespace {
 
 QStringList storedAccounts(Connection &connection)
 {
-    Recordset rows(connection);
-    rows.open(u"Select Title from Accounts order by id"_s);
-    QStringList titles;
-    for (; !rows.eof(); rows.moveNext())
-        titles += rows.value(0).toText();
-    return titles;
+    return StoreFile::linesOf(connection, u"Select Title from Accounts order by id"_s);
 }
 
 const QStringList newAccounts{u"Wages"_s, u"Sales"_s, u"Purchase"_s, u"Cash"_s};
@@ -63,30 +53,21 @@ void FilesTest::aNewFileHoldsItsTablesItsVersionAndFourAccounts()
     QCOMPARE(QDir(file.folder.path()).entryList(QDir::Files), QStringList{u"data15.mdb"_s});
 }
 
-void FilesTest::anExistingFileIsLeftAlone()
+void FilesTest::whereNoFileCanBeMadeNothingChanges()
 {
     StoreFile file;
     DE().CN.close();
     const QByteArray before = contentOf(file.path());
-    bool opened = false;
-    const auto fault = CreateDatabase([&opened] { opened = true; });
-    QVERIFY(fault);
-    QCOMPARE(fault->text(), u"The file exists already."_s);
-    QVERIFY(!opened);
-    QCOMPARE(session::DBPath, file.path());
+    for (const auto &[path, why] : {std::pair{file.path(), u"The file exists already."_s},
+             {file.folder.filePath(u"missing/data15.mdb"_s), u"No such file or directory"_s}}) {
+        session::DBPath = path;
+        const auto fault = CreateDatabase([] { QFAIL("nothing was made to open"); });
+        QVERIFY(fault);
+        QVERIFY2(fault->text().contains(why), qPrintable(fault->text()));
+        QCOMPARE(session::DBPath, path);
+    }
     QCOMPARE(contentOf(file.path()), before);
-}
-
-void FilesTest::aFolderThatCannotTakeTheFileChangesNothing()
-{
-    QTemporaryDir folder;
-    session::ProgramFolder = folder.path();
-    session::DBPath = folder.filePath(u"missing/data15.mdb"_s);
-    const auto fault = CreateDatabase([] { QFAIL("nothing was made to open"); });
-    QVERIFY(fault);
-    QVERIFY2(fault->text().contains(u"No such file or directory"_s), qPrintable(fault->text()));
-    QCOMPARE(session::DBPath, folder.filePath(u"missing/data15.mdb"_s));
-    QVERIFY(QDir(folder.path()).isEmpty());
+    QCOMPARE(QDir(file.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{u"data15.mdb"_s});
 }
 
 void FilesTest::aShopThatCannotBeOpenedIsWholeAllTheSame()
@@ -201,28 +182,12 @@ void FilesTest::badFilesAreToldApartAndNotTouched()
     }
 }
 
-void FilesTest::aLockedFileIsToldAsSuch()
-{
-    StoreFile file;
-    Connection other;
-    other.open(file.path());
-    other.define(u"begin exclusive"_s);
-    Connection connection;
-    EXPECT_FAULT(Fault::Locked, connection.open(file.path()));
-    other.define(u"commit"_s);
-    connection.open(file.path());
-    QVERIFY(connection.isOpen());
-}
-
-void FilesTest::writesWaitForTheDisk()
+void FilesTest::writesWaitForTheDiskAndOpeningForNobody()
 {
     constexpr int extra = 3;
     const auto durability = [](Connection &connection) {
-        Recordset asked(connection);
-        asked.open(u"PRAGMA synchronous"_s);
-        const int synchronous = asked.value(0).toInt();
-        asked.reopen(u"PRAGMA journal_mode"_s);
-        return asked.value(0).toText() == u"delete" ? synchronous : -1;
+        const QString mode = StoreFile::linesOf(connection, u"PRAGMA journal_mode"_s).first();
+        return mode == u"delete" ? StoreFile::linesOf(connection, u"PRAGMA synchronous"_s).first().toInt() : -1;
     };
     StoreFile file;
     QCOMPARE(durability(file.connection), extra);
@@ -232,10 +197,13 @@ void FilesTest::writesWaitForTheDisk()
     QCOMPARE(durability(made), extra);
     made.close();
 
+    Connection second;
+    file.connection.define(u"begin exclusive"_s);
+    EXPECT_FAULT(Fault::Locked, second.open(file.path()));
+    file.connection.define(u"commit"_s);
     // Somebody's tool has changed the way of writing, and keeps the file open.
     file.connection.define(u"PRAGMA journal_mode = WAL"_s);
     const Connection::Statement reading(file.connection, "select * from Accounts", {}, {});
-    Connection second;
     EXPECT_FAULT(Fault::Locked, second.open(file.path()));
     QVERIFY(!second.isOpen());
 }
@@ -250,15 +218,6 @@ void FilesTest::aSettingIsStoredOnce()
     SaveSetting(6, {});
     QCOMPARE(GetSetting(6, u"fallback"_s), QString());
     QCOMPARE(file.count(u"Settings where SETTING='6'"_s), 1);
-}
-
-void FilesTest::settingsHaveDefaults()
-{
-    StoreFile file;
-    QCOMPARE(GetSetting(setting::WorkingDate), u"1-April-2011"_s);
-    QVERIFY(settingIsOn(setting::UseDefaultFromDate) && !settingIsOn(setting::ManualJobNumber));
-    SaveSetting(setting::ManualJobNumber, u"1"_s);
-    QVERIFY(settingIsOn(setting::ManualJobNumber));
 }
 
 CORVANE_TEST(FilesTest)

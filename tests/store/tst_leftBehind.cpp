@@ -5,7 +5,6 @@
 #include "support/testRegistry.h"
 
 #include <QDir>
-#include <QTest>
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -58,11 +57,9 @@ struct CutShort {
 
 QStringList titles(Connection &connection)
 {
-    Recordset rows(connection);
-    rows.open(u"Select Title from Accounts order by Id"_s);
-    QStringList texts;
-    for (; !rows.eof(); rows.moveNext())
-        texts += rows.value(0).toText().left(8);
+    QStringList texts = StoreFile::linesOf(connection, u"Select Title from Accounts order by Id"_s);
+    for (QString &text : texts)
+        text.truncate(8);
     return texts;
 }
 

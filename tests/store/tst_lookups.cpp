@@ -2,28 +2,29 @@
 
 #include "base/RuntimeError.h"
 #include "store/DataEnvironment.h"
+#include "store/defaultPeriod.h"
+#include "store/settings.h"
 #include "support/StoreFile.h"
 #include "support/expectFault.h"
 #include "support/testRegistry.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
-/// Lookups, list fills, balances and ratings.
+/// Lookups, list fills, balances and ratings, also of what another program wrote; and the period of a register.
 class LookupsTest : public QObject {
     Q_OBJECT
 
 private slots:
     void titlesAndNumbersFindEachOther();
     void anAnswerDoesNotOutliveAWrite();
-    void anAnswerFromAGroupThatWasTakenBackIsForgotten();
     void listsShowABlankForWhatIsGone();
     void aFieldIsFoundOrMinusOne();
     void listsComeSorted();
-    void aLookupTakesItsCommandObject();
     void balancesSumLivePostings();
     void ratingsRoundToEven();
+    void whatAnotherProgramWroteIsSeen();
+    void ownWritesAreNotTakenForAnothers();
+    void thePeriodIsCountedFromItsFirstDay();
 };
 
 void LookupsTest::titlesAndNumbersFindEachOther()
@@ -77,20 +78,6 @@ void LookupsTest::anAnswerDoesNotOutliveAWrite()
     QCOMPARE(title(4), u"Cash"_s);
 }
 
-void LookupsTest::anAnswerFromAGroupThatWasTakenBackIsForgotten()
-{
-    StoreFile file;
-    Connection reader;
-    reader.open(file.path());
-    Connection::Statement reading(reader, "select * from Accounts", {}, {});
-    QVERIFY(reading.step());
-    EXPECT_FAULT(Fault::Locked, WriteGroup::run(file.connection, [&file] {
-        file.connection.execute(u"Update Accounts set Title='Till' where id=4"_s);
-        QCOMPARE(GetAccountTitle(4), u"Till"_s);
-    }));
-    QCOMPARE(GetAccountTitle(4), u"Cash"_s);
-}
-
 void LookupsTest::listsShowABlankForWhatIsGone()
 {
     StoreFile file;
@@ -140,20 +127,6 @@ void LookupsTest::listsComeSorted()
     QCOMPARE(mobiles(), u",98"_s);
 }
 
-void LookupsTest::aLookupTakesItsCommandObject()
-{
-    StoreFile file;
-    // Also an answer that is remembered costs the caller its rows: code that relies on them would fail only at times.
-    for (int round = 0; round < 2; ++round) {
-        DE().rsaccounts.open();
-        (void)GetAccountTitle(1);
-        QVERIFY(!DE().rsaccounts.isOpen());
-        DE().rsJOBS_DETAIL2.open();
-        (void)GetAccountBalance(1, {2011, 4, 1});
-        QVERIFY(!DE().rsJOBS_DETAIL2.isOpen());
-    }
-}
-
 void LookupsTest::balancesSumLivePostings()
 {
     StoreFile file;
@@ -194,6 +167,100 @@ void LookupsTest::ratingsRoundToEven()
         QCOMPARE(GetWorkerScore(3), score);
         QCOMPARE(GetWorkerRating(3), rating);
     }
+}
+
+void LookupsTest::whatAnotherProgramWroteIsSeen()
+{
+    using Occasion = std::function<void(Recordset & row)>;
+    const std::pair<const char *, Occasion> occasions[]{{"front", [](auto &) { DE().CN.noticeOtherWriters(); }},
+        {"list", [](auto &) { QCOMPARE(FillCombo(u"Title"_s, u"Accounts"_s, {}, DE().rsaccounts).size(), 5); }},
+        {"statement", [](auto &) { DE().CN.execute(u"Delete from rank"_s); }},
+        {"row",
+            [](auto &row) {
+                row.set(u"NAME", u"Long Coat"_s);
+                row.update();
+            }},
+        {"group", [](auto &) {
+             WriteGroup::run(DE().CN, [] {
+                 QCOMPARE(GetAccountTitle(5), u"Babu"_s);
+                 QCOMPARE(GetAccountBalance(5, {2011, 4, 1}), 70.0);
+             });
+         }}};
+    for (const auto &[name, act] : occasions) {
+        StoreFile file;
+        file.addAccount(u"Asha"_s);
+        file.addItem(u"Coat"_s, u"Chest"_s, 400, 150);
+        file.addPosting(5, QDate(2011, 4, 1), 100);
+        Connection other;
+        other.open(file.path());
+        const quint64 before = DE().CN.otherWrites();
+        QCOMPARE(GetAccountTitle(5), u"Asha"_s);
+        QCOMPARE(GetItemFees(1), 400.0);
+        QCOMPARE(GetAccountBalance(5, {2011, 4, 1}), 100.0);
+        Recordset row(DE().CN);
+        row.open(u"Select * from Items where id=1"_s);
+        other.execute(u"Update Accounts set Title='Babu' where id=5"_s);
+        other.execute(u"Update Items set FEES=450"_s);
+        other.execute(u"Update Postings set Amount=70"_s);
+        // A lookup by itself asks nothing of the file.
+        QCOMPARE(GetAccountTitle(5), u"Asha"_s);
+        act(row);
+        QVERIFY2(GetAccountTitle(5) == u"Babu", name);
+        QCOMPARE(GetItemFees(1), 450.0);
+        QCOMPARE(GetAccountBalance(5, {2011, 4, 1}), 70.0);
+        QVERIFY(DE().CN.otherWrites() > before);
+        QCOMPARE(file.lines(u"Select FEES from Items"_s), QStringList{u"450"_s});
+    }
+}
+
+void LookupsTest::ownWritesAreNotTakenForAnothers()
+{
+    StoreFile file;
+    Connection other;
+    other.open(file.path());
+    QCOMPARE(GetAccountTitle(1), u"Wages"_s);
+    const quint64 writes = DE().CN.otherWrites();
+    const quint64 accounts = DE().CN.writeStamp("accounts");
+    file.addPosting(4, QDate(2011, 4, 1), 100);
+    DE().CN.execute(u"Update Postings set Amount=70"_s);
+    Recordset looking(other);
+    looking.open(u"Select * from Postings"_s);
+    DE().CN.noticeOtherWriters();
+    QCOMPARE(DE().CN.otherWrites(), writes);
+    QCOMPARE(DE().CN.writeStamp("accounts"), accounts);
+}
+
+void LookupsTest::thePeriodIsCountedFromItsFirstDay()
+{
+    const StoreFile shop;
+    QDate from;
+    QDate to;
+    const auto period = [&](const QString &stored = {}) {
+        if (!stored.isNull())
+            SaveSetting(setting::DefaultPeriod, stored);
+        from = {2026, 1, 31};
+        to = {2026, 12, 25};
+        SetDefaultPeriod(to, from);
+        return from.toString(Qt::ISODate) + u' ' + to.toString(Qt::ISODate);
+    };
+    QCOMPARE(period(), u"2011-04-01 2011-05-01"_s);
+    SaveSetting(setting::UseDefaultFromDate, u"1"_s);
+    SaveSetting(setting::DefaultFromDate, u"31-Jan-2026"_s);
+    // A month is cut to a short one; what is no period leaves the caller's last day.
+    const QStringList ends{u"2026-01-31"_s, u"2026-02-01"_s, u"2026-02-07"_s, u"2026-02-28"_s, u"2026-03-31"_s,
+        u"2026-04-30"_s, u"2026-07-31"_s, u"2027-01-31"_s, u"2026-12-25"_s};
+    for (int stored = 0; stored < ends.size(); ++stored)
+        QCOMPARE(period(QString::number(stored)), u"2026-01-31 "_s + ends.at(stored));
+    for (const QString &none : {u"-1"_s, u""_s})
+        QCOMPARE(period(none), u"2026-01-31 2026-12-25"_s);
+    SaveSetting(setting::DefaultFromDate, u"29-Feb-2024"_s);
+    QCOMPARE(period(u"7"_s), u"2024-02-29 2025-02-28"_s);
+    SaveSetting(setting::UseDefaultFromDate, u"0"_s);
+    QCOMPARE(period(u"1"_s), u"2026-01-31 2026-02-01"_s);
+    SaveSetting(setting::UseDefaultFromDate, u"1"_s);
+    SaveSetting(setting::DefaultFromDate, u"31-Feb-2026"_s);
+    EXPECT_FAULT(Fault::TypeMismatch, static_cast<void>(period()));
+    QCOMPARE(from, QDate(2026, 1, 31));
 }
 
 CORVANE_TEST(LookupsTest)

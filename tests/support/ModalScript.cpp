@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QMessageBox>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -37,22 +36,23 @@ ModalScript &ModalScript::expect(const QString &className, const Action &action)
     return *this;
 }
 
-ModalScript &ModalScript::expectMessage(const QString &text, Qt::Key answer)
+ModalScript &ModalScript::expectText(const QString &className, const char *label, const QString &text, Qt::Key answer)
 {
-    return expect(u"frmMsg"_s, [text, answer](QWidget &window) {
-        const QString shown = driver::control<QLabel>(window, "lblMsg").text();
+    return expect(className, [label, text, answer](QWidget &window) {
+        const QString shown = driver::control<QLabel>(window, label).text();
         driver::press(answer);
         QCOMPARE(shown, text);
     });
 }
 
+ModalScript &ModalScript::expectMessage(const QString &text, Qt::Key answer)
+{
+    return expectText(u"frmMsg"_s, "lblMsg", text, answer);
+}
+
 ModalScript &ModalScript::expectBox(const QString &text)
 {
-    return expect(u"QMessageBox"_s, [text](QWidget &window) {
-        const QString shown = dynamic_cast<QMessageBox &>(window).text();
-        driver::press(Qt::Key_Return);
-        QCOMPARE(shown, text);
-    });
+    return expectText(u"QMessageBox"_s, "qt_msgbox_label", text, Qt::Key_Return);
 }
 
 void ModalScript::look()

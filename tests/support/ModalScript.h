@@ -37,6 +37,7 @@ private:
         Action action;
     };
 
+    ModalScript &expectText(const QString &className, const char *label, const QString &text, Qt::Key answer);
     void look();
     void meet(QWidget &window);
     void giveUp(const QString &why);

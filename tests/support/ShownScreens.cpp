@@ -127,28 +127,21 @@ void warn(const Screen &screen, const char *what, const QWidget &widget)
 
 void lookAtKeys(const Screen &screen)
 {
-    const auto &keys = screen.keys();
-    for (auto key = keys.begin(); key != keys.end(); ++key) {
-        const bool isTwice = !key->applies && std::any_of(keys.begin(), key, [key](const Screen::Key &other) {
-            return other.key == key->key && !other.applies;
-        });
-        if (isTwice || key->what.isEmpty())
+    for (const Screen::Key &key : screen.keys()) {
+        const auto isSame = [&key](const Screen::Key &other) { return other.key == key.key && !other.applies; };
+        const bool isTwice = !key.applies && std::ranges::count_if(screen.keys(), isSame) > 1;
+        if (isTwice || key.what.isEmpty())
             qWarning("%s has a key for nothing or two things: %s", qPrintable(screen.objectName()),
-                qPrintable(QKeySequence(key->key).toString()));
+                qPrintable(QKeySequence(key.key).toString()));
     }
 }
 
 void lookForKey(const Screen &screen, const QString &verb, QKeyCombination wanted)
 {
     const auto commands = screen.findChildren<QPushButton *>();
-    const bool isCommanded = std::any_of(commands.begin(), commands.end(), [&verb](const QPushButton *command) {
-        const QString caption = command->text().remove(u'&');
-        return caption == verb || caption.startsWith(verb + u' ');
-    });
-    const auto &keys = screen.keys();
-    const bool isKeyed =
-        std::any_of(keys.begin(), keys.end(), [wanted](const Screen::Key &key) { return key.key == wanted; });
-    if (isCommanded && !isKeyed)
+    const bool isCommanded = std::ranges::any_of(commands,
+        [&verb](const QPushButton *command) { return (command->text().remove(u'&') + u' ').startsWith(verb + u' '); });
+    if (isCommanded && std::ranges::count(screen.keys(), wanted, &Screen::Key::key) == 0)
         qWarning("%s has a command and no key for it: %s", qPrintable(screen.objectName()), qPrintable(verb));
 }
 
@@ -162,17 +155,13 @@ bool ShownScreens::eventFilter(QObject *watched, QEvent *event)
     auto *screen = qobject_cast<Screen *>(widget->window());
     if (!screen || screen->objectName().endsWith(QLatin1String("Screen")))
         return false;
-    if (event->type() == QEvent::Paint && isCut(*widget)) {
+    if (event->type() == QEvent::Paint) {
         // Once a text that has just changed got its room.
-        QTimer::singleShot(0, widget, [widget, screen] {
-            if (widget->isVisible() && isCut(*widget))
+        QTimer::singleShot(0, widget, [widget, screen, isCutYet = isCut(*widget)] {
+            if (isCutYet && widget->isVisible() && isCut(*widget))
                 warn(*screen, "cuts", *widget);
-        });
-    }
-    if (const auto *caption = qobject_cast<QLabel *>(widget); caption && event->type() == QEvent::Paint) {
-        QTimer::singleShot(0, caption, [caption, screen] {
-            const QWidget *const other = isSeen(*caption) ? under(*screen, *caption) : nullptr;
-            if (other)
+            const auto *caption = qobject_cast<QLabel *>(widget);
+            if (const QWidget *const other = caption && isSeen(*caption) ? under(*screen, *caption) : nullptr)
                 warn(*screen, qPrintable(u"has over "_s + other->objectName()), *caption);
         });
     }
@@ -203,12 +192,8 @@ void ShownScreens::lookAt(const Screen &screen)
     }
 }
 
-QStringList ShownScreens::missing(const QStringList &screens) const
+QStringList ShownScreens::missing(QStringList screens) const
 {
-    QStringList never;
-    for (const QString &name : screens) {
-        if (!m_seen.contains(name))
-            never += name;
-    }
-    return never;
+    screens.removeIf([this](const QString &name) { return m_seen.contains(name); });
+    return screens;
 }

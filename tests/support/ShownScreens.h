@@ -16,7 +16,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     /// Those of `screens` that were never shown.
-    [[nodiscard]] QStringList missing(const QStringList &screens) const;
+    [[nodiscard]] QStringList missing(QStringList screens) const;
 
 private:
     void lookAt(const Screen &screen);

@@ -19,6 +19,18 @@ Connection &newShop(const QTemporaryDir &folder)
     return DE().CN;
 }
 
+using Cells = std::vector<std::pair<QString, Value>>;
+
+void add(Connection &connection, const QString &table, const Cells &cells)
+{
+    Recordset rows(connection);
+    rows.openToAdd(u"Select * from "_s + table);
+    rows.addNew();
+    for (const auto &[column, value] : cells)
+        rows.set(column, value);
+    rows.update();
+}
+
 } // namespace
 
 StoreFile::StoreFile() : connection(newShop(folder)) { }
@@ -30,93 +42,57 @@ StoreFile::~StoreFile()
 
 void StoreFile::addAccount(const QString &title, QDate birthday, int type)
 {
-    Recordset rows(connection);
-    rows.open(u"Select * from Accounts"_s);
-    rows.addNew();
-    rows.set(u"Title", title);
-    rows.set(u"Type", type);
-    rows.set(u"dob", birthday);
-    rows.update();
+    add(connection, u"Accounts"_s, {{u"Title"_s, title}, {u"Type"_s, type}, {u"dob"_s, birthday}});
 }
 
 void StoreFile::addPosting(int accountID, const Value &date, double amount, int status)
 {
-    Recordset rows(connection);
-    rows.open(u"Select * from Postings where id=0"_s);
-    rows.addNew();
-    rows.set(u"AccID", accountID);
-    rows.set(u"Vtype", 1);
-    rows.set(u"Date", date);
-    rows.set(u"particulars", u"Sales"_s);
-    rows.set(u"Remark", QString());
-    rows.set(u"Amount", amount);
-    rows.set(u"Status", status);
-    rows.update();
+    add(connection, u"Postings"_s,
+        {{u"AccID"_s, accountID}, {u"Vtype"_s, 1}, {u"Date"_s, date}, {u"particulars"_s, u"Sales"_s},
+            {u"Remark"_s, QString()}, {u"Amount"_s, amount}, {u"Status"_s, status}});
 }
 
 void StoreFile::addItem(
     const QString &name, const QString &measurements, double fees, double workerFees, bool inventory)
 {
-    Recordset items(connection);
-    items.open(u"Select * from Items"_s);
-    items.addNew();
-    items.set(u"Name", name);
-    items.set(u"ItemDetails", measurements);
-    items.set(u"Fees", fees);
-    items.set(u"WorkerFees", workerFees);
-    items.set(u"isInventory", inventory ? 1 : 0);
-    items.update();
+    add(connection, u"Items"_s,
+        {{u"Name"_s, name}, {u"ItemDetails"_s, measurements}, {u"Fees"_s, fees}, {u"WorkerFees"_s, workerFees},
+            {u"isInventory"_s, inventory ? 1 : 0}});
 }
 
 void StoreFile::addJobRow(const JobRow &row)
 {
-    Recordset rows(connection);
-    rows.open(u"Select * from JOBS_DETAIL where id=0"_s);
-    rows.addNew();
-    for (const QStringView date : {u"DATE", u"JobDelDate", u"CuttingDate"})
-        rows.set(date, row.date);
-    for (const QStringView text : {u"ClintName", u"ItemName", u"Remarks", u"ItemDetails", u"ItemDetailsValue"})
-        rows.set(text, u"Asha Rao"_s);
-    for (const QStringView amount : {u"FEES", u"Amount"})
-        rows.set(amount, 1);
-    rows.set(u"JobID", row.job);
-    rows.set(u"ClintID", row.client);
-    rows.set(u"ItemID", row.item);
-    rows.set(u"WorkerID", row.worker);
-    rows.set(u"DoneByWorker", row.status);
-    rows.set(u"QNT", row.quantity);
-    rows.set(u"isInventory", row.inventory ? 1 : 0);
-    rows.update();
+    Cells cells{{u"JobID"_s, row.job}, {u"ClintID"_s, row.client}, {u"ItemID"_s, row.item}, {u"WorkerID"_s, row.worker},
+        {u"DoneByWorker"_s, row.status}, {u"QNT"_s, row.quantity}, {u"isInventory"_s, row.inventory ? 1 : 0},
+        {u"FEES"_s, 1}, {u"Amount"_s, 1}};
+    for (const QString &date : {u"DATE"_s, u"JobDelDate"_s, u"CuttingDate"_s})
+        cells.emplace_back(date, row.date);
+    for (const QString &text : {u"ClintName"_s, u"ItemName"_s, u"Remarks"_s, u"ItemDetails"_s, u"ItemDetailsValue"_s})
+        cells.emplace_back(text, u"Asha Rao"_s);
+    add(connection, u"JOBS_DETAIL"_s, cells);
 }
 
 void StoreFile::addJob(const Job &job)
 {
-    Recordset jobs(connection);
-    jobs.open(u"Select * from JOBS where id=0"_s);
-    jobs.addNew();
-    jobs.set(u"Id", job.number);
-    jobs.set(u"ClintID", job.client);
-    jobs.set(u"appeared", job.appeared);
-    for (const QStringView date : {u"DATE", u"DeliveryDate", u"TrialDate", u"ClientDeliveryDate"})
-        jobs.set(date, job.date);
-    for (const QStringView number : {u"AmountDue", u"AmountPaid", u"JobFinished", u"Status"})
-        jobs.set(number, 0);
-    for (const QStringView text : {u"ClintName", u"Remark", u"CancelReason"})
-        jobs.set(text, QString());
-    jobs.update();
+    Cells cells{{u"Id"_s, job.number}, {u"ClintID"_s, job.client}, {u"appeared"_s, job.appeared}};
+    for (const QString &date : {u"DATE"_s, u"DeliveryDate"_s, u"TrialDate"_s, u"ClientDeliveryDate"_s})
+        cells.emplace_back(date, job.date);
+    for (const QString &number : {u"AmountDue"_s, u"AmountPaid"_s, u"JobFinished"_s, u"Status"_s})
+        cells.emplace_back(number, 0);
+    for (const QString &text : {u"ClintName"_s, u"Remark"_s, u"CancelReason"_s})
+        cells.emplace_back(text, QString());
+    add(connection, u"JOBS"_s, cells);
 }
 
-QStringList StoreFile::lines(const QString &statement)
+QStringList StoreFile::linesOf(Connection &connection, const QString &statement)
 {
     QStringList lines;
     Recordset rows(connection);
     rows.open(statement);
     for (; !rows.eof(); rows.moveNext()) {
         QStringList cells;
-        for (int column = 0; column < rows.columnCount(); ++column) {
-            const Value value = rows.value(column);
-            cells += value.isNull() ? QString() : value.toText();
-        }
+        for (int column = 0; column < rows.columnCount(); ++column)
+            cells += rows.value(column).isNull() ? QString() : rows.value(column).toText();
         lines += cells.join(u'|');
     }
     return lines;
@@ -124,7 +100,5 @@ QStringList StoreFile::lines(const QString &statement)
 
 int StoreFile::count(const QString &table)
 {
-    Recordset rows(connection);
-    rows.open(u"Select count(*) from "_s + table);
-    return rows.value(0).toInt();
+    return lines(u"Select count(*) from "_s + table).first().toInt();
 }

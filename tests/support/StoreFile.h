@@ -38,7 +38,8 @@ struct StoreFile {
     };
     void addJob(const Job &job);
     /// Each row of a statement as one text, columns joined by "|"; Null is empty.
-    [[nodiscard]] QStringList lines(const QString &statement);
+    [[nodiscard]] static QStringList linesOf(Connection &connection, const QString &statement);
+    [[nodiscard]] QStringList lines(const QString &statement) { return linesOf(connection, statement); }
     [[nodiscard]] int count(const QString &table);
     [[nodiscard]] QString path() const { return folder.filePath(QStringLiteral("data15.mdb")); }
 

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QLineEdit>
+#include <QInputMethodEvent>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
@@ -82,6 +82,19 @@ void driver::paste(const QString &text)
     press(Qt::Key_V, Qt::ControlModifier);
 }
 
+void driver::compose(QWidget &field, const QString &begun, const QString &done)
+{
+    QInputMethodEvent input(begun, {});
+    input.setCommitString(done);
+    QApplication::sendEvent(&field, &input);
+}
+
+void driver::compose(QWidget &field, const QString &text)
+{
+    compose(field, text.left(1), {});
+    compose(field, {}, text);
+}
+
 void driver::turnWheel(QWidget &over)
 {
     QWheelEvent turn(QPointF(5, 5), over.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
@@ -117,11 +130,4 @@ QStringList driver::entries(const QComboBox &combo)
     for (int i = 0; i < combo.count(); ++i)
         texts += combo.itemText(i);
     return texts;
-}
-
-int driver::leftmost(QLineEdit &line)
-{
-    // It scrolls when it is drawn.
-    line.grab();
-    return line.cursorPositionAt({4, line.height() / 2});
 }

@@ -8,7 +8,6 @@
 
 class QAbstractItemView;
 class QComboBox;
-class QLineEdit;
 
 /// Hands and eyes of a test: keys go through the window that has the focus, as the keyboard's do, so shortcuts, open
 /// lists and key previews see them as they would.
@@ -27,6 +26,9 @@ void accessKey(char letter);
 void type(const QString &text);
 /// Puts a text on the clipboard and presses Ctrl+V.
 void paste(const QString &text);
+/// What an input method has just begun, and what it has finished; or a text from its first letter on.
+void compose(QWidget &field, const QString &begun, const QString &done);
+void compose(QWidget &field, const QString &text);
 /// One notch towards the user.
 void turnWheel(QWidget &over);
 
@@ -44,7 +46,5 @@ template <typename Control>
 [[nodiscard]] QList<QStringList> rows(const QAbstractItemView &list);
 [[nodiscard]] QStringList column(const QAbstractItemView &list, int column);
 [[nodiscard]] QStringList entries(const QComboBox &combo);
-/// Which character of its text a line shows first.
-[[nodiscard]] int leftmost(QLineEdit &line);
 
 } // namespace driver

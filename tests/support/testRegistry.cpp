@@ -48,8 +48,8 @@ int TestRegistry::run(QStringList arguments)
 {
     QStringList names;
     const auto known = [this](const QString &name) {
-        return std::any_of(m_tests.begin(), m_tests.end(),
-            [&name](const Entry &entry) { return name == QLatin1StringView(entry.name); });
+        return std::ranges::any_of(
+            m_tests, [&name](const Entry &entry) { return name == QLatin1StringView(entry.name); });
     };
     while (arguments.size() > 1 && known(arguments.at(1)))
         names += arguments.takeAt(1);

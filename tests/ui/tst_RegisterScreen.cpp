@@ -9,14 +9,9 @@
 #include "ui/ListView.h"
 #include "ui/PeriodFields.h"
 #include "ui/RegisterScreen.h"
-#include "ui/accountCombo.h"
-#include "ui/kvComboBox.h"
 #include "ui/listFilter.h"
-#include "ui/platformBox.h"
 
 #include <QContextMenuEvent>
-#include <QInputDialog>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QScrollBar>
@@ -104,6 +99,21 @@ struct Register : TestShop, GarmentScreen {
     [[nodiscard]] int current() const { return list.currentTag().toInt(); }
 };
 
+struct PeriodScreen : RegisterScreen {
+    PeriodScreen() : RegisterScreen(u"PeriodScreen"_s, {}, Refresh::OnCommand)
+    {
+        auto *form = new QVBoxLayout(this);
+        for (QWidget *part : std::initializer_list<QWidget *>{period, list, view})
+            form->addWidget(part);
+        setRegister(list);
+        setPeriod(period, view);
+        QVERIFY(driver::show(*this));
+    }
+    PeriodFields *period = new PeriodFields;
+    ListView *list = new ListView(u"list"_s, {{u"Garment"_s}});
+    Command *view = new Command(u"view"_s, u"View"_s);
+};
+
 /// Lists over rows of the file, and what stands around them.
 class RegisterTest : public QObject {
     Q_OBJECT
@@ -116,11 +126,8 @@ private slots:
     void aTextIsFoundInAnyColumn();
     void whatTheUserLooksAtStays();
     void listsFillThemselvesWhenTold();
-    void filtersKeepRowsAndCloseAnew();
     void periodsAreCheckedWhereTheyAreUsed();
     void keysMoveThePeriodByMonths();
-    void plainBoxesAskAndReturn();
-    void accountsAreChosenFromTheirList();
 };
 
 void RegisterTest::theRowIsTheOneBeforeTheQuestion()
@@ -153,10 +160,6 @@ void RegisterTest::aRowWithoutATagAnswersToNothing()
         QVERIFY(!Register::menu());
     }
     QCOMPARE(screen.noted, QStringList());
-    for (const QVariant &none : {QVariant(), QVariant(0), QVariant(u""_s)})
-        QVERIFY(!(ListRow{.tag = none}.hasTag()));
-    for (const QVariant &some : {QVariant(7), QVariant(u"12|1"_s), QVariant(u"0"_s)})
-        QVERIFY((ListRow{.tag = some}.hasTag()));
 }
 
 void RegisterTest::whatWasDoneLastIsUndoneFirst()
@@ -251,13 +254,6 @@ void RegisterTest::theMenuOfARowOpensByMouseAndKey()
     QTest::keyClick(Register::menu(), Qt::Key_Down);
     QTest::keyClick(Register::menu(), Qt::Key_Return);
     QTRY_COMPARE(screen.noted, QStringList{u"account 2"_s});
-
-    ModalScript script;
-    script.expectMessage(u"Mark as Done?"_s);
-    QMenu *menu = screen.menuByKey();
-    QVERIFY(menu);
-    QTest::keyClick(menu, Qt::Key_Return);
-    QTRY_COMPARE(screen.noted.last(), u"done 2"_s);
 }
 
 void RegisterTest::whatTheUserLooksAtStays()
@@ -329,40 +325,12 @@ void RegisterTest::listsFillThemselvesWhenTold()
     session::NeedRefresh = false;
 }
 
-void RegisterTest::filtersKeepRowsAndCloseAnew()
-{
-    std::vector<ListRow> rows;
-    for (const int id : {5, 4, 3, 2, 1})
-        rows.push_back(garment(id));
-    const Closing closing{.columns = 2, .column = 1, .words = u"Total JOBS : "_s, .look = {.bold = true}};
-    closeWithCount(rows, closing);
-    QCOMPARE(rows.size(), 7U);
-    QCOMPARE(rows[5].cells, (QStringList{u" "_s, u" "_s}));
-    QCOMPARE(rows[6].cells, (QStringList{u" "_s, u"Total JOBS : 5"_s}));
-    QVERIFY(rows[6].look.bold && !rows[6].hasTag() && !rows[5].hasTag());
-
-    keepRows(rows, 1, [](const QString &word) { return word == u"Delivered"; });
-    closeWithCount(rows, closing);
-    QCOMPARE(rows.size(), 4U);
-    QCOMPARE(rows[1].tag.toInt(), 2);
-    QCOMPARE(rows[3].cells[1], u"Total JOBS : 2"_s);
-
-    // A filter that lets the old closing pass does not count it.
-    keepRows(rows, 1, [](const QString &) { return true; });
-    closeWithCount(rows, {.columns = 2, .column = 0, .words = u"Total Vouchers : "_s, .afterBlankRow = false});
-    QCOMPARE(rows.size(), 5U);
-    QCOMPARE(rows[4].cells[0], u"Total Vouchers : 2"_s);
-}
-
 void RegisterTest::periodsAreCheckedWhereTheyAreUsed()
 {
     const TestShop shop;
-    Screen screen(u"PeriodScreen"_s);
-    auto *form = new QVBoxLayout(&screen);
-    auto *period = new PeriodFields;
-    form->addWidget(period);
+    const PeriodScreen screen;
+    PeriodFields *const period = screen.period;
     ModalScript script;
-    QVERIFY(driver::show(screen));
     QCOMPARE(period->between(), u"between #01-Apr-2011# and #01-Apr-2011#"_s);
     SaveSetting(setting::DefaultPeriod, u"2"_s);
     period->setShopDefault();
@@ -376,6 +344,7 @@ void RegisterTest::periodsAreCheckedWhereTheyAreUsed()
     script.expect(u"QMessageBox"_s, [](QWidget &box) {
         QCOMPARE(static_cast<QMessageBox &>(box).text(), u"Invalid date selection!"_s);
         QCOMPARE(static_cast<QMessageBox &>(box).icon(), QMessageBox::Critical);
+        QCOMPARE(static_cast<QMessageBox &>(box).textFormat(), Qt::PlainText);
         press(Qt::Key_Return);
     });
     QVERIFY(!period->isUsable());
@@ -389,20 +358,6 @@ void RegisterTest::periodsAreCheckedWhereTheyAreUsed()
 
 void RegisterTest::keysMoveThePeriodByMonths()
 {
-    struct PeriodScreen : RegisterScreen {
-        PeriodScreen() : RegisterScreen(u"PeriodScreen"_s, {}, Refresh::OnCommand)
-        {
-            auto *form = new QVBoxLayout(this);
-            for (QWidget *part : std::initializer_list<QWidget *>{period, list, view})
-                form->addWidget(part);
-            setRegister(list);
-            setPeriod(period, view);
-            QVERIFY(driver::show(*this));
-        }
-        PeriodFields *period = new PeriodFields;
-        ListView *list = new ListView(u"list"_s, {{u"Garment"_s}});
-        Command *view = new Command(u"view"_s, u"View"_s);
-    };
     const TestShop shop;
     session::CurrentDate = {2011, 3, 31};
     PeriodScreen screen;
@@ -426,53 +381,6 @@ void RegisterTest::keysMoveThePeriodByMonths()
     screen.period->set({2011, 1, 2}, {2011, 2, 1});
     QCOMPARE(after({on}), u"between #01-Mar-2011# and #31-Mar-2011#"_s);
     QVERIFY(screen.period->isUsable());
-}
-
-void RegisterTest::plainBoxesAskAndReturn()
-{
-    Register screen;
-    ModalScript script;
-    for (const auto &[answer, yes] : {std::pair(Qt::Key_Return, true), std::pair(Qt::Key_Escape, false)}) {
-        script.expect(u"QMessageBox"_s, [key = answer](QWidget &) { press(key); });
-        QCOMPARE(platformBox::ask(u"Create folder <b>?"_s), yes);
-        QTRY_VERIFY(screen.isActiveWindow());
-        const QString location = u"Please specify location!"_s;
-        script.expect(u"QInputDialog"_s, [&, key = answer](QWidget &box) {
-            QCOMPARE(static_cast<QInputDialog &>(box).labelText(), location);
-            QCOMPARE(box.windowTitle(), u"Kovrel"_s);
-            type(u"Shelf 3"_s);
-            press(key);
-        });
-        QCOMPARE(platformBox::askText(location, u"Kovrel"_s), yes ? u"Shelf 3"_s : QString());
-    }
-}
-
-void RegisterTest::accountsAreChosenFromTheirList()
-{
-    TestShop shop;
-    shop.addAccount(u"Zahir"_s, {}, 1);
-    shop.addAccount(u"Aslam"_s, {}, 1);
-    shop.addAccount(u"A client"_s);
-    Screen screen(u"WorkerScreen"_s);
-    auto *form = new QVBoxLayout(&screen);
-    kvComboBox *combo = accountCombo(u"cmbWorker"_s);
-    combo->setAccessibleName(u"Worker"_s);
-    form->addWidget(combo);
-    form->addWidget(new QLineEdit);
-    screen.findChild<QLineEdit *>()->setAccessibleName(u"Other"_s);
-    fillWithTitles(*combo, u" where Type=1"_s, u"*All"_s);
-    QCOMPARE(driver::entries(*combo), (QStringList{u"*All"_s, u"Aslam"_s, u"Zahir"_s}));
-    ModalScript script;
-    QVERIFY(driver::show(screen));
-    combo->setFocus();
-    type(u"z"_s);
-    press(Qt::Key_Tab);
-    QVERIFY(requireEntry(*combo, u"Please Select Worker Name!"_s));
-    QCOMPARE(combo->Text(), u"Zahir"_s);
-    combo->setText(u"Gone"_s);
-    script.expectMessage(u"Please Select Worker Name!"_s);
-    QVERIFY(!requireEntry(*combo, u"Please Select Worker Name!"_s));
-    QTRY_VERIFY(combo->hasFocus());
 }
 
 CORVANE_TEST(RegisterTest)

@@ -2,6 +2,7 @@
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/Command.h"
+#include "ui/DateField.h"
 #include "ui/Screen.h"
 #include "ui/entryFilters.h"
 #include "ui/entryKeys.h"
@@ -13,7 +14,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QInputMethodEvent>
+#include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -31,13 +32,14 @@ public:
     FieldScreen() : Screen(u"FieldScreen"_s)
     {
         for (QWidget *control :
-            std::initializer_list<QWidget *>{&name, &amount, &lines, &combo, &save, &fees, &quantity})
+            std::initializer_list<QWidget *>{&name, &amount, &lines, &combo, &save, &fees, &quantity, &day})
             form.addWidget(control);
         filterKeys(&fees, DecimalKeysOnly);
         filterKeys(&quantity, DigitKeysOnly);
         QVERIFY(driver::show(*this));
     }
     ~FieldScreen() override { QToolTip::hideText(); }
+    using Screen::saveKey;
 
     QVBoxLayout form{this};
     kvTextBox name{u"txtName"_s};
@@ -47,6 +49,7 @@ public:
     Command save{u"Command1"_s, u"&Save"_s};
     kvTextBox fees{u"txtFees"_s, 2};
     kvTextBox quantity{u"txtQnt"_s, 2};
+    DateField day{u"DateFrom"_s};
 };
 
 namespace {
@@ -61,15 +64,6 @@ void dropOn(QWidget &field, const QString &text)
     QApplication::sendEvent(&field, &entered);
     QDropEvent dropped(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&field, &dropped);
-}
-
-void compose(QWidget &field, const QString &text)
-{
-    for (const auto &[begun, done] : {std::pair(text.left(1), QString()), std::pair(QString(), text)}) {
-        QInputMethodEvent input(begun, {});
-        input.setCommitString(done);
-        QApplication::sendEvent(&field, &input);
-    }
 }
 
 QColor background(const QWidget &field)
@@ -90,9 +84,9 @@ private slots:
     void whatIsPastedIsTheNumberThatItNames();
     void longTextsShowTheirBeginning();
     void whatIsComposedOrDroppedGoesTheWayOfKeys();
-    void enterLeavesASingleLineAndNobodyHearsOfIt();
-    void enterMakesANewLineInAMultiLineBox();
+    void enterLeavesASingleLineAndMakesOneInABox();
     void theScreenMayChangeAndSwallowKeys();
+    void searchBoxKeysMoveTheListAndStopAtItsEnds();
     void theFocusShowsWhiteOnBlack();
     void aFieldIsLeftBeforeACommandActs();
     void aMessageAboveLeavesTheFieldAlone();
@@ -234,48 +228,51 @@ void EntryFieldsTest::longTextsShowTheirBeginning()
     screen.lines.setFocus();
     screen.name.setText(text);
     screen.combo.setText(text);
+    const auto leftmost = [](QLineEdit &line) {
+        // It scrolls when it is drawn.
+        line.grab();
+        return line.cursorPositionAt({4, line.height() / 2});
+    };
     for (QLineEdit *line : {static_cast<QLineEdit *>(&screen.name), screen.combo.lineEdit()}) {
-        QVERIFY2(driver::leftmost(*line) < 2, "set before it is entered");
+        QVERIFY2(leftmost(*line) < 2, "set before it is entered");
         line->setFocus();
-        QVERIFY2(driver::leftmost(*line) < 2, "entered");
+        QVERIFY2(leftmost(*line) < 2, "entered");
         QCOMPARE(line->selectedText(), text);
         press(Qt::Key_End);
-        QVERIFY(driver::leftmost(*line) > 2);
+        QVERIFY(leftmost(*line) > 2);
         press(Qt::Key_Tab);
-        QVERIFY2(driver::leftmost(*line) < 2, "left");
+        QVERIFY2(leftmost(*line) < 2, "left");
     }
 }
 
 void EntryFieldsTest::whatIsComposedOrDroppedGoesTheWayOfKeys()
 {
     FieldScreen screen;
-    compose(screen.name, u"é"_s);
+    driver::compose(screen.name, u"é"_s);
     type(u"mile "_s);
-    compose(screen.name, u"ñ"_s);
-    compose(screen.name, u" \u0936\u0930\u094d\U0001F44D"_s);
+    driver::compose(screen.name, u"ñ"_s);
+    driver::compose(screen.name, u" \u0936\u0930\u094d\U0001F44D"_s);
     QCOMPARE(screen.name.Text(), u"Émile Ñ \u0936\u0930\u094d\U0001F44D"_s);
 
     press(Qt::Key_Return);
     QVERIFY(screen.amount.hasFocus());
-    compose(screen.amount, u"é1.5"_s);
-    compose(screen.amount, u".é"_s);
+    driver::compose(screen.amount, u"é1.5"_s);
+    driver::compose(screen.amount, u".é"_s);
     QCOMPARE(screen.amount.Text(), u"1.5"_s);
     // By the middle button.
     QApplication::clipboard()->setText(u"Rs 2"_s, QClipboard::Selection);
     QTest::mouseClick(&screen.amount, Qt::MiddleButton, {}, QPoint(2, screen.amount.height() / 2));
-    compose(screen.amount, u"\U0001F44D"_s);
+    driver::compose(screen.amount, u"\U0001F44D"_s);
     QCOMPARE(screen.amount.Text(), u"21.5"_s);
 
-    compose(screen.lines, u"é"_s);
+    driver::compose(screen.lines, u"é"_s);
     // The next syllable begins as the one before ends.
-    QInputMethodEvent next(u"n"_s, {});
-    next.setCommitString(u"र"_s);
-    QApplication::sendEvent(&screen.lines, &next);
+    driver::compose(screen.lines, u"n"_s, u"र"_s);
     QCOMPARE(screen.lines.Text(), u"éर"_s);
     QCOMPARE(screen.lines.document()->firstBlock().layout()->preeditAreaText(), u"n"_s);
 }
 
-void EntryFieldsTest::enterLeavesASingleLineAndNobodyHearsOfIt()
+void EntryFieldsTest::enterLeavesASingleLineAndMakesOneInABox()
 {
     FieldScreen screen;
     QList<int> heard;
@@ -283,17 +280,12 @@ void EntryFieldsTest::enterLeavesASingleLineAndNobodyHearsOfIt()
     press(Qt::Key_Return);
     QVERIFY(screen.amount.hasFocus());
     QVERIFY(heard.isEmpty());
-
     screen.name.setAutoTab(false);
     screen.name.setFocus();
     press(Qt::Key_Return);
     QVERIFY(screen.name.hasFocus());
     QCOMPARE(heard, QList<int>{13});
-}
 
-void EntryFieldsTest::enterMakesANewLineInAMultiLineBox()
-{
-    FieldScreen screen;
     screen.lines.setFocus();
     type(u"chest=40"_s);
     press(Qt::Key_Return);
@@ -301,7 +293,6 @@ void EntryFieldsTest::enterMakesANewLineInAMultiLineBox()
     QCOMPARE(screen.lines.Text(), u"chest=40\r\nwaist"_s);
     press(Qt::Key_Tab);
     QVERIFY(screen.combo.hasFocus());
-
     for (const QString &text : {u"one\r\ntwo\r\n"_s, u"one\rtwo"_s, u"one\ntwo"_s}) {
         screen.lines.setText(text);
         QCOMPARE(screen.lines.Text(), text);
@@ -311,59 +302,72 @@ void EntryFieldsTest::enterMakesANewLineInAMultiLineBox()
 void EntryFieldsTest::theScreenMayChangeAndSwallowKeys()
 {
     FieldScreen screen;
+    QList<int> down;
     connect(&screen.name, &kvTextBox::keyPress, this, [](int &key) {
         if (key == 'x')
             key = keys::Swallowed;
         if (key == ',')
             key = '.';
     });
-    connect(&screen.name, &kvTextBox::keyDown, this, [](int &key) {
+    connect(&screen.name, &kvTextBox::keyDown, this, [&down](int &key) {
+        down += key;
         if (key == keys::Home)
             key = keys::Swallowed;
     });
     type(u"axb,c"_s);
-    press(Qt::Key_Home);
-    QCOMPARE(screen.name.Text(), u"Ab.c"_s);
-    QCOMPARE(screen.name.cursorPosition(), 4);
+    press({Qt::Key_Home, Qt::Key_Up, Qt::Key_F3});
+    // What types the character of that code is not the arrow.
+    type(u"&"_s);
+    QCOMPARE(screen.name.Text(), u"Ab.c&"_s);
+    QCOMPARE(down, QList<int>({'A', 'X', 'B', 'C', keys::Home, keys::Up, 114}));
+}
+
+void EntryFieldsTest::searchBoxKeysMoveTheListAndStopAtItsEnds()
+{
+    QListWidget list;
+    list.addItems({u"a"_s, u"b"_s, u"c"_s});
+    list.setCurrentRow(-1);
+    for (const auto &[key, row] : {std::pair(38, -1), std::pair(40, 0), std::pair(38, 0), std::pair(40, 1),
+             std::pair(35, 2), std::pair(40, 2), std::pair(38, 1), std::pair(36, 0), std::pair(65, 0)}) {
+        QCOMPARE(ListNavKeys(list, key), key == 38 ? 0 : key);
+        QCOMPARE(list.currentRow(), row);
+    }
 }
 
 void EntryFieldsTest::theFocusShowsWhiteOnBlack()
 {
     FieldScreen screen;
-    screen.amount.setFocus();
     screen.name.setText(u"Ravi"_s);
     screen.name.setForeColor(Qt::darkRed);
-    screen.name.setFocus();
-    QCOMPARE(background(screen.name), QColor(Qt::black));
-    QCOMPARE(screen.name.palette().color(QPalette::Text), QColor(Qt::white));
-    QCOMPARE(screen.name.selectedText(), u"Ravi"_s);
-    press(Qt::Key_Tab);
-    QCOMPARE(background(screen.name), QColor(Qt::white));
-    QCOMPARE(screen.name.palette().color(QPalette::Text), QColor(Qt::darkRed));
-    QCOMPARE(background(screen.amount), QColor(Qt::black));
+    screen.save.setFocus();
     // What the screen shows counts, not what the box thinks.
-    const auto ground = [&screen] { return screen.lines.grab().toImage().pixelColor(screen.lines.rect().center()); };
-    QCOMPARE(ground(), QColor(Qt::white));
-    press(Qt::Key_Tab);
-    QCOMPARE(ground(), QColor(Qt::black));
-    press(Qt::Key_Tab);
-    QCOMPARE(ground(), QColor(Qt::white));
+    const auto ground = [](QWidget &field) { return field.grab().toImage().pixelColor(field.rect().center()); };
+    for (QWidget *field : std::initializer_list<QWidget *>{&screen.name, &screen.lines, &screen.combo, &screen.day}) {
+        QCOMPARE(ground(*field), QColor(Qt::white));
+        field->setFocus();
+        QCOMPARE(ground(*field), QColor(Qt::black));
+        const auto *line = field->findChild<QLineEdit *>();
+        QCOMPARE((line ? line : field)->palette().color(QPalette::Text), QColor(Qt::white));
+        screen.save.setFocus();
+        QCOMPARE(ground(*field), QColor(Qt::white));
+    }
+    QCOMPARE(screen.name.palette().color(QPalette::Text), QColor(Qt::darkRed));
 }
 
 void EntryFieldsTest::aFieldIsLeftBeforeACommandActs()
 {
-    for (const bool byMouse : {false, true}) {
+    const std::function<void(FieldScreen &)> ways[]{
+        [](FieldScreen &screen) { QTest::mouseClick(&screen.save, Qt::LeftButton); },
+        [](FieldScreen &) { driver::accessKey('s'); }, [](FieldScreen &) { press(Qt::Key_S, Qt::ControlModifier); }};
+    for (const auto &save : ways) {
         FieldScreen screen;
+        screen.saveKey(&screen.save);
         QString seen;
         connect(&screen.save, &Command::clicked, this, [&] { seen = screen.amount.Text(); });
         screen.amount.setFocus();
         type(u"12"_s);
-        if (byMouse)
-            QTest::mouseClick(&screen.save, Qt::LeftButton);
-        else
-            driver::accessKey('s');
+        save(screen);
         QCOMPARE(seen, u"12.00"_s);
-        QVERIFY(screen.save.hasFocus());
     }
 }
 

@@ -1,23 +1,17 @@
 #include "support/contrast.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
-#include "ui/DateField.h"
-#include "ui/kvComboBox.h"
-#include "ui/kvTextBox.h"
-#include "ui/kvTextBoxMultiLine.h"
 #include "ui/signs.h"
 #include "ui/theme.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOption>
-#include <QTest>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -44,19 +38,6 @@ QImage drawn(const QIcon &icon, QSize size, qreal factor)
     return paper;
 }
 
-/// Places whose colour is between paper and ink: what a picture that was scaled up has many of.
-int blurred(const QImage &picture)
-{
-    int count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const double seen = contrast::between(picture.pixelColor(x, y), Qt::white);
-            count += seen > 1.1 && seen < 2.5 ? 1 : 0;
-        }
-    }
-    return count;
-}
-
 } // namespace
 
 /// What can be told apart on the screen, and what not.
@@ -66,10 +47,9 @@ class ThemeTest : public QObject {
 private slots:
     void textsStandOutFromTheirGround();
     void rulesOfTheSheetKeepTheContrast();
-    void fieldsAreReadWithTheFocusAndWithout();
     void boxesAndRingsAreSeen();
     void signsDifferInShape();
-    void starsCountAndStaySharp();
+    void starsCount();
 };
 
 void ThemeTest::textsStandOutFromTheirGround()
@@ -129,30 +109,6 @@ void ThemeTest::rulesOfTheSheetKeepTheContrast()
     QVERIFY(texts >= 7 && rings >= 3);
 }
 
-void ThemeTest::fieldsAreReadWithTheFocusAndWithout()
-{
-    QWidget window;
-    QVBoxLayout form(&window);
-    kvTextBox name;
-    kvTextBoxMultiLine lines;
-    kvComboBox combo;
-    DateField date;
-    const QList<QWidget *> fields{&name, &lines, &combo, &date};
-    for (QWidget *field : fields)
-        form.addWidget(field);
-    QVERIFY(driver::show(window));
-    for (QWidget *entered : fields) {
-        entered->setFocus();
-        for (const QWidget *field : fields) {
-            const auto *line = field->findChild<QLineEdit *>();
-            const QPalette colours = (line ? line : field)->palette();
-            const bool isRead =
-                contrast::between(colours.color(QPalette::Text), colours.color(QPalette::Base)) >= enoughForText;
-            QVERIFY2(isRead, field->metaObject()->className());
-        }
-    }
-}
-
 void ThemeTest::boxesAndRingsAreSeen()
 {
     QWidget window;
@@ -196,7 +152,7 @@ void ThemeTest::signsDifferInShape()
     }
 }
 
-void ThemeTest::starsCountAndStaySharp()
+void ThemeTest::starsCount()
 {
     QVERIFY(signs::stars(-1).isNull() && signs::stars(6).isNull());
     const auto fullStars = [](int rating, qreal factor) {
@@ -213,9 +169,6 @@ void ThemeTest::starsCountAndStaySharp()
         QCOMPARE(fullStars(rating, 1), rating);
         QCOMPARE(fullStars(rating, 2), rating);
     }
-    // Drawn anew at each size, an edge is one place wide: twice the size has twice the edge, not four times.
-    const QIcon icon = signs::stars(5);
-    QVERIFY(blurred(drawn(icon, {80, 16}, 4)) < 3 * blurred(drawn(icon, {80, 16}, 2)));
 }
 
 CORVANE_TEST(ThemeTest)
