@@ -35,7 +35,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int accountLetters = 30;
+constexpr int accountLetters = 12;
+constexpr int gap = 8;
 
 const auto chooseAccount = u"Choose an account: View (Alt+V) lists its statement."_s;
 
@@ -107,12 +108,11 @@ QLayout *frmAccountBook::buildQuery()
     auto *row = new QHBoxLayout;
     row->addWidget(captionOf(cmbType, u"&Group :"_s));
     row->addWidget(cmbType);
-    row->addSpacing(12);
+    row->addSpacing(gap);
     row->addWidget(captionOf(cmbAccount, u"A&ccount :"_s));
-    row->addWidget(cmbAccount);
-    row->addSpacing(12);
+    row->addWidget(cmbAccount, 1);
+    row->addSpacing(gap);
     row->addWidget(m_period);
-    row->addStretch();
     row->addWidget(cmdView);
     return row;
 }

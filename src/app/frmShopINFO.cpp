@@ -60,7 +60,7 @@ void frmShopINFO::buildForm()
     account->setColumnStretch(1, 1);
 
     auto *form = new QVBoxLayout(this);
-    form->setContentsMargins(28, 24, 28, 24);
+    form->setContentsMargins(28, 16, 28, 16);
     form->addLayout(fields);
     form->addSpacing(10);
     form->addWidget(Check1);

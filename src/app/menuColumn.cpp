@@ -9,15 +9,27 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int commandHeight = 46;
+constexpr int leastCommandHeight = 36;
 constexpr int commandWidth = 220;
+
+/// Taller than the house's commands: these are aimed at from across the counter. On a low monitor they shrink.
+class MenuCommand : public Command {
+public:
+    MenuCommand(const QString &name, const QString &caption) : Command(name, caption)
+    {
+        setMinimumHeight(leastCommandHeight);
+        setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override { return Command::sizeHint().expandedTo({0, commandHeight}); }
+};
 
 } // namespace
 
 Command *menuColumn::add(QBoxLayout &column, const Entry &entry)
 {
-    auto *command = new Command(entry.name, entry.caption);
-    // Taller and larger than the house's commands: these are aimed at from across the counter.
-    command->setMinimumHeight(commandHeight);
+    auto *command = new MenuCommand(entry.name, entry.caption);
+    // Larger letters too.
     QFont font = command->font();
     font.setPointSizeF(font.pointSizeF() * 1.1);
     command->setFont(font);

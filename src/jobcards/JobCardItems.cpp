@@ -44,6 +44,7 @@ void JobCardItems::buildForm()
     Command5 = new Command(u"Command5"_s, u"Remove"_s);
     Command6 = new Command(u"Command6"_s, u"Clear"_s);
     auto *commands = new QVBoxLayout;
+    commands->setSpacing(4);
     for (Command *command : {Command4, Command10, Command5, Command6})
         commands->addWidget(command);
     for (Command *command : {Command10, Command5, Command6})

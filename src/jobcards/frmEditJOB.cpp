@@ -43,6 +43,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
+/// Closer than elsewhere: the whole card is seen on a low monitor too.
+constexpr int rowSpacing = 6;
 
 kvTextBox *amountBox(const QString &name, bool shownOnly)
 {
@@ -106,6 +108,7 @@ QLayout *frmEditJOB::buildHead()
     lblTrialInfo->setObjectName(u"lblTrialInfo"_s);
 
     auto *grid = new QGridLayout;
+    grid->setVerticalSpacing(rowSpacing);
     grid->addWidget(captionOf(txtJOBID, u"JOB ID"_s), 0, 0);
     grid->addWidget(txtJOBID, 0, 1);
     grid->addWidget(captionOf(JobDate, u"Date :"_s), 0, 2);
@@ -157,6 +160,7 @@ QLayout *frmEditJOB::buildFoot()
     cancel->addWidget(Command8);
     cancel->addStretch();
     auto *state = new QVBoxLayout;
+    state->setSpacing(rowSpacing);
     state->addLayout(remark);
     state->addWidget(chJobStatus);
     state->addLayout(cancel);
@@ -173,6 +177,7 @@ QLayout *frmEditJOB::buildFoot()
     txtAmountDue->setFont(strong);
     txtAmount->setFont(strong);
     auto *money = new QGridLayout;
+    money->setVerticalSpacing(rowSpacing);
     const std::pair<QString, QWidget *> amounts[]{{u"Total Amount :"_s, txtAmountDue},
         {u"Amount Received :"_s, txtAmountPaid}, {u"Receipt Account :"_s, cmbAccount}, {u"Amount Due:"_s, txtAmount}};
     for (const auto &[caption, field] : amounts)

@@ -13,9 +13,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int verticalMargin = 8;
+constexpr int rowSpacing = 4;
+
+} // namespace
+
 StatusOptions::StatusOptions()
     : QGroupBox(u"Status"_s), m_grid(new QGridLayout(this)), m_options(new QButtonGroup(this))
 {
+    const QMargins around = m_grid->contentsMargins();
+    m_grid->setContentsMargins(around.left(), verticalMargin, around.right(), verticalMargin);
+    m_grid->setVerticalSpacing(rowSpacing);
     add(rowStatus::Uncompleted, u"opUcom"_s, u"Uncompleted"_s);
     add(rowStatus::Completed, u"opCom"_s, u"Completed"_s, u"lblDateCompleted"_s);
     add(rowStatus::Delivered, u"opDel"_s, u"Delivered to Client"_s, u"lblDateDeltoCust"_s);

@@ -5,6 +5,7 @@
 #include "comms/kvSMS.h"
 #include "comms/modSMS.h"
 #include "pictures/ImageSlot.h"
+#include "pictures/PictureBox.h"
 #include "pictures/clothColor.h"
 #include "pictures/printPicture.h"
 #include "production/StatusOptions.h"
@@ -37,6 +38,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QScrollBar>
+#include <QtMath>
 
 #include <cmath>
 
@@ -47,6 +49,10 @@ namespace {
 constexpr int mostStars = 5;
 constexpr int workerLetters = 20;
 constexpr int noteHeight = 64;
+/// So that the screen and its commands are seen whole on a low monitor.
+constexpr int leastPictureHeight = 90;
+constexpr int rowSpacing = 6;
+constexpr int detailsMargin = 8;
 
 QLabel *shownText(const QString &name, bool strong = false)
 {
@@ -84,6 +90,12 @@ void scrollTogether(QPlainTextEdit &one, QPlainTextEdit &other)
         one.verticalScrollBar(), &QScrollBar::valueChanged, other.verticalScrollBar(), &QScrollBar::setValue);
     QObject::connect(
         other.verticalScrollBar(), &QScrollBar::valueChanged, one.verticalScrollBar(), &QScrollBar::setValue);
+}
+
+int widthOfLines(const QPlainTextEdit &box)
+{
+    const double margins = 2 * (box.document()->documentMargin() + box.frameWidth());
+    return box.fontMetrics().size(0, box.toPlainText()).width() + qCeil(margins) + box.cursorWidth();
 }
 
 /// The amount in the field; none where it is not one. An empty field and a lone point stand for nothing.
@@ -132,6 +144,7 @@ QLayout *frmEditWorkerAssign::buildHead()
     lblDelDate = shownText(u"lblDelDate"_s, true);
 
     auto *grid = new QGridLayout;
+    grid->setVerticalSpacing(rowSpacing);
     const auto add = [grid](int row, int column, const QString &caption, QLabel *shown) {
         grid->addWidget(captionOf(shown, caption), row, column);
         grid->addWidget(shown, row, column + 1);
@@ -175,6 +188,7 @@ QLayout *frmEditWorkerAssign::buildWork()
     cut->addWidget(DtCutting);
     cut->addStretch();
     auto *grid = new QGridLayout;
+    grid->setVerticalSpacing(rowSpacing);
     grid->addWidget(captionOf(cmbWorker, u"Worker Name :"_s), 0, 0);
     grid->addWidget(cmbWorker, 0, 1);
     grid->addLayout(rating, 1, 1);
@@ -207,6 +221,9 @@ QWidget *frmEditWorkerAssign::buildWorkerDetails()
     paidDate->setEnabled(false);
 
     auto *grid = new QGridLayout(fWorkerDetails);
+    const QMargins around = grid->contentsMargins();
+    grid->setContentsMargins(around.left(), detailsMargin, around.right(), detailsMargin);
+    grid->setVerticalSpacing(rowSpacing);
     grid->addWidget(captionOf(txtWagesDue, u"Wages Due :"_s), 0, 0);
     grid->addWidget(txtWagesDue, 0, 1);
     grid->addWidget(new QLabel(u"Wages Paid :"_s), 0, 2, Qt::AlignRight);
@@ -232,8 +249,8 @@ QLayout *frmEditWorkerAssign::buildGarment()
 
     auto *measurements = new QHBoxLayout;
     measurements->setSpacing(2);
-    measurements->addWidget(txtCap, 2);
-    measurements->addWidget(txtSize, 3);
+    measurements->addWidget(txtCap, 1);
+    measurements->addWidget(txtSize, 1);
     auto *column = new QVBoxLayout;
     column->addWidget(new QLabel(u"Size :"_s));
     column->addLayout(measurements, 1);
@@ -262,6 +279,8 @@ QLayout *frmEditWorkerAssign::buildPictures()
     column->addLayout(color);
     column->addWidget(m_image1, 1);
     column->addWidget(m_image2, 1);
+    for (const ImageSlot *slot : {m_image1, m_image2})
+        slot->findChild<PictureBox *>()->setMinimumHeight(leastPictureHeight);
     return column;
 }
 
@@ -353,6 +372,8 @@ void frmEditWorkerAssign::showRow(const Recordset &row)
     txtLoc->setText(row.textOrEmpty(u"Loc"));
     txtRemark->setText(row.text(u"Remarks"));
     txtCap->setText(row.text(u"ItemDetails"));
+    // The values have the rest.
+    txtCap->setMaximumWidth(qMax(widthOfLines(*txtCap), txtCap->minimumSizeHint().width()));
     txtSize->setText(row.text(u"ItemDetailsValue"));
     m_status->showRow(row);
     chCutting->setChecked(!row.isNull(u"CuttingStatus") && row.integer(u"CuttingStatus") != cutting::NotDone);

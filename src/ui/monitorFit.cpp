@@ -4,6 +4,7 @@
 #include <QBoxLayout>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTabWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -37,24 +38,25 @@ protected:
     }
 };
 
-void makeScrollable(QWidget &window)
+/// Of a window, or of a part of one.
+void makeScrollable(QWidget &whole)
 {
-    QWidget *const focused = window.focusWidget();
     // Children of the window from the first on: so its order of tabs outlives the change.
-    auto *area = new Room(&window);
-    auto *content = new QWidget(&window);
-    window.layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
-    content->setLayout(window.layout());
+    auto *area = new Room(&whole);
+    auto *content = new QWidget(&whole);
+    whole.layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
+    content->setLayout(whole.layout());
     area->setObjectName(u"room"_s);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
     area->setWidget(content);
-    auto *whole = new QVBoxLayout(&window);
-    whole->setContentsMargins({});
-    whole->addWidget(area);
-    if (focused)
-        focused->setFocus(Qt::OtherFocusReason);
+    // The ground is that of the part.
+    content->setAutoFillBackground(false);
+    area->viewport()->setAutoFillBackground(false);
+    auto *around = new QVBoxLayout(&whole);
+    around->setContentsMargins({});
+    around->addWidget(area);
     QObject::connect(qApp, &QApplication::focusChanged, area, [area, content](QWidget *, const QWidget *now) {
         if (!now || !content->isAncestorOf(now))
             return;
@@ -66,6 +68,17 @@ void makeScrollable(QWidget &window)
     });
 }
 
+/// So that what stands around them is always seen.
+void makePagesScrollable(const QTabWidget &tabs)
+{
+    for (int index = 0; index < tabs.count(); ++index) {
+        QWidget *const page = tabs.widget(index);
+        makeScrollable(*page);
+        for (QWidget *asking = page; !asking->isWindow(); asking = asking->parentWidget())
+            asking->updateGeometry();
+    }
+}
+
 } // namespace
 
 void fitToMonitor(QWidget &window, const QScreen &monitor)
@@ -75,7 +88,13 @@ void fitToMonitor(QWidget &window, const QScreen &monitor)
     const QSize room = monitor.availableSize() - frame;
     QSize size = window.testAttribute(Qt::WA_Resized) ? window.size() : window.sizeHint();
     if (!fits(leastSize(*window.layout()), room)) {
-        makeScrollable(window);
+        QWidget *const focused = window.focusWidget();
+        for (const QTabWidget *tabs : window.findChildren<QTabWidget *>())
+            makePagesScrollable(*tabs);
+        if (!fits(leastSize(*window.layout()), room))
+            makeScrollable(window);
+        if (focused)
+            focused->setFocus(Qt::OtherFocusReason);
         size = size.expandedTo(room);
     }
     window.setMinimumSize(window.minimumSize().boundedTo(room));

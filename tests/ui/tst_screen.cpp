@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -99,6 +100,7 @@ private slots:
     void activationComesOnceForEachComingToTheFront();
     void whatAnotherProgramWroteIsNoticedOnComingBack();
     void noScreenIsLargerThanItsMonitor();
+    void pagesScrollAndWhatStandsBelowThemIsSeen();
     void aDialogAtTheEdgeStaysOnTheDisplay();
     void theSizeThatTheUserGaveComesBack();
     void failuresReachTheHandlerOnce();
@@ -328,6 +330,35 @@ void ScreenTest::noScreenIsLargerThanItsMonitor()
         press(Qt::Key_Tab);
         QVERIFY(screen.first.hasFocus());
         QVERIFY(screen.rect().contains(screen.first.mapTo(&screen, QPoint(2, 2))));
+    }
+}
+
+void ScreenTest::pagesScrollAndWhatStandsBelowThemIsSeen()
+{
+    EntryScreen screen;
+    auto *tabs = new QTabWidget;
+    screen.form.insertWidget(0, tabs);
+    QList<QLineEdit *> ends;
+    for (int page = 0; page < 2; ++page) {
+        auto *rows = new QVBoxLayout(new QWidget);
+        rows->addWidget(new QLineEdit);
+        rows->addSpacing(1500);
+        ends.append(new QLineEdit);
+        rows->addWidget(ends.last());
+        tabs->addTab(rows->parentWidget(), QString::number(page));
+    }
+    screen.second.setFocus();
+    QVERIFY(driver::show(screen));
+    QVERIFY(screen.second.hasFocus());
+    const auto isSeen = [](const QWidget &control) { return control.visibleRegion().boundingRect() == control.rect(); };
+    for (int page = 0; page < 2; ++page) {
+        tabs->setCurrentIndex(page);
+        QTRY_VERIFY(isSeen(screen.close));
+        QVERIFY(!isSeen(*ends.at(page)));
+        ends.at(page)->setFocus();
+        QVERIFY(isSeen(*ends.at(page)) && isSeen(screen.close));
+        press(Qt::Key_Tab);
+        QVERIFY(screen.first.hasFocus());
     }
 }
 
