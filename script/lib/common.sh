@@ -34,9 +34,10 @@ fresh_home()
     export XDG_RUNTIME_DIR="$HOME/runtime"
 }
 
+virtual_display=1366x768
 on_virtual_display()
 {
-    xvfb-run -a -s "-screen 0 1366x768x24" "$@"
+    xvfb-run -a -s "-screen 0 ${virtual_display}x24" "$@"
 }
 
 # run_tests PRESET [ctest arguments]: ends with the plain line "N passed, N failed"; its status tells whether all passed.

@@ -76,6 +76,7 @@ picture main
 echo "The masters: a client is found and looked at, a new one added; items, workers and accounts."
 keys alt+m
 window "Masters"
+picture masters
 keys alt+c
 window "Clients"
 words "me"
@@ -232,6 +233,18 @@ window "Item"
 picture item-with-note
 keys alt+1
 window "Show Full Size Image"
+picture full-size
+keys Escape
+window "Item"
+# Before the command of the note stands that of the camera, behind those of the second image.
+keys shift+Tab space
+window "Capture Picture from Web Cam"
+picture camera
+keys Escape
+window "Item"
+keys Tab Tab Tab Tab space
+window "Select Picture"
+picture select-picture
 keys Escape
 window "Item"
 keys alt+o
@@ -321,6 +334,7 @@ window "$main"
 echo "Today's trials, and what is due."
 keys alt+s
 window "Reports"
+picture reports
 keys alt+t
 window "Trial Date Reminders"
 keys Menu
@@ -484,6 +498,16 @@ window "Edit Entry"
 keys Escape
 window "Account Book"
 picture worker-statement
+keys alt+v Down Return
+window "Edit Entry"
+# Its letter is that of Delete too, and leads from one to the other.
+keys alt+d space
+window "Payroll Details"
+picture payroll-details
+keys Escape
+window "Edit Entry"
+keys Escape
+window "Account Book"
 keys Escape
 window "Reports"
 keys alt+a
@@ -535,6 +559,33 @@ window "Settings"
 sleep 1
 picture settings-restored
 keys Escape
+window "$main"
+
+echo "The shop is locked: who opens it must give the password."
+keys Tab Tab Tab Tab Tab Tab Return
+window "Shop INFO"
+keys Tab Tab Tab Tab Tab space Tab
+field "owner"
+words "secret"
+keys alt+s
+answer Return
+window "Shop INFO"
+keys Escape
+window "$main"
+keys alt+a
+window "About"
+picture about
+keys Escape
+window "$main"
+keys alt+F4
+wait "$corvane"
+"$program" &
+corvane=$!
+window "Corvane"
+picture login
+field "owner"
+words "secret"
+keys Return
 window "$main"
 
 [[ $(tail --bytes 16 "$tour/data.xml") == *"</jobcards>"* ]] || stop "the status report is not whole"

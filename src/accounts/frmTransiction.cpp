@@ -42,15 +42,11 @@ QLabel *sideLabel(const QString &name)
     return label;
 }
 
-/// A box that the screen alone fills, in the look of what can't be typed in.
 kvTextBox *shownBox(const QString &name, int type)
 {
     auto *box = new kvTextBox(name, type);
-    box->setReadOnly(true);
+    showOnly(*box);
     box->setFocusPolicy(Qt::NoFocus);
-    QPalette quiet = box->palette();
-    quiet.setColor(QPalette::Base, quiet.color(QPalette::Window));
-    box->setPalette(quiet);
     return box;
 }
 

@@ -75,8 +75,11 @@ void frmOpenJob::buildForm()
     Command1 = new Command(u"Command1"_s, u"&Open"_s);
     Command1->setDefault(true);
     cmdPrint = new Command(u"cmdPrint"_s, u"&Print"_s);
+    lblMore = hintLabel(u"Only the newest %1 are listed: type on to find others."_s.arg(mostCards));
+    lblMore->hide();
 
     auto *commands = new QHBoxLayout;
+    commands->addWidget(lblMore, 1);
     commands->addStretch();
     commands->addWidget(cmdPrint);
     commands->addWidget(Command1);
@@ -112,9 +115,10 @@ void frmOpenJob::listCards()
             m_cards.emplace();
         const auto cards = m_cards->find(text, mostCards + 1);
         std::ranges::transform(cards, std::back_inserter(rows), rowOf);
-        if (rows.size() > mostCards)
-            rows.back() = {.cells = {{}, {}, u"and more: type on"_s}};
     }
+    lblMore->setVisible(rows.size() > mostCards);
+    if (rows.size() > mostCards)
+        rows.pop_back();
     lvFound->setEmptyText(whyEmpty(text));
     lvFound->list().setRows(std::move(rows));
     // Enter right after the last letter takes the newest.

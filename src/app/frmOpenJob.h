@@ -7,6 +7,7 @@
 
 class Command;
 class ListView;
+class QLabel;
 class kvTextBox;
 
 /// Opens or prints a job card: by the number that stands on the client's paper, or by a part of his name or of his
@@ -28,6 +29,7 @@ private:
 
     kvTextBox *txtJOBID;
     ListView *lvFound;
+    QLabel *lblMore;
     Command *cmdPrint;
     Command *Command1;
     /// None before a client was sought: whoever types a number waits for nothing.

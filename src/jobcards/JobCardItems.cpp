@@ -7,10 +7,10 @@
 #include "store/lookups.h"
 #include "ui/Command.h"
 #include "ui/ListView.h"
+#include "ui/RowMenu.h"
 #include "ui/frmMsg.h"
 
 #include <QBoxLayout>
-#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -78,20 +78,13 @@ bool JobCardItems::isListFocused() const
 
 void JobCardItems::openMenu(QPoint place)
 {
-    auto *menu = new QMenu(this);
-    menu->setObjectName(u"rowMenu"_s);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [menu](const QString &text, const QObject *receiver, auto &&act) {
-        // Once the menu has closed, so that a message comes up above the screen.
-        QObject::connect(menu->addAction(text), &QAction::triggered, receiver, act, Qt::QueuedConnection);
-    };
-    add(u"Open\tEnter"_s, this, [this] { emit editWanted(); });
-    add(u"Copy"_s, this, [this] { copyRow(); });
-    add(u"Remove\tDel"_s, this, [this] { removeRow(); });
+    auto *menu = new RowMenu(this);
+    menu->add(u"Open"_s, Qt::Key_Enter, [this] { emit editWanted(); });
+    menu->add(u"Copy"_s, Qt::Key_unknown, [this] { copyRow(); });
+    menu->add(u"Remove"_s, Qt::Key_Delete, [this] { removeRow(); });
     menu->addSeparator();
-    add(u"Clear"_s, this, [this] { clearRows(); });
-    menu->popup(place);
-    menu->setActiveAction(menu->actions().constFirst());
+    menu->add(u"Clear"_s, Qt::Key_unknown, [this] { clearRows(); });
+    menu->open(place);
 }
 
 Currency JobCardItems::total() const

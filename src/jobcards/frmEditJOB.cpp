@@ -44,22 +44,14 @@ namespace {
 
 constexpr int largestJobNumber = std::numeric_limits<qint16>::max();
 
-void lookShownOnly(kvTextBox &box)
-{
-    QPalette quiet = box.palette();
-    quiet.setColor(QPalette::Base, quiet.color(QPalette::Window));
-    box.setPalette(quiet);
-}
-
 kvTextBox *amountBox(const QString &name, bool shownOnly)
 {
     auto *box = new kvTextBox(name, boxType::Plain);
     box->setText(Money(0));
     box->setAlignment(Qt::AlignRight);
     if (shownOnly) {
-        box->setReadOnly(true);
+        showOnly(*box);
         box->setFocusPolicy(Qt::NoFocus);
-        lookShownOnly(*box);
     }
     return box;
 }
@@ -99,9 +91,8 @@ QWidget *frmEditJOB::buildGreeting()
 QLayout *frmEditJOB::buildHead()
 {
     txtJOBID = new kvTextBox(u"txtJOBID"_s, boxType::Plain);
-    txtJOBID->setReadOnly(true);
+    showOnly(*txtJOBID);
     txtJOBID->setFocusPolicy(Qt::ClickFocus);
-    lookShownOnly(*txtJOBID);
     JobDate = new DateField(u"JobDate"_s);
     cmbClient = accountCombo(u"cmbClient"_s);
     // Off the way of Enter and Tab: whoever has found the client by typing goes on to the dates with one stroke.

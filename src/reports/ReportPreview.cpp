@@ -68,18 +68,26 @@ void ReportPreview::buildForm()
     cmdPrint = new Command(u"cmdPrint"_s, u"&Print"_s);
     cmdPrint->setDefault(true);
 
-    auto *commands = new QHBoxLayout;
+    auto *reading = new QHBoxLayout;
     for (QWidget *control : std::initializer_list<QWidget *>{cmdFirst, cmdPrevious, lblPage, cmdNext, cmdLast})
-        commands->addWidget(control);
-    commands->addSpacing(16);
+        reading->addWidget(control);
+    reading->addSpacing(16);
     for (QWidget *control : std::initializer_list<QWidget *>{cmdZoomOut, cmbZoom, cmdZoomIn})
-        commands->addWidget(control);
+        reading->addWidget(control);
+    reading->addStretch();
+    auto *commands = new QHBoxLayout;
     commands->addStretch();
     for (Command *command : {cmdClose, cmdSavePdf, cmdPrint})
         commands->addWidget(command);
+    auto *bar = new QBoxLayout(QBoxLayout::LeftToRight);
+    bar->addLayout(reading);
+    bar->addLayout(commands);
 
     auto *whole = new QVBoxLayout(this);
-    whole->addLayout(commands);
+    whole->addLayout(bar);
+    // In two lines on a narrow monitor: nothing is scrolled out of sight.
+    if (whole->minimumSize().width() > screen()->availableGeometry().width())
+        bar->setDirection(QBoxLayout::TopToBottom);
     whole->addWidget(m_view, 1);
     resize(1060, 690);
     m_view->setFocus();

@@ -1,5 +1,6 @@
 #include "ui/ListView.h"
 
+#include "ui/SpillingText.h"
 #include "ui/theme.h"
 #include "ui/userValues.h"
 
@@ -37,6 +38,7 @@ ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setModel(m_list);
+    setItemDelegate(new SpillingText(*this));
     header()->setMinimumSectionSize(leastColumnWidth);
     header()->setStretchLastSection(false);
     header()->setTextElideMode(Qt::ElideRight);

@@ -5,10 +5,10 @@
 #include "ui/ListFinder.h"
 #include "ui/ListView.h"
 #include "ui/PeriodFields.h"
+#include "ui/RowMenu.h"
 #include "ui/frmMsg.h"
 
 #include <QAbstractButton>
-#include <QMenu>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -140,27 +140,16 @@ void RegisterScreen::openMenu(QPoint place)
     if (m_actions.empty() || !currentRow())
         return;
     m_place = m_list->currentRow();
-    auto *menu = new QMenu(this);
-    menu->setObjectName(u"rowMenu"_s);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
+    auto *menu = new RowMenu(this);
     for (const RowAction &action : m_actions) {
-        if (action.caption.isEmpty()) {
+        if (action.caption.isEmpty())
             menu->addSeparator();
-            continue;
-        }
-        QString text = action.caption;
-        if (action.key != QKeyCombination(Qt::Key_unknown))
-            text += u'\t' + QKeySequence(action.key).toString(QKeySequence::NativeText);
-        // Once the menu has closed: what the command shows comes up above the screen and not above the menu.
-        connect(
-            menu->addAction(text), &QAction::triggered, this, [this, &action] { run(action); }, Qt::QueuedConnection);
+        else
+            menu->add(action.caption, action.key, [this, &action] { run(action); });
     }
     if (!m_undos.empty()) {
         menu->addSeparator();
-        const QString keys = QKeySequence(Qt::CTRL | Qt::Key_Z).toString(QKeySequence::NativeText);
-        connect(menu->addAction(u"Undo: "_s + m_undos.back().what + u'\t' + keys), &QAction::triggered, this,
-            &RegisterScreen::undo, Qt::QueuedConnection);
+        menu->add(u"Undo: "_s + m_undos.back().what, Qt::CTRL | Qt::Key_Z, [this] { undo(); });
     }
-    menu->popup(place);
-    menu->setActiveAction(menu->actions().constFirst());
+    menu->open(place);
 }

@@ -74,6 +74,14 @@ void nameAloud(QWidget *control, const QString &caption)
     }
 }
 
+void showOnly(QLineEdit &box)
+{
+    box.setReadOnly(true);
+    QPalette quiet = box.palette();
+    quiet.setColor(QPalette::Base, quiet.color(QPalette::Window));
+    box.setPalette(quiet);
+}
+
 void chainTabs(const QList<QWidget *> &order)
 {
     for (qsizetype i = 1; i < order.size(); ++i)

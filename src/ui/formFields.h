@@ -8,6 +8,7 @@
 class QGridLayout;
 class QHBoxLayout;
 class QLabel;
+class QLineEdit;
 class QWidget;
 
 /// The label of a field, to stand before it: its access key, if `caption` has one, goes to the field, and so does its
@@ -26,6 +27,9 @@ void addField(QGridLayout &grid, int row, const QString &caption, QWidget *field
 /// What a screen reader says for `control`: the caption without its signs. A control that stands for another one, being
 /// its focus proxy, passes it on.
 void nameAloud(QWidget *control, const QString &caption);
+
+/// A box that the screen alone fills can't be typed in, and looks so.
+void showOnly(QLineEdit &box);
 
 /// Tab goes through the controls in this order.
 void chainTabs(const QList<QWidget *> &order);

@@ -9,6 +9,7 @@
 #include "store/settings.h"
 #include "support/fileContent.h"
 #include "support/screenDriver.h"
+#include "ui/userValues.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -96,14 +97,12 @@ bool runProgram(const std::function<void(frmMain &)> &work)
 
 QString storedMarker()
 {
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Corvane"_s, u"Corvane"_s)
-        .value(u"Setup/Run"_s)
-        .toString();
+    return userValues().value(u"Setup/Run"_s).toString();
 }
 
 void storeMarker(const QString &value)
 {
-    QSettings(QSettings::IniFormat, QSettings::UserScope, u"Corvane"_s, u"Corvane"_s).setValue(u"Setup/Run"_s, value);
+    userValues().setValue(u"Setup/Run"_s, value);
 }
 
 QStringList accounts()

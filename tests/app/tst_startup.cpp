@@ -2,6 +2,7 @@
 
 #include "StartFolder.h"
 #include "app/frmMain.h"
+#include "app/programFolder.h"
 #include "base/RuntimeError.h"
 #include "base/clock.h"
 #include "base/safeFile.h"
@@ -14,8 +15,11 @@
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 
+#include <QDir>
 #include <QDirIterator>
+#include <QFileInfo>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTest>
 
 #include <optional>
@@ -29,17 +33,15 @@ class StartupTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void theFolderIsThatOfTheOptionOrTheEnvironmentOrTheProgramsOwn();
+    void aFolderIsMadeAndGetsTheDemo();
     void aFirstStartOffersTheChoice();
     void theMarkerTellsAFirstRun();
     void theLastLineNamesTheDatabase();
     void aFolderThatCannotBeWrittenEndsTheStart();
-    void aMissingDemoStaysIdle();
     void anotherVersionIsLeftAlone();
-    void theDefaultFileIsNotReplaced();
-    void aFileThatCannotBeOpenedIsShownAndAnotherOffered();
     void theOfferIsRepeatedUntilADatabaseIsOpen();
     void aFileThatCannotBeMadeTellsWhy();
-    void aDefaultFileThatIsGoneIsTheCause();
     void anUnfinishedSaveIsTold();
     void nobodyElseMayReadWhatTheProgramMakes();
     void theWorkingDate();
@@ -85,6 +87,37 @@ void closeIt(QWidget &)
 
 } // namespace
 
+void StartupTest::theFolderIsThatOfTheOptionOrTheEnvironmentOrTheProgramsOwn()
+{
+    StartFolder own;
+    QCOMPARE(chooseProgramFolder({}, own.folder.path()), own.folder.path());
+    qputenv("XDG_DATA_HOME", "/home/tailor/data");
+    QCOMPARE(chooseProgramFolder({}, own.path(u"gone"_s)), u"/home/tailor/data/corvane"_s);
+    qunsetenv("XDG_DATA_HOME");
+    qputenv("CORVANE_FOLDER", "/by/environment/");
+    const auto unset = qScopeGuard([] { qunsetenv("CORVANE_FOLDER"); });
+    QCOMPARE(chooseProgramFolder({}, own.folder.path()), u"/by/environment"_s);
+    QCOMPARE(chooseProgramFolder(u"/by/option"_s, own.folder.path()), u"/by/option"_s);
+    QCOMPARE(chooseProgramFolder(u"shop"_s, own.folder.path()), QDir::currentPath() + u"/shop"_s);
+}
+
+void StartupTest::aFolderIsMadeAndGetsTheDemo()
+{
+    StartFolder own;
+    // Delivered without a demo, there is none.
+    prepareProgramFolder(own.path(u"bare"_s), own.folder.path());
+    QVERIFY(QDir(own.path(u"bare"_s)).exists() && QDir(own.path(u"bare"_s)).isEmpty());
+    own.write(u"demo.mdb"_s, "delivered");
+    QVERIFY(QFile::setPermissions(own.path(u"demo.mdb"_s), QFile::ReadOwner));
+    prepareProgramFolder(own.path(u"new/shop"_s), own.folder.path());
+    QCOMPARE(own.content(u"new/shop/demo.mdb"_s), "delivered"_ba);
+    QVERIFY(QFile::permissions(own.path(u"new/shop/demo.mdb"_s)).testFlag(QFile::WriteOwner));
+    // One that is there stays.
+    own.write(u"new/shop/demo.mdb"_s, "worked in");
+    prepareProgramFolder(own.path(u"new/shop"_s), own.folder.path());
+    QCOMPARE(own.content(u"new/shop/demo.mdb"_s), "worked in"_ba);
+}
+
 void StartupTest::aFirstStartOffersTheChoice()
 {
     struct Choice {
@@ -116,14 +149,11 @@ void StartupTest::aFirstStartOffersTheChoice()
 
 void StartupTest::theMarkerTellsAFirstRun()
 {
-    for (const auto &[stored, first] : {std::pair(QString(), true), std::pair(u"0"_s, true), std::pair(u"1"_s, false),
-             std::pair(u"2"_s, false), std::pair(u"-1"_s, false)}) {
-        StartFolder start;
-        if (!stored.isNull())
-            storeMarker(stored);
+    StartFolder start;
+    QVERIFY(IsFirstRun());
+    for (const auto &[stored, first] : {std::pair{u"0"_s, true}, {u"1"_s, false}, {u"2"_s, false}, {u"-1"_s, false}}) {
+        storeMarker(stored);
         QCOMPARE(IsFirstRun(), first);
-        endFirstRun();
-        QVERIFY(!IsFirstRun());
     }
 }
 
@@ -132,8 +162,7 @@ void StartupTest::theLastLineNamesTheDatabase()
     StartFolder start;
     const QString byDefault = start.path(u"data15.mdb"_s);
     const std::pair<QByteArray, QString> configs[]{{"DBPATH=/shop/a.mdb", u"/shop/a.mdb"_s},
-        {"first\r\n\r\nDBPATH=/shop/a.mdb\r\n", u"/shop/a.mdb"_s}, {"first\nDBPATH=/shop/a.mdb\n", u"/shop/a.mdb"_s},
-        {"dbpath=/shop/a.mdb", u"/shop/a.mdb"_s}, {"my DBPath here=/shop/a.mdb", u"/shop/a.mdb"_s},
+        {"first\r\n\r\nDBPATH=/shop/a.mdb\r\n", u"/shop/a.mdb"_s}, {"my DBPath here=/shop/a.mdb", u"/shop/a.mdb"_s},
         {"DBPATH=/दुकान/my shop.mdb", u"/दुकान/my shop.mdb"_s}, {"DBPATH=/shop/a=b.mdb", u"/shop/a"_s},
         {"DBPATH=", byDefault}, {"DBPATH=NONE", byDefault}, {"DBPATH=none", u"none"_s}, {"DBPATH==x", byDefault}};
     for (const auto &[config, path] : configs) {
@@ -164,31 +193,6 @@ void StartupTest::aFolderThatCannotBeWrittenEndsTheStart()
     }
     QCOMPARE(start.content(u"file"_s), "not a folder"_ba);
     QVERIFY(!QFileInfo::exists(start.path(u"missing"_s)));
-    // Pictures that are there stay, and a folder for them that cannot be made is none of the start's cares.
-    QVERIFY(QDir(start.path({})).mkdir(u"images"_s));
-    start.write(u"images/coat.jpg"_s, "cloth");
-    for (const QString &folder : {QString(), u"images/coat.jpg"_s}) {
-        session::ProgramFolder = start.path(folder);
-        MakeImagesFolder();
-        QCOMPARE(start.content(u"images/coat.jpg"_s), "cloth"_ba);
-    }
-}
-
-void StartupTest::aMissingDemoStaysIdle()
-{
-    StartFolder start;
-    start.addDatabase(u"data15.mdb"_s);
-    start.configure(start.path(u"demo.mdb"_s));
-    RestartSession();
-    QCOMPARE(session::DBPath, start.path(u"data15.mdb"_s));
-    // The default file gets the accounts of a new one on top of its own.
-    QCOMPARE(accounts().size(), ashasShop.size() + newShop.size());
-    QCOMPARE(start.content(u"cv.ini"_s), "DBPATH=" + start.path(u"demo.mdb"_s).toUtf8() + "\r\n");
-    Connection idle;
-    idle.open(start.path(u"demo.mdb"_s));
-    Recordset rows(idle, u"Accounts"_s);
-    rows.open();
-    QCOMPARE(rows.recordCount(), 0);
 }
 
 void StartupTest::anotherVersionIsLeftAlone()
@@ -207,6 +211,15 @@ void StartupTest::anotherVersionIsLeftAlone()
     QCOMPARE(start.content(u"old.mdb"_s), before);
     RestartSession();
     QVERIFY(script.isDone());
+    // A default file that is there is not replaced; until the next start the session goes on with what it has.
+    const QByteArray byDefault = start.content(u"data15.mdb"_s);
+    start.configure(start.path(u"old.mdb"_s));
+    script.expectBox(invalidDatabase(u"14"_s));
+    RestartSession();
+    QCOMPARE(GetSetting(setting::DatabaseVersion), u"14"_s);
+    QCOMPARE(start.content(u"data15.mdb"_s), byDefault);
+    RestartSession();
+    QCOMPARE(GetSetting(setting::DatabaseVersion), u"15"_s);
     // In the default place it stays in use.
     DE().CN.close();
     start.write(u"data15.mdb"_s, before);
@@ -220,77 +233,28 @@ void StartupTest::anotherVersionIsLeftAlone()
     QCOMPARE(start.content(u"data15.mdb"_s), before);
 }
 
-void StartupTest::theDefaultFileIsNotReplaced()
-{
-    StartFolder start;
-    start.addDatabase(u"old.mdb"_s, u"0"_s);
-    StartFolder fresh;
-    fresh.addDatabase(u"data15.mdb"_s);
-    session::ProgramFolder = start.path({});
-    start.write(u"data15.mdb"_s, fresh.content(u"data15.mdb"_s));
-    start.configure(start.path(u"old.mdb"_s));
-    const QByteArray before = start.content(u"data15.mdb"_s);
-    ModalScript script;
-    script.expectBox(invalidDatabase(u"0"_s));
-    RestartSession();
-    // Until the next start the session goes on with the database that it has.
-    QCOMPARE(GetSetting(setting::DatabaseVersion), u"0"_s);
-    QCOMPARE(start.content(u"data15.mdb"_s), before);
-    RestartSession();
-    QCOMPARE(GetSetting(setting::DatabaseVersion), u"15"_s);
-    QVERIFY(script.isDone());
-}
-
-void StartupTest::aFileThatCannotBeOpenedIsShownAndAnotherOffered()
-{
-    StartFolder sound;
-    sound.addDatabase(u"shop.mdb"_s);
-    const QByteArray whole = sound.content(u"shop.mdb"_s);
-    for (const auto &[content, fault] :
-        {std::pair(QByteArray(8192, 'x'), Fault::NotADatabase), std::pair(QByteArray(), Fault::NotADatabase),
-            std::pair(whole.chopped(4096), Fault::Damaged), std::pair(whole, Fault::Locked)}) {
-        StartFolder start;
-        storeMarker(u"1"_s);
-        start.write(u"shop.mdb"_s, content);
-        start.configure(start.path(u"shop.mdb"_s));
-        Connection other;
-        if (fault == Fault::Locked) {
-            other.open(start.path(u"shop.mdb"_s));
-            other.define(u"begin exclusive"_s);
-        }
-        ModalScript script;
-        script.expectBox(fileError(fault, start.path(u"shop.mdb"_s)));
-        script.expect(u"frmSelectDB"_s, chooseDefault);
-        QVERIFY(runProgram([&](frmMain &) {
-            QCOMPARE(session::DBPath, start.path(u"data15.mdb"_s));
-            QCOMPARE(accounts(), newShop);
-        }));
-        other.close();
-        QCOMPARE(start.content(u"shop.mdb"_s), content);
-        QCOMPARE(start.config(), configOf(start.path(u"data15.mdb"_s)));
-    }
-}
-
 void StartupTest::theOfferIsRepeatedUntilADatabaseIsOpen()
 {
     StartFolder start;
+    ModalScript script;
     start.write(u"shop.mdb"_s, "x");
     start.write(u"demo.mdb"_s, "y");
-    start.write(u"data15.mdb"_s, "z");
     start.configure(start.path(u"shop.mdb"_s));
-    const auto errorOf = [&](const QString &name) { return fileError(Fault::NotADatabase, start.path(name)); };
-    ModalScript script;
+    const auto expectFault = [&](Fault fault, const QString &name, const ModalScript::Action &choose) {
+        script.expectBox(fileError(fault, start.path(name))).expect(u"frmSelectDB"_s, choose);
+    };
     // At the first run the choice comes before anything is opened, and then again for each file that fails.
     script.expect(u"frmSelectDB"_s, closeIt);
-    script.expectBox(errorOf(u"shop.mdb"_s)).expect(u"frmSelectDB"_s, closeIt);
-    script.expectBox(errorOf(u"shop.mdb"_s)).expect(u"frmSelectDB"_s, chooseDemo);
-    script.expectBox(errorOf(u"demo.mdb"_s)).expect(u"frmSelectDB"_s, [&](QWidget &) {
-        QVERIFY(QFile::remove(start.path(u"data15.mdb"_s)));
-        press(Qt::Key_Space);
+    expectFault(Fault::NotADatabase, u"shop.mdb"_s, closeIt);
+    expectFault(Fault::NotADatabase, u"shop.mdb"_s, chooseDemo);
+    expectFault(Fault::NotADatabase, u"demo.mdb"_s, [&](QWidget &window) {
+        QVERIFY(QFile::remove(start.path(u"demo.mdb"_s)));
+        closeIt(window);
     });
-    QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
+    expectFault(Fault::FileNotFound, u"data15.mdb"_s, chooseDefault);
+    QVERIFY(runProgram([](frmMain &) { QCOMPARE(accounts(), newShop); }));
     QCOMPARE(start.content(u"shop.mdb"_s), "x"_ba);
-    QCOMPARE(start.content(u"demo.mdb"_s), "y"_ba);
+    QCOMPARE(start.config(), configOf(start.path(u"data15.mdb"_s)));
 }
 
 void StartupTest::aFileThatCannotBeMadeTellsWhy()
@@ -312,23 +276,6 @@ void StartupTest::aFileThatCannotBeMadeTellsWhy()
     });
     QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
     QVERIFY(!QFileInfo::exists(start.path(u"gone"_s)));
-}
-
-void StartupTest::aDefaultFileThatIsGoneIsTheCause()
-{
-    StartFolder start;
-    storeMarker(u"1"_s);
-    start.write(u"shop.mdb"_s, "x");
-    start.configure(start.path(u"shop.mdb"_s));
-    ModalScript script;
-    script.expectBox(fileError(Fault::NotADatabase, start.path(u"shop.mdb"_s)));
-    script.expect(u"frmSelectDB"_s, [&](QWidget &window) {
-        QVERIFY(QFile::remove(start.path(u"shop.mdb"_s)));
-        closeIt(window);
-    });
-    script.expectBox(fileError(Fault::FileNotFound, start.path(u"data15.mdb"_s)));
-    script.expect(u"frmSelectDB"_s, chooseDefault);
-    QVERIFY(runProgram([&](frmMain &) { QCOMPARE(accounts(), newShop); }));
 }
 
 void StartupTest::anUnfinishedSaveIsTold()

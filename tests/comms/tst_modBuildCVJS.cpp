@@ -10,7 +10,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -27,8 +26,7 @@ private slots:
     void theReportSaysWhatEachCardSaysAlone();
     void numbersAboveSixteenBitsStopIt();
     void aPlaceThatIsNoneIsLeftAlone();
-    void byALinkTheFileItLeadsToIsMeant();
-    void aFileIsItsOwnersAloneOrHasTheRightsOfTheOneBefore();
+    void theFileBeforeGivesItsPlaceAndRights();
 };
 
 namespace {
@@ -112,12 +110,8 @@ void StatusReportTest::bothDaysCount()
     for (const QDate date : {first.addDays(-1), first, last, last.addDays(1)})
         shop.addCard(++number, 0, date);
     const QByteArray report = shop.report();
-    QByteArray listed;
-    for (char card = '1'; card <= '4'; ++card) {
-        if (report.contains(QByteArray("<jobcard id=\"") + card))
-            listed += card;
-    }
-    QCOMPARE(listed, "23"_ba);
+    QVERIFY(report.contains("<jobcard id=\"2\"") && report.contains("<jobcard id=\"3\""));
+    QCOMPARE(report.count("<jobcard id="), 2);
     // Without cards there are two line ends.
     QCOMPARE(shop.report({2012, 1, 1}, {2012, 1, 31}), head + foot);
 }
@@ -201,9 +195,6 @@ void StatusReportTest::aPlaceThatIsNoneIsLeftAlone()
     writeContent(folder.filePath(u"cv.ini"_s), "DBPATH=");
     QVERIFY(QFile::link(folder.filePath(u"cv.ini"_s), folder.filePath(u"ini.xml"_s)));
     QVERIFY(QFile::link(folder.filePath(u"gone.xml"_s), folder.filePath(u"dangling.xml"_s)));
-    const QString before = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(folder.path()));
-    const auto back = qScopeGuard([&before] { QDir::setCurrent(before); });
     const QByteArray database = contentOf(shop.path());
     const QStringList names = folder.entryList(QDir::AllEntries | QDir::System);
     const auto isRefused = [&](const QString &place, const QString &why) {
@@ -225,38 +216,30 @@ void StatusReportTest::aPlaceThatIsNoneIsLeftAlone()
              std::pair{u"/dev/null"_s, u"That is a device, and not a file."_s},
              std::pair{in + u"data15.mdb"_s, ofTheShop}, std::pair{in + u"images/../link.mdb"_s, ofTheShop},
              std::pair{in + u"ini.xml"_s, ofTheProgram},
-             std::pair{in + u"dangling.xml"_s, u"That link leads nowhere."_s}, std::pair{u"./data.xml"_s, partly},
+             std::pair{in + u"dangling.xml"_s, u"That link leads nowhere."_s}, std::pair{u"data.xml"_s, partly},
              std::pair{u"C:\\data.xml"_s, partly}})
         isRefused(place, why);
     for (const char *name : {"cv.ini", "demo.mdb", "Lang.mdb", "DATA14.MDB", "CVbackup.gz", "data15.mdb-journal"})
         isRefused(in + QLatin1StringView(name), ofTheProgram);
     QCOMPARE(contentOf(shop.path()), database);
-    QVERIFY(!QFileInfo(u"/dev/null"_s).isFile());
-    QVERIFY(!QFileInfo::exists(u"/dev/null.new"_s));
 }
 
-void StatusReportTest::byALinkTheFileItLeadsToIsMeant()
-{
-    Shop shop;
-    const QDir folder(shop.folder.path());
-    QVERIFY(folder.mkdir(u"shared"_s));
-    writeContent(folder.filePath(u"shared/data.xml"_s), "old");
-    QVERIFY(QFile::link(folder.filePath(u"shared/data.xml"_s), shop.file()));
-    QCOMPARE(shop.report(), head + foot);
-    QVERIFY(QFileInfo(shop.file()).isSymLink());
-    QCOMPARE(contentOf(folder.filePath(u"shared/data.xml"_s)), head + foot);
-}
-
-void StatusReportTest::aFileIsItsOwnersAloneOrHasTheRightsOfTheOneBefore()
+void StatusReportTest::theFileBeforeGivesItsPlaceAndRights()
 {
     Shop shop;
     static_cast<void>(shop.report());
     QCOMPARE(QFileInfo(shop.file()).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
+    // By a link the file that it leads to is meant.
+    const QString shared = shop.folder.filePath(u"shared.xml"_s);
+    QVERIFY(QFile::rename(shop.file(), shared) && QFile::link(shared, shop.file()));
     for (const int rights : {0x6644, 0x6640}) {
-        QFile::setPermissions(shop.file(), QFile::Permissions(rights));
-        const QFile::Permissions before = QFileInfo(shop.file()).permissions();
+        writeContent(shared, "old");
+        QFile::setPermissions(shared, QFile::Permissions(rights));
+        const QFile::Permissions before = QFileInfo(shared).permissions();
         QCOMPARE(shop.report(), head + foot);
-        QCOMPARE(QFileInfo(shop.file()).permissions(), before);
+        QVERIFY(QFileInfo(shop.file()).isSymLink());
+        QCOMPARE(contentOf(shared), head + foot);
+        QCOMPARE(QFileInfo(shared).permissions(), before);
     }
 }
 

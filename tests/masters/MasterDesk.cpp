@@ -6,9 +6,6 @@
 #include "masters/frmEditItem.h"
 #include "masters/frmEditWorker.h"
 
-#include <QApplication>
-#include <QClipboard>
-
 using namespace Qt::StringLiterals;
 
 MasterDesk::MasterDesk()
@@ -89,10 +86,4 @@ void deleteIt(ModalScript &script, const QString &outcome)
 bool isEntered(const QWidget &field)
 {
     return field.window()->focusWidget() == &field;
-}
-
-void paste(const QString &text)
-{
-    QApplication::clipboard()->setText(text);
-    driver::press(Qt::Key_V, Qt::ControlModifier);
 }

@@ -58,6 +58,3 @@ void deleteIt(ModalScript &script, const QString &outcome = QStringLiteral("Dele
 
 /// Whether `field` has the focus of its screen, which may still be waiting for the keyboard after a message.
 [[nodiscard]] bool isEntered(const QWidget &field);
-
-/// Puts `text` into the focused field as from another program.
-void paste(const QString &text);

@@ -70,16 +70,8 @@ void SearchClientTest::eachBoxSearchesItsColumn()
         {"txtCity", u"JAI"_s, {asha}},
         {"txtState", u"raj"_s, {sanjay}},
         {"txtKey", u"12"_s, {sanjay}},
-        // Any characters, any one, one of a set.
-        {"txtName", u"a%brien"_s, {asha}},
-        {"txtMobile", u"98_9"_s, {sanjay}},
-        {"txtKey", u"[A-C]1"_s, {sanjay}},
-        {"txtName", u"s[hx]a"_s, {asha}},
         // A bracket that is not closed stands for itself.
         {"txtName", u"[new"_s, {odd}},
-        {"txtName", u"["_s, {odd}},
-        {"txtCity", u" "_s, {}},
-        {"txtName", QString(10000, u'x'), {}},
     };
     const Counter counter;
     frmSearchClient screen;
@@ -119,40 +111,24 @@ void SearchClientTest::theLineThatBeginsSoIsChosen()
 
 void SearchClientTest::waysToChoose()
 {
-    const std::pair<const char *, std::function<void(ListView &)>> ways[]{
-        {"Enter in the box", [](ListView &) { press(Qt::Key_Return); }},
-        {"Enter in the list",
-            [](ListView &list) {
-                list.setFocus();
-                press(Qt::Key_Return);
-            }},
-        {"double click",
-            [](ListView &list) {
-                const QPoint place = list.visualRect(list.currentIndex()).center();
-                QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
-                QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
-            }},
-        {"Ok", [](ListView &) { accessKey('o'); }},
-        {"Escape", [](ListView &) { press(Qt::Key_Escape); }},
-        {"Cancel", [](ListView &) { accessKey('c'); }},
-    };
     const Counter counter;
-    for (int i = 0; i < 6; ++i) {
+    for (const auto &[way, chosen] : {std::pair{QKeyCombination(Qt::Key_Return), true}, {Qt::ALT | Qt::Key_O, true},
+             {Qt::Key_Escape, false}, {Qt::ALT | Qt::Key_C, false}}) {
         ModalScript script;
-        script.expect(u"frmSearchClient"_s, [&way = ways[i].second](QWidget &screen) {
+        script.expect(u"frmSearchClient"_s, [way = way](QWidget &screen) {
             QVERIFY(!control<QWidget>(screen, "fmQuery").isVisible());
             // Without a hit nothing is chosen.
             press(Qt::Key_Return);
-            type(u"nobody\r"_s);
-            accessKey('o');
+            type(u"nobody"_s);
+            press({Qt::Key_Return, Qt::ALT | Qt::Key_O});
             QVERIFY(screen.isVisible());
             auto &name = control<kvTextBox>(screen, "txtName");
             name.setFocus();
             name.selectAll();
             type(u"asha"_s);
-            way(results(screen));
+            press({way});
         });
-        QCOMPARE(frmSearchClient().SearchClient(), i < 4 ? u"Asha O'Brien"_s : QString());
+        QCOMPARE(frmSearchClient().SearchClient(), chosen ? u"Asha O'Brien"_s : QString());
     }
 }
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class ListView;
+
+/// Paints the cells of a list. In a line without a tag, which closes the list or says something of it, a text that its
+/// column is too narrow for runs on over the empty cells behind it.
+class SpillingText : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    explicit SpillingText(ListView &list);
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+private:
+    /// How far right the cell reaches, at least to its own edge.
+    [[nodiscard]] int rightOf(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    /// The next cell as the columns stand on the screen; an invalid index beyond the last.
+    [[nodiscard]] QModelIndex beside(const QModelIndex &index, int step) const;
+    [[nodiscard]] bool isCovered(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+
+    ListView &m_list;
+};
