@@ -1,8 +1,6 @@
 #include "accounts/frmAccountBook.h"
 
 #include "BooksDesk.h"
-#include "accounts/vouchers.h"
-#include "base/session.h"
 #include "store/settings.h"
 #include "support/PseudoTerminal.h"
 #include "support/screenDriver.h"

@@ -4,7 +4,6 @@
 #include "accounts/frmPayrollDetails.h"
 #include "base/session.h"
 #include "base/values.h"
-#include "store/codes.h"
 #include "support/screenDriver.h"
 #include "support/testRegistry.h"
 #include "ui/ListView.h"
