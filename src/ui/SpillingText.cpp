@@ -1,8 +1,9 @@
 #include "ui/SpillingText.h"
 
-#include "ui/ListView.h"
+#include "ui/ListModel.h"
 
 #include <QHeaderView>
+#include <QTreeView>
 
 namespace {
 
@@ -13,11 +14,14 @@ bool isEmpty(const QModelIndex &cell)
 
 } // namespace
 
-SpillingText::SpillingText(ListView &list) : QStyledItemDelegate(&list), m_list(list) { }
+SpillingText::SpillingText(QTreeView &list, const ListModel &rows)
+    : QStyledItemDelegate(&list), m_list(list), m_rows(rows)
+{
+}
 
 void SpillingText::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    if (m_list.list().at(index.row()).hasTag())
+    if (m_rows.at(index.row()).hasTag())
         return QStyledItemDelegate::paint(painter, option, index);
     if (isEmpty(index) && isCovered(option, index))
         return;
@@ -30,7 +34,7 @@ int SpillingText::rightOf(const QStyleOptionViewItem &option, const QModelIndex 
 {
     const QRect own = m_list.visualRect(index);
     int right = own.right();
-    if (m_list.list().columns()[static_cast<size_t>(index.column())].numeric)
+    if (m_rows.columns()[static_cast<size_t>(index.column())].numeric)
         return right;
     const int needed = own.left() + sizeHint(option, index).width();
     QModelIndex next = beside(index, 1);

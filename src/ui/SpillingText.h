@@ -2,7 +2,8 @@
 
 #include <QStyledItemDelegate>
 
-class ListView;
+class ListModel;
+class QTreeView;
 
 /// Paints the cells of a list. In a line without a tag, which closes the list or says something of it, a text that its
 /// column is too narrow for runs on over the empty cells behind it.
@@ -10,7 +11,8 @@ class SpillingText : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    explicit SpillingText(ListView &list);
+    /// REQUIRES: `list` shows `rows`, and is shown no longer than it lives.
+    SpillingText(QTreeView &list, const ListModel &rows);
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
@@ -21,5 +23,6 @@ private:
     [[nodiscard]] QModelIndex beside(const QModelIndex &index, int step) const;
     [[nodiscard]] bool isCovered(const QStyleOptionViewItem &option, const QModelIndex &index) const;
 
-    ListView &m_list;
+    const QTreeView &m_list;
+    const ListModel &m_rows;
 };

@@ -258,7 +258,7 @@ void TrialTest::theNumberComesFromTheStatus()
     screen.script.expectBox(u"Message Sent"_s);
     send();
     QCOMPARE(modem.received(), QByteArray("AT+CMGF=1\rAT+CMGS=\"0\"\rCome\x1a"));
-    QCOMPARE(number(), u"Goes to 0, the number in the column \"Status\""_s);
+    QCOMPARE(number(), u"Goes to 0 (column \"Status\")"_s);
     screen.list.setCurrentRow(1);
     QCOMPARE(number(), u"No number in the column \"Status\""_s);
     screen.script.expectMessage(u"Mobile Number Not Found!"_s + failed);
