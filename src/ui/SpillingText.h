@@ -17,11 +17,12 @@ public:
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:
-    /// How far right the cell reaches, at least to its own edge.
+    /// The cell whose text stands in this one's place: itself, or one before it that reaches over it.
+    [[nodiscard]] QModelIndex sourceOf(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    /// How far right the cell's text reaches, at least to its own edge.
     [[nodiscard]] int rightOf(const QStyleOptionViewItem &option, const QModelIndex &index) const;
     /// The next cell as the columns stand on the screen; an invalid index beyond the last.
     [[nodiscard]] QModelIndex beside(const QModelIndex &index, int step) const;
-    [[nodiscard]] bool isCovered(const QStyleOptionViewItem &option, const QModelIndex &index) const;
 
     const QTreeView &m_list;
     const ListModel &m_rows;

@@ -9,6 +9,7 @@
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QTabBar>
 
 using namespace Qt::StringLiterals;
 
@@ -67,7 +68,7 @@ public:
     {
         switch (element) {
         case PE_FrameFocusRect:
-            if (qobject_cast<const QAbstractButton *>(widget))
+            if (qobject_cast<const QAbstractButton *>(widget) || qobject_cast<const QTabBar *>(widget))
                 return drawFocusRing(*option, *painter);
             break;
         case PE_Frame:
@@ -110,7 +111,7 @@ private:
         painter.fillPath(ring, frameColour);
     }
 
-    /// Around a check box or an option, in the colour that all focus rings have.
+    /// Around a check box, an option or the text of a tab, in the colour that all focus rings have.
     static void drawFocusRing(const QStyleOption &option, QPainter &painter)
     {
         painter.save();
