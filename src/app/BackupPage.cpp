@@ -229,6 +229,8 @@ void BackupPage::restore()
     } else if (isClosed) {
         platformBox::show(u"Database restored."_s);
         RestartUnderScreen();
+        // What the shop's file holds now stands in that backup, however old it is.
+        backup::noteGood(QFileInfo(found).lastModified());
         lblKept->setText(u"The file that stood there is kept as "_s + QDir::toNativeSeparators(restored.keptAs));
         lblKept->setVisible(!restored.keptAs.isEmpty());
     }

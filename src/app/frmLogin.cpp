@@ -22,6 +22,7 @@ frmLogin::frmLogin()
     auto *heading = new QLabel(u"Login to Corvane"_s);
     heading->setObjectName(u"lblTitle"_s);
     txtPassword->setEchoMode(QLineEdit::Password);
+    Command1->setDefault(true);
 
     auto *form = new QGridLayout(this);
     form->setContentsMargins(28, 24, 28, 24);

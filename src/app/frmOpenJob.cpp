@@ -76,6 +76,7 @@ void frmOpenJob::buildForm()
     Command1->setDefault(true);
     cmdPrint = new Command(u"cmdPrint"_s, u"&Print"_s);
     lblMore = hintLabel(u"Only the newest %1 are listed: type on to find others."_s.arg(mostCards));
+    lblMore->setObjectName(u"lblMore"_s);
     lblMore->hide();
 
     auto *commands = new QHBoxLayout;

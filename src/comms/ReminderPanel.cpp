@@ -81,9 +81,8 @@ void ReminderPanel::showNumber()
     if (m_list.currentRow() < 0)
         return lblNumber->clear();
     const QString column = m_list.list().columns().at(numberColumn).title;
-    lblNumber->setText(number().isEmpty()
-            ? u"No number in the column \"%1\""_s.arg(column)
-            : u"Goes to %1, the number in the column \"%2\""_s.arg(kvSMS::dialled(number()), column));
+    lblNumber->setText(number().isEmpty() ? u"No number in the column \"%1\""_s.arg(column)
+                                          : u"Goes to %1 (column \"%2\")"_s.arg(kvSMS::dialled(number()), column));
 }
 
 void ReminderPanel::send()

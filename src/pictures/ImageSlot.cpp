@@ -71,7 +71,9 @@ void ImageSlot::showFile(const QString &file)
     if (isGone && !path().isEmpty())
         return;
     if (!isGone)
+        // At its end: the name says more than the folder.
         m_path->setText(file);
+    m_path->setCursorPosition(static_cast<int>(file.size()));
     const QString problem = m_picture->load(file);
     if (!problem.isEmpty())
         m_picture->tellMissing(problem);

@@ -21,6 +21,7 @@ namespace {
 constexpr int leastColumnWidth = 24;
 constexpr int emptyTextMargin = 24;
 constexpr int measuredRows = 32;
+constexpr qsizetype longestPlainState = 8;
 /// As wide as a date in bold letters with a sign before it, and that with the days to it.
 const auto shortText = u"00-MMM-0000 MMMM"_s;
 const auto longDate = u"00-MMM-0000 (-000 D) MMM"_s;
@@ -38,7 +39,7 @@ ListView::ListView(const QString &name, std::vector<ListColumn> columns, QWidget
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setModel(m_list);
-    setItemDelegate(new SpillingText(*this));
+    setItemDelegate(new SpillingText(*this, *m_list));
     header()->setMinimumSectionSize(leastColumnWidth);
     header()->setStretchLastSection(false);
     header()->setTextElideMode(Qt::ElideRight);
@@ -236,7 +237,9 @@ void ListView::measureFirstRows()
         for (int row = 0; row < std::min(measuredRows, m_list->rowCount()); ++row) {
             const QString text = m_list->cell(row, column);
             const bool isFigure = !text.isEmpty() && text.front().isDigit();
-            if (row > 0 && !isFigure)
+            // Of words, those that say where something stands: few, and none of them may be cut.
+            const bool isState = text.size() <= longestPlainState || !m_list->at(row).lookOf(column).icon.isNull();
+            if (row > 0 && !isFigure && !isState)
                 continue;
             const int width = sizeHintForIndex(m_list->index(row, column)).width();
             if (width <= (isFigure ? longest : longestWords))

@@ -2,7 +2,8 @@
 
 #include <QStyledItemDelegate>
 
-class ListView;
+class ListModel;
+class QTreeView;
 
 /// Paints the cells of a list. In a line without a tag, which closes the list or says something of it, a text that its
 /// column is too narrow for runs on over the empty cells behind it.
@@ -10,16 +11,19 @@ class SpillingText : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    explicit SpillingText(ListView &list);
+    /// REQUIRES: `list` shows `rows`, and is shown no longer than it lives.
+    SpillingText(QTreeView &list, const ListModel &rows);
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:
-    /// How far right the cell reaches, at least to its own edge.
+    /// The cell whose text stands in this one's place: itself, or one before it that reaches over it.
+    [[nodiscard]] QModelIndex sourceOf(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    /// How far right the cell's text reaches, at least to its own edge.
     [[nodiscard]] int rightOf(const QStyleOptionViewItem &option, const QModelIndex &index) const;
     /// The next cell as the columns stand on the screen; an invalid index beyond the last.
     [[nodiscard]] QModelIndex beside(const QModelIndex &index, int step) const;
-    [[nodiscard]] bool isCovered(const QStyleOptionViewItem &option, const QModelIndex &index) const;
 
-    ListView &m_list;
+    const QTreeView &m_list;
+    const ListModel &m_rows;
 };

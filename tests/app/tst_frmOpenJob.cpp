@@ -6,6 +6,7 @@
 #include "support/testRegistry.h"
 #include "ui/ListView.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 
@@ -21,6 +22,7 @@ class OpenJobTest : public QObject {
 private slots:
     void aNumberWithoutACardIsToldAtTheField();
     void cardsAreFoundByTheirClients();
+    void ofManyCardsTheNewestAreListed();
     void theCardChosenOpens();
     void theCardFoundIsPrinted();
 };
@@ -82,7 +84,22 @@ void OpenJobTest::cardsAreFoundByTheirClients()
             lines += row.join(u'|');
         QCOMPARE(lines, found);
         QVERIFY(control<QLineEdit>(screen, "txtJOBID").hasFocus());
+        QVERIFY(!control<QLabel>(screen, "lblMore").isVisible());
     }
+}
+
+void OpenJobTest::ofManyCardsTheNewestAreListed()
+{
+    CardShop shop;
+    for (int number = 1001; number <= 1200; ++number)
+        shop.addJob({.number = number, .client = 6, .date = {2012, 1, 1}});
+    frmOpenJob screen;
+    QVERIFY(driver::show(screen));
+    const auto &list = control<ListView>(screen, "lvFound");
+    type(u"asher"_s);
+    QCOMPARE(list.list().rowCount(), 200);
+    QVERIFY(control<QLabel>(screen, "lblMore").isVisible());
+    QCOMPARE(list.list().tag(199).toInt(), 1001);
 }
 
 void OpenJobTest::theCardChosenOpens()

@@ -6,7 +6,6 @@
 #include "support/fileContent.h"
 
 #include <QDir>
-#include <QScopeGuard>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -24,7 +23,6 @@ private slots:
     void aDamagedPageIsFound();
     void lookingChangesNothing();
     void aFileInUseIsLookedAtAsItIs();
-    void aCopyThatCannotBeMadeIsTheCause();
 };
 
 namespace {
@@ -133,20 +131,14 @@ void FileCheckTest::eachDifferenceIsNamed()
         {u"Update Postings set VID=8 where VID=5 and Vtype=1"_s,
             u"Job card 8: it does not exist, but has 2 postings."_s},
         {u"Update JOBS set Id=1 where Id=5"_s, u"Job card 1: its number stands in the file twice."_s},
-        {u"Update JOBS set AmountDue=1500 where Id=1"_s,
-            u"Job card 1: its rows come to 1600.00, the card says 1500.00."_s},
         {u"Delete from Accounts where Id=5"_s, u"Job card 1: its client 5 does not exist."_s},
         {u"Delete from Postings where VID=1 and sr=4"_s,
             u"Job card 1: a posting is missing: Receipt of 100.00 on account 5 against 4, 10-Apr-2011."_s},
-        {u"Delete from Postings where VID=1 and Vtype=1 and sr>2"_s,
-            u"Job card 1: a posting is missing: Receipt of -100.00 on account 4 against 5, 10-Apr-2011."_s},
         {u"Insert into Postings (VID, Vtype, sr, [Date], AccID, particulars, Remark, Amount) "
          "values (5, 1, 1, #10-Apr-2011#, 5, 'Sales', '', 0)"_s,
             u"Job card 5: a posting too many: Sales of 0.00 on account 5 against 0, 10-Apr-2011."_s},
         {u"Update Postings set Status=0 where VID=2"_s,
             u"Job card 2: a posting is missing: Sales of -1600.00 on account 5 against 2, 10-Apr-2011, out of the books."_s},
-        {u"Update JOBS set AmountPaid=50, CashAccID=4 where Id=5"_s,
-            u"Job card 5: a posting is missing: Receipt of -50.00 on account 4 against 5, 10-Apr-2011."_s},
         {u"Delete from Postings where VID=1 and Vtype=2 and sr=2"_s,
             u"Voucher 1: its postings come to 250.75 and not to 0."_s},
         {u"Update Postings set AccID=3 where VID=2 and Vtype=2 and sr=2"_s,
@@ -162,8 +154,7 @@ void FileCheckTest::eachDifferenceIsNamed()
         FullDesk desk;
         desk.connection.execute(statement);
         const fileCheck::Report report = fileCheck::check(desk.path());
-        QVERIFY(report.isReadable());
-        QVERIFY(!report.isWhole());
+        QVERIFY(report.isReadable() && !report.isWhole());
         QVERIFY2(
             report.differences.contains(told), qPrintable(told + u" is not in\n"_s + report.differences.join(u'\n')));
     }
@@ -240,13 +231,6 @@ void FileCheckTest::lookingChangesNothing()
         QCOMPARE(report.remark.isEmpty(), !journal.startsWith('j'));
         QCOMPARE(report.cards, 4);
         QCOMPARE(state(), before);
-
-        // By a link to it, too.
-        const QTemporaryDir elsewhere;
-        const QString link = elsewhere.filePath(u"shop.mdb"_s);
-        QVERIFY(QFile::link(desk.path(), link));
-        QCOMPARE(fileCheck::check(link).remark, report.remark);
-        QCOMPARE(state(), before);
     }
 }
 
@@ -282,21 +266,6 @@ void FileCheckTest::aFileInUseIsLookedAtAsItIs()
     QVERIFY(looksUnfinished);
     QVERIFY2(report.isWhole(), qPrintable(report.failure + report.differences.join(u'\n')));
     QCOMPARE(report.remark, QString());
-}
-
-void FileCheckTest::aCopyThatCannotBeMadeIsTheCause()
-{
-    FullDesk desk;
-    DE().CN.close();
-    writeContent(desk.path() + u"-journal"_s, QByteArray(512, 'j'));
-    const QByteArray before = qgetenv("TMPDIR");
-    const auto restore = qScopeGuard([&before] { before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before); });
-    const QString noFolder = desk.folder.filePath(u"a file"_s);
-    writeContent(noFolder, {});
-    qputenv("TMPDIR", QFile::encodeName(noFolder));
-    const fileCheck::Report report = fileCheck::check(desk.path());
-    QVERIFY(!report.isReadable());
-    QVERIFY2(report.failure.contains(noFolder), qPrintable(report.failure));
 }
 
 CORVANE_TEST(FileCheckTest)

@@ -148,8 +148,8 @@ void PrintAssignmentTest::theSlipIsInHindiWhereTheShopWantsIt()
         QString language;
         QString wanted;
         bool isHindi;
-    } cases[]{{u"Hindi"_s, {}, false}, {u"Hindi"_s, u"No"_s, false}, {u"Hindi"_s, u"1"_s, false},
-        {u"English"_s, u"Yes"_s, false}, {u"Hindi"_s, u"Yes"_s, true}};
+    } cases[]{{u"Hindi"_s, {}, false}, {u"Hindi"_s, u"1"_s, false}, {u"English"_s, u"Yes"_s, false},
+        {u"Hindi"_s, u"Yes"_s, true}};
     PrintDesk desk;
     writeLanguageFile(desk.folder.path(),
         {{u"Worker Name:"_s, u"dkjhxj"_s}, {u"Remark:"_s, u"fVIi.kh"_s}, {u"Coat"_s, u"dksV"_s},

@@ -217,6 +217,14 @@ void EntryFieldsTest::whatIsPastedIsTheNumberThatItNames()
         QCOMPARE(pasteInto(screen.combo, u"12.50"_s), over);
         QCOMPARE(pasteInto(screen.lines, u"12.50"_s), over);
     }
+    // What stands on both sides is none of what was pasted.
+    FieldScreen screen;
+    screen.fees.setText(u"12.50"_s);
+    screen.fees.setFocus();
+    screen.fees.setCursorPosition(2);
+    driver::paste(u"Rs 3"_s);
+    QCOMPARE(screen.fees.Text(), u"123.50"_s);
+    QCOMPARE(screen.fees.cursorPosition(), 3);
 }
 
 void EntryFieldsTest::longTextsShowTheirBeginning()

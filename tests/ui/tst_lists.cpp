@@ -4,6 +4,7 @@
 #include "ui/ListView.h"
 #include "ui/RegisterScreen.h"
 #include "ui/listFilter.h"
+#include "ui/signs.h"
 #include "ui/userValues.h"
 
 #include <QAbstractItemModelTester>
@@ -102,6 +103,7 @@ class ListTest : public QObject {
 private slots:
     void columnsShareTheWidthAndOneGivenByHandStays();
     void whereRoomIsScarceHeadsAndDatesAreWhole();
+    void aClosingLineIsReadWhole();
     void aColumnStaysWhereItWasDragged();
     void eachColumnSortsAsItReads();
     void sortedRowsCanBeChanged();
@@ -155,10 +157,48 @@ void ListTest::whereRoomIsScarceHeadsAndDatesAreWhole()
     const int width = list.columnWidth(0);
     list.list().setRows({{{u"1"_s, u"M"_s, u"n"_s, u"r"_s}, 1}});
     QCOMPARE(list.columnWidth(0), width);
+    // States further down are measured too: by their signs, and short ones.
+    ListView states(u"lvStates"_s, {{u"Cut"_s, 5}, {u"Now"_s, 5}, {u"Client Name"_s, 90}});
+    states.resize(480, 200);
+    states.list().setRows({{{u"Done"_s, u"Done"_s, u"n"_s}, 1},
+        {.cells = {u"Not Done"_s, u"Uncompleted"_s, QString(200, u'n')},
+            .tag = 2,
+            .looks = {{1, {.icon = signs::status(signs::Status::Uncompleted)}}}}});
+    states.show();
+    for (const int column : {0, 1})
+        QVERIFY(states.columnWidth(column) >= states.sizeHintForIndex(states.model()->index(1, column)).width());
     // Where not even they have room, the list scrolls.
     list.resize(200, 200);
     QTRY_VERIFY(list.horizontalScrollBar()->maximum() > 0);
     QVERIFY(list.columnWidth(1) >= list.header()->sectionSizeHint(1));
+}
+
+void ListTest::aClosingLineIsReadWhole()
+{
+    ListScreen screen;
+    ListModel &rows = screen.list.list();
+    const QString words = u"Total of all that is listed"_s;
+    rows.setRows({{{words, u" "_s, u"1"_s}, 1}, {{words, u" "_s, u"1"_s}}, {{words, u"none"_s, u"1"_s}}});
+    screen.list.header()->resizeSection(0, 90);
+    const auto reachesOver = [&](int row, int current) {
+        screen.list.setCurrentRow(current);
+        const QImage seen = screen.list.viewport()->grab(screen.list.visualRect(rows.index(row, 1))).toImage();
+        const QColor ground = seen.pixelColor(seen.width() - 2, 2);
+        const QImage first = seen.copy(4, 0, 24, seen.height());
+        for (int place = 0; place < first.width() * first.height(); ++place) {
+            const QColor ink = first.pixelColor(place % first.width(), place / first.width());
+            if (qAbs(ink.lightness() - ground.lightness()) > 60)
+                return true;
+        }
+        return false;
+    };
+    QVERIFY(!reachesOver(0, 2));
+    QVERIFY(reachesOver(1, 0) && reachesOver(1, 1));
+    // Over nothing that says something.
+    rows.setCell(2, 1, {});
+    QVERIFY(reachesOver(2, 0));
+    rows.setCell(2, 1, u"                     none"_s);
+    QVERIFY(!reachesOver(2, 0));
 }
 
 void ListTest::aColumnStaysWhereItWasDragged()
