@@ -83,6 +83,11 @@ void ReportPreviewTest::keysTurnThePages()
     QCOMPARE(view.currentPage(), 3);
     press(Qt::Key_Home);
     QCOMPARE(view.currentPage(), 1);
+    for (const auto &[command, number] :
+        {std::pair("cmdLast", 3), std::pair("cmdPrevious", 2), std::pair("cmdNext", 3), std::pair("cmdFirst", 1)}) {
+        QTest::mouseClick(&control<QWidget>(preview, command), Qt::LeftButton);
+        QCOMPARE(view.currentPage(), number);
+    }
     press(Qt::Key_Escape);
     QVERIFY(!preview.isVisible());
 }

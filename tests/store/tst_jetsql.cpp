@@ -35,7 +35,7 @@ void JetSqlTest::everyKindOfStatementRuns()
         u"Select Title from Accounts where type=2 and nature=0  order by Title"_s,
         u"Select sum(Amount) from Postings where amount<0 and status=0 and  AccID=1 and date "_s + april,
         u"SELECT Sum(Score) from Jobs_Detail where WorkerID=1"_s,
-        u"Select ID from Accounts where Key='A12'"_s,
+        u"Select ID from Accounts where Key='A12' or Mobile=''"_s,
         u"Select * from Accounts  where type=0 and Title like '%o''b%'"_s,
         u"Select * from JOBS_Detail where isInventory=0 and WorkerID=1 and JobDelDate  %1 order by JobDelDate DESC, JobID"_s
             .arg(april),
