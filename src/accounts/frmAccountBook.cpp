@@ -88,7 +88,7 @@ void frmAccountBook::buildForm()
     whole->addWidget(lvSummary, 1);
     whole->addLayout(buildSums());
     whole->addLayout(buildCommands());
-    resize(1120, 660);
+    useRoom({1120, 660});
 
     chainTabs(QList<QWidget *>{cmbType, cmbAccount} + m_period->fields()
         + QList<QWidget *>{cmdView, lvSummary, cmdWages, cmdDayBook, cmdSMS, cmdPrint, cmdAdd});

@@ -63,7 +63,7 @@ void frmWorkerWagesRegister::buildForm()
     whole->addLayout(buildQuery());
     whole->addLayout(buildLists(), 1);
     whole->addLayout(buildCommands());
-    resize(1140, 640);
+    useRoom({1140, 640});
 
     chainTabs(QList<QWidget *>{cmbClient} + m_period->fields() + QList<QWidget *>{op1, op2, op3, cmdView, lvSummary}
         + m_pieces->fields() + QList<QWidget *>{cmdDetails, cmdPrint, cmdPayroll});

@@ -172,7 +172,7 @@ void frmDeliveryRegister::buildForm()
     whole->addLayout(buildSearch());
     whole->addWidget(lvSummary, 1);
     whole->addLayout(buildCommands());
-    resize(1180, 640);
+    useRoom({1180, 640});
     chainTabs(
         m_period->fields() + QList<QWidget *>{cmbClient, cmbCondition, txtSearchID, lvSummary, Command8, Command4});
 }

@@ -218,7 +218,7 @@ void frmWorkerJobRegister::buildForm()
     whole->addLayout(buildSearch());
     whole->addLayout(buildLists(), 1);
     whole->addLayout(buildCommands());
-    resize(1320, 680);
+    useRoom({1320, 680});
 
     chainTabs(m_period->fields()
         + QList<QWidget *>{opDt1, opDt2, OpInc, OpDesc, cmbClient, cmbCondition, txtSearchID, lvSummary}

@@ -89,7 +89,7 @@ void ReportPreview::buildForm()
     if (whole->minimumSize().width() > screen()->availableGeometry().width())
         bar->setDirection(QBoxLayout::TopToBottom);
     whole->addWidget(m_view, 1);
-    resize(1060, 690);
+    useRoom({1060, 690});
     m_view->setFocus();
 }
 

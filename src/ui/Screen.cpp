@@ -119,6 +119,12 @@ Screen::~Screen()
     shownScreens().removeAll(this);
 }
 
+void Screen::useRoom(QSize least)
+{
+    constexpr double share = 0.85;
+    resize((share * screen()->availableSize()).expandedTo(least));
+}
+
 Screen *Screen::front()
 {
     return shownScreens().isEmpty() ? nullptr : shownScreens().constLast();

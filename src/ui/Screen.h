@@ -61,6 +61,8 @@ protected:
     static void keepEnter(QWidget *control);
     /// The size that `resize` gave it counts each time it is shown, not the one that the user gave it last.
     void fitContentEachTime() { m_remembersSize = false; }
+    /// Until the user gives it another size: at least `least`, and most of a large monitor, for lists and pages.
+    void useRoom(QSize least);
 
     /// From now on `key` runs `act` before the focused control, the entry keys and Escape see it, and is swallowed; but
     /// not while `applies` says no, and not F2 in a date field, which has its own use for it. Both Enter keys are
