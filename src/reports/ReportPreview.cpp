@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QLabel>
+#include <QScreen>
 
 #include <algorithm>
 #include <array>
