@@ -37,9 +37,11 @@ QStringList PdfPrinter::printed() const
 QString offeredPdf(ModalScript &script, QWidget &preview)
 {
     QString name;
-    script.expect(u"QFileDialog"_s, [&name](QWidget &dialog) {
+    script.expect(u"QFileDialog"_s, [&](QWidget &dialog) {
         name = driver::control<QLineEdit>(dialog, "fileNameEdit").text();
         driver::press(Qt::Key_Escape);
+        // Without a window manager nobody gives it the keyboard back.
+        preview.activateWindow();
     });
     driver::accessKey('s');
     return driver::waitActive(preview) ? name : QString();
