@@ -41,6 +41,11 @@ ImageSlot::ImageSlot(
     column->addLayout(row);
 }
 
+void ImageSlot::setLeastHeight(int height)
+{
+    m_picture->setMinimumHeight(height);
+}
+
 QString ImageSlot::path() const
 {
     return m_path->Text();
@@ -70,10 +75,11 @@ void ImageSlot::showFile(const QString &file)
     const bool isGone = !QFile::exists(file);
     if (isGone && !path().isEmpty())
         return;
-    if (!isGone)
-        // At its end: the name says more than the folder.
+    if (!isGone) {
         m_path->setText(file);
-    m_path->setCursorPosition(static_cast<int>(file.size()));
+        // The name says more than the folder.
+        m_path->end(false);
+    }
     const QString problem = m_picture->load(file);
     if (!problem.isEmpty())
         m_picture->tellMissing(problem);

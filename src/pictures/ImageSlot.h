@@ -16,6 +16,8 @@ public:
     /// on.
     ImageSlot(const QString &caption, const QString &picture, const QString &path, const QList<Command *> &commands);
 
+    /// Of the picture itself, in pixels.
+    void setLeastHeight(int height);
     /// The file's path; empty where the slot has none.
     [[nodiscard]] QString path() const;
     /// Shows the file. With an empty path, or one that leads nowhere, the slot stays as it is; an empty one then says

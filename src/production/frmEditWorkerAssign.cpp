@@ -5,7 +5,6 @@
 #include "comms/kvSMS.h"
 #include "comms/modSMS.h"
 #include "pictures/ImageSlot.h"
-#include "pictures/PictureBox.h"
 #include "pictures/clothColor.h"
 #include "pictures/printPicture.h"
 #include "production/StatusOptions.h"
@@ -279,8 +278,8 @@ QLayout *frmEditWorkerAssign::buildPictures()
     column->addLayout(color);
     column->addWidget(m_image1, 1);
     column->addWidget(m_image2, 1);
-    for (const ImageSlot *slot : {m_image1, m_image2})
-        slot->findChild<PictureBox *>()->setMinimumHeight(leastPictureHeight);
+    for (ImageSlot *slot : {m_image1, m_image2})
+        slot->setLeastHeight(leastPictureHeight);
     return column;
 }
 
